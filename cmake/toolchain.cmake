@@ -1,0 +1,28 @@
+# What every target of the project is compiled with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+find_program(QOR_CCACHE ccache)
+if(QOR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${QOR_CCACHE})
+endif()
+
+add_library(qor_options INTERFACE)
+target_compile_options(qor_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(QOR_WERROR)
+  target_compile_options(qor_options INTERFACE -Werror)
+endif()
+# Levels and grids are 32-bit float arithmetic in a fixed order: no contraction, no fast-math.
+target_compile_options(qor_options INTERFACE -ffp-contract=off)
+target_include_directories(qor_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(QOR_SANITIZE)
+  target_compile_options(qor_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(qor_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(QOR_FUZZ)
+  target_compile_options(qor_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(qor_options INTERFACE -fsanitize=address,undefined)
+endif()

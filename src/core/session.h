@@ -1,0 +1,35 @@
+#pragma once
+
+#include "bands/plan_state.h"
+#include "core/panel.h"
+#include "display/curve_state.h"
+#include "link/link_state.h"
+#include "measure/run_state.h"
+#include "receivers/receiver_state.h"
+#include "results/result_state.h"
+
+namespace qor {
+
+/// The operator's selection.
+struct SelectionState {
+    int m_BandId = BandNone;
+    int m_IMIndex = 1;  ///< 1 IM3 to 5 IM11; the order is twice this and one
+    int m_PathMode = 1; ///< 1 reflection, 2 transmission
+};
+
+/// All state of one session. Plain data: every rule lives in the rooms that own the fields.
+struct Session {
+    SelectionState select;
+    LinkState link;
+    RunState run;
+    PlanState plan;
+    CurveState curve;
+    ResultState results;
+    ReceiverState receiver;
+    Panel panel;
+};
+
+/// Order number of an order index: 3, 5, 7, 9, 11.
+[[nodiscard]] constexpr int OrderOf(int imIndex) { return 2 * imIndex + 1; }
+
+} // namespace qor
