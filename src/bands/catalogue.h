@@ -28,20 +28,33 @@ struct BandLimits {
     int rxLow, rxHigh;
 };
 
+/// Where f1 and f2 stay on an instrument without a 3-dB bridge, MHz.
+struct SubBands {
+    int f1Low, f1High;
+    int f2Low, f2High;
+};
+
 inline constexpr std::string_view NoBandText = "Nichts Breite Selektiert";
 
-/// Row of a band number, or null for 14 and for numbers without a row.
+/// Row of a band number, or null for 14, 22 and unknown numbers.
 [[nodiscard]] const BandInfo* FindBand(int number);
 /// Band number of an m_Band_sel text, compared without regard to case; nothing when unknown.
 [[nodiscard]] std::optional<int> BandByText(std::string_view bandText);
 /// Text of any band number, NoBandText when it has none. Also names 18, 19 and 22.
 [[nodiscard]] std::string_view BandText(int number);
 
+/// Ranges as the frequency dialog of an order shows them: the row's, but for TETRA 392 at IM5.
+[[nodiscard]] std::string_view CarrierText(const BandInfo& band, int imIndex);
+
 /// True for the bands that receive above the carriers: DIG-DIV and LTE700U.
-[[nodiscard]] constexpr bool UsesUpperProduct(int band) { return band == BandDigDiv || band == BandLte700U; }
+[[nodiscard]] constexpr bool UsesUpperProduct(int band) {
+    return band == BandDigDiv || band == BandLte700U;
+}
 
 /// The instrument's order coefficients, index 1 to 5.
-[[nodiscard]] constexpr ImCoefficients CoefficientsOf(int imIndex) { return {imIndex + 1, imIndex}; }
+[[nodiscard]] constexpr ImCoefficients CoefficientsOf(int imIndex) {
+    return {imIndex + 1, imIndex};
+}
 
 /// Frequency of the intermodulation product of tones f1 and f2, MHz: a f1 - b f2, or a f2 - b f1 where the
 /// band receives above the carriers.
@@ -56,6 +69,8 @@ inline constexpr std::string_view NoBandText = "Nichts Breite Selektiert";
 [[nodiscard]] std::optional<FrequencyPlan> ActivationPlan(int band, int imIndex, int bridge);
 /// Limits set at band activation; nothing for bands that set none.
 [[nodiscard]] std::optional<BandLimits> LimitsOf(int band, int bridge);
+/// Sub-bands that a plan of an order is held against; nothing for bands whose tones are free.
+[[nodiscard]] std::optional<SubBands> SubBandsOf(int band, int imIndex);
 
 /// Position 0 to 11 of the band switch that selects `band` on this model and firmware, or nothing when the
 /// model does not carry the band.
@@ -68,7 +83,7 @@ struct PositionMeaning {
 };
 /// Band of an echoed position. `awsChosen` decides where PCS and AWS share a position. Nothing when the
 /// position has no meaning on this model and firmware.
-[[nodiscard]] std::optional<PositionMeaning> BandOfPosition(int position, std::string_view model, float firmware,
-                                                            bool awsChosen);
+[[nodiscard]] std::optional<PositionMeaning> BandOfPosition(int position, std::string_view model,
+                                                            float firmware, bool awsChosen);
 
 } // namespace qor

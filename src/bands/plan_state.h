@@ -26,12 +26,12 @@ struct PlanState {
     std::string m_power2_compensation = "0";
     int g_bridge3dB = 0; ///< 1: the tones may share the whole band
 
-    float g_powerOffset = 0; ///< dB, loss of port 1 to the device: files state the power less this
-    float g_port2Loss = 0;   ///< dB, loss of port 2 to the device
+    float g_powerOffset = 0;        ///< dB, loss of port 1 to the device: files state the power less this
+    float g_port2Loss = 0;          ///< dB, loss of port 2 to the device
     std::array<float, 13> rxLoss{}; ///< dB, by the field of the receive loss table
-    float g_RxLoss = 0;      ///< dB, added to each reading of the run
-    float g_BandRxLoss = 0;  ///< dB, added to each reading of the run
-    int g_MeasBand = BandNone; ///< band of the run
+    float g_RxLoss = 0;             ///< dB, added to each reading of the run
+    float g_BandRxLoss = 0;         ///< dB, added to each reading of the run
+    int g_MeasBand = BandNone;      ///< band of the run
 
     // Limits for the calibration pages, whole MHz.
     int m_calF1Start = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bands/band.h"
+#include "bands/records.h"
 
 #include <filesystem>
 #include <optional>
@@ -34,18 +34,16 @@ private:
     std::filesystem::path m_Directory;
 };
 
-/// Stored tone powers of a band in tenths of dBm, five digits each.
-struct PowerSetting {
-    std::string tone1 = "00430";
-    std::string tone2 = "00430";
-};
+/// `<prefix>pow_setup.ccz`
+[[nodiscard]] std::string PowerStoreName(std::string_view prefix);
+/// `<prefix>im<order>_setup.ccz`
+[[nodiscard]] std::string PlanStoreName(std::string_view prefix, int imIndex);
 
-/// `<prefix>pow_setup.ccz`: 43.0 dBm for what it does not hold.
-[[nodiscard]] PowerSetting ReadPowerStore(SetupStore& store, const std::string_view prefix);
-/// `<prefix>im<order>_setup.ccz` in the store's order (Fix f1, Fix f2, Anfang f1, Anfang f2, Ende f1, Ende f2,
-/// Schritt, sweep Fix f1, sweep Fix f2). A store with fewer than nine values or a step below 0.1 MHz counts
-/// as none and is left as it is.
-[[nodiscard]] std::optional<FrequencyPlan> ReadPlanStore(SetupStore& store, std::string_view prefix, int imIndex);
+/// The band's power store: 43.0 dBm for what it does not hold.
+[[nodiscard]] PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix);
+/// The band's plan store of an order. One that holds no usable plan counts as none and is left as it is.
+[[nodiscard]] std::optional<FrequencyPlan> ReadPlanStore(SetupStore& store, std::string_view prefix,
+                                                         int imIndex);
 /// f1 of TD-SCDMA-A from `tdb_f1.ccz`, 2020.0 MHz when it holds nothing.
 [[nodiscard]] float ReadTdScdmaAF1(SetupStore& store);
 

@@ -8,8 +8,9 @@ namespace qor {
 /// The one encoding of frequencies (MHz) and powers (dBm) in stores and commands: the value times ten, cut
 /// to an integer and raised by one when the part cut off is 0.5 or more.
 ///
-/// The product is taken in double and a value within 1e-3 of the rounding edge counts as on it, because a
+/// The product is taken in double and a value within 2e-3 of the rounding edge counts as on it, because a
 /// float of 43.1 or 1990.05 lies a hair beside the decimal the operator entered.
+/// 0 for what fits no int.
 [[nodiscard]] int ToTenths(double value);
 /// "%.5d" of ToTenths: at least five digits.
 [[nodiscard]] std::string TenthsText(double value);

@@ -3,6 +3,7 @@
 #include "bands/catalogue.h"
 
 #include <string>
+#include <string_view>
 
 namespace qor {
 
@@ -17,8 +18,8 @@ enum class Lamp {
 struct Panel {
     std::string m_Band_sel{NoBandText};
     std::string m_IM_sel = "IM3";
-    std::string m_Mode_sel = "2 Ton Modell";
-    std::string m_Path_sel = "Reflex Modell";
+    std::string m_Mode_sel{"2 Ton Modell"};
+    std::string m_Path_sel{"Reflex Modell"};
     std::string m_SweepKind_text = "Single";
     std::string m_f1_text;
     std::string m_f2_text;
@@ -32,7 +33,10 @@ struct Panel {
     bool portListShown = false;
 };
 
-inline constexpr const char* ReflectionText = "Reflex Modell";
-inline constexpr const char* TransmissionText = "Uegerbegen Modell";
+inline constexpr std::string_view ReflectionText = "Reflex Modell";
+inline constexpr std::string_view TransmissionText = "Uegerbegen Modell";
+inline constexpr std::string_view TwoToneText = "2 Ton Modell";
+inline constexpr std::string_view SweepText = "Scannen Modell";
+inline constexpr std::string_view SpectrumText = "Spectrum Mode";
 
 } // namespace qor

@@ -20,6 +20,8 @@ inline constexpr double GridTolerance = 0.05;
 /// Clears everything a start and the clear command clear: run index, maxima, forced time per point,
 /// g_fromFile, g_worstText and the rows in use.
 void ResetCurve(CurveState& curve);
+/// True when the live layer holds a point.
+[[nodiscard]] bool HoldsPoints(const CurveState& curve);
 /// Zeroes both live level arrays.
 void ClearLevels(CurveState& curve);
 

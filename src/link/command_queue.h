@@ -13,6 +13,8 @@ enum Tag : int {
     TagLevel = 1,          ///< level stored as the next point of a 2-tone run
     TagStepUp = 2,         ///< #SFA of a sweep step
     TagStepDown = 3,       ///< #SFB of a sweep step
+    TagTableHigh = 4, ///< calibration table write, bytes counted
+    TagTableLow = 5,  ///< the same; returns the port to text input
     TagMemoryEditor = 6,
     TagSerialHigh = 7,
     TagSerialLow = 8,
@@ -21,6 +23,9 @@ enum Tag : int {
     TagLevelUp = 12,       ///< level of an up step
     TagLevelDown = 13,     ///< level of a down step
     TagOption = 14,
+    TagReceiverCalFirst = 15,
+    TagReceiverCalDone = 16,
+    TagReceiverCalLast = 18,
     TagPrimeQueued = 21,   ///< goes out as 11
     TagLevelUpQueued = 22, ///< goes out as 12
     TagTypeCode = 95,
@@ -42,16 +47,18 @@ public:
     struct Entry {
         std::string text;
         int tag = 0;
-        float param = 0; ///< IM frequency of a sweep step, MHz; 0 when none
+        float param = 0;     ///< IM frequency of a sweep step, MHz; 0 when none
+        std::string payload; ///< bytes behind a $KVTWE text, before the carriage return
     };
 
-    void Append(std::string_view text, int tag = TagPlain, float param = 0) {
+    void Append(std::string_view text, int tag = TagPlain, float param = 0, std::string_view payload = {}) {
         if (m_Count == Capacity)
             return;
         Entry& entry = m_Ring[(m_Head + m_Count) % Capacity];
         entry.text.assign(text);
         entry.tag = tag;
         entry.param = param;
+        entry.payload.assign(payload);
         ++m_Count;
     }
     [[nodiscard]] std::size_t CommSendPoint() const { return m_Count; }

@@ -45,7 +45,6 @@ struct LinkState {
     std::string m_revdatastr;      ///< reply text assembled so far
     std::int64_t firstSendMs = 0;  ///< when the first command after an initialisation went out
     bool firstSendArmed = false;
-    bool replyTimeOpen = false;    ///< the first round trip has yet to be measured
 
     // Identity.
     float FirmVersion = 1.7f; ///< from the banner in steps of 0.1; 10 more for an "ev" banner
@@ -58,7 +57,7 @@ struct LinkState {
     std::string g_DeviceSN = "00000";
     std::uint8_t g_InstrStatus = 0x64;
     std::string g_BandCmd;       ///< the last #SABn
-    int commandedBand = 14;      ///< the band that g_BandCmd was sent for, 14 when none
+    int bandOfCommand = 14;      ///< the band that g_BandCmd stands for, 14 when it is not known
     int g_bAwsChosen = 1;        ///< where PCS and AWS share a position: 1 is AWS
     std::string g_PowerTextA;    ///< power the instrument echoed, dBm
     std::string g_PowerTextB;

@@ -29,8 +29,10 @@ struct RunState {
     int curvepointcounter = 0;
     int g_SettleTicks = 0;
     int g_SweepPhase = PhaseIdle;
+    int stepIndex = 0;    ///< of the next step; g_f1Now and g_f2Now follow from it without adding up errors
     float g_f1Now = 0;
     float g_f2Now = 0;
+    int passes = 0;       ///< passes of the curve completed since the start button
     int g_SweepPause = 0;
     bool g_SweepMarkFirst = false;
     int g_RecvDelay = 0;

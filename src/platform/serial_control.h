@@ -43,8 +43,9 @@ public:
     [[nodiscard]] virtual bool GetPortOpen() const = 0;
     /// One write. Written whole and in order, without waiting for the line.
     virtual void SetOutput(std::string_view bytes) = 0;
-    /// Takes all bytes that have come so far; empty when there are none.
-    [[nodiscard]] virtual std::string GetInput() = 0;
+    /// Replaces `bytes` by all that has come so far; empties it when nothing has. The caller's buffer is
+    /// reused, so that a long run allocates nothing.
+    virtual void GetInput(std::string& bytes) = 0;
     /// The event being reported; valid inside the handler.
     [[nodiscard]] CommEvent GetCommEvent() const { return m_Event; }
 

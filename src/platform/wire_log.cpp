@@ -83,11 +83,10 @@ void LoggedComm::SetOutput(std::string_view bytes) {
     m_Line.SetOutput(bytes);
 }
 
-std::string LoggedComm::GetInput() {
-    std::string bytes = m_Line.GetInput();
+void LoggedComm::GetInput(std::string& bytes) {
+    m_Line.GetInput(bytes);
     if (!bytes.empty())
         m_Log.Record('<', bytes);
-    return bytes;
 }
 
 } // namespace qor

@@ -66,7 +66,7 @@ public:
     void SetPortOpen(bool open) override { m_Line.SetPortOpen(open); }
     [[nodiscard]] bool GetPortOpen() const override { return m_Line.GetPortOpen(); }
     void SetOutput(std::string_view bytes) override;
-    [[nodiscard]] std::string GetInput() override;
+    void GetInput(std::string& bytes) override;
 
 private:
     CMSComm& m_Line;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/operator.h"
+
+#include <string>
+
+namespace qor::app {
+
+/// The shell as the operator: messages go to standard error, every question is answered Yes, and while a run
+/// is on a terminal has one line that shows how it goes.
+class Console final : public Operator {
+public:
+    Console();
+    ~Console() override { EndProgress(); }
+
+    void Message(std::string_view text, std::string_view title = {}) override;
+    [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
+
+    /// Replaces the progress line; nothing on a pipe.
+    void Progress(const std::string& line);
+    void EndProgress();
+
+    [[nodiscard]] const std::string& LastMessage() const { return m_Last; }
+
+private:
+    bool m_Terminal;
+    bool m_LineShown = false;
+    std::string m_Last;
+};
+
+} // namespace qor::app

@@ -1,0 +1,243 @@
+#include "measure/job.h"
+
+#include "bands/catalogue.h"
+#include "core/text_format.h"
+#include "display/level_unit.h"
+#include "platform/serial_control.h"
+#include "results/atomic_write.h"
+
+#include <algorithm>
+
+namespace qor::app {
+
+namespace {
+
+constexpr int LookPeriodMs = 50;
+/// An instrument that is there says who it is well before this.
+constexpr int IdentityLimitMs = 12000;
+/// The last commands of a run are answered well before this.
+constexpr int DrainLimitMs = 3000;
+
+bool IsInstrumentError(int verdict) {
+    return verdict >= VerdictSyntaxError && verdict <= VerdictPllNotLocked;
+}
+
+const char* ErrorWords(int verdict) {
+    switch (verdict) {
+    case VerdictSyntaxError:
+        return "ERR0 - SYNTAX ERROR";
+    case VerdictOutOfRange:
+        return "ERR1 - Parameter out of limits.";
+    default:
+        return "ERR2 - PLL not locket.";
+    }
+}
+
+} // namespace
+
+Job::Job(Program& program, const Options& options, Console& console, const WireLog& wire,
+         std::function<bool()> stopAsked, std::function<void()> finished)
+    : m_Program(program), m_Options(options), m_Console(console), m_Wire(wire), m_StopAsked(std::move(stopAsked)),
+      m_Finished(std::move(finished)) {
+    QObject::connect(&m_Timer, &QTimer::timeout, [this] { Look(); });
+}
+
+void Job::Start() {
+    m_Since.start();
+    m_InPhase.start();
+    m_Program.Start(true);
+    ApplySettings();
+    m_Program.SearchNow();
+    m_Timer.start(LookPeriodMs);
+}
+
+/// Settings of the call that need no instrument.
+void Job::ApplySettings() {
+    Session& session = m_Program.State();
+    CurveState& curve = session.curve;
+    if (m_Options.seconds)
+        curve.g_testTimeMs = *m_Options.seconds * 1000;
+    curve.g_runCount = m_Options.runs;
+    session.run.g_SweepInterval = m_Options.interval;
+    session.run.g_SweepIntervalLeft = m_Options.interval;
+    if (m_Options.limitDbm) {
+        curve.g_alarmLevel = *m_Options.limitDbm - (curve.g_UnitDbc ? curve.g_CarrierDbm : 0.0f);
+        curve.g_alarmKept = curve.g_alarmLevel;
+        session.panel.m_AlarmText = Fixed(static_cast<double>(curve.g_alarmLevel), 1);
+    }
+}
+
+double Job::ExpectedSeconds() const {
+    const Session& session = m_Program.State();
+    double run = session.curve.g_testTimeMs / 1000.0;
+    if (m_Options.method != ModeTwoTone) {
+        const auto plan = DefaultPlan(m_Options.band, m_Options.imIndex, 1);
+        const double span = plan ? static_cast<double>(plan->f1Stop - plan->f1Start + plan->f2Start - plan->f2Stop) : 0;
+        run = 5.0 + 0.15 * span / (plan ? static_cast<double>(plan->step) : 1.0);
+        run = run * m_Options.runs + (m_Options.interval + 1.0) * (m_Options.runs - 1);
+    }
+    return run + m_Options.idleSeconds + 5.0;
+}
+
+bool Job::ContactWasLost() const {
+    return m_Program.State().link.contactLosses != m_LossesAtStart;
+}
+
+void Job::Look() {
+    const double limit = m_Options.timeoutSeconds ? *m_Options.timeoutSeconds : 3.0 * ExpectedSeconds() + 60.0;
+    if (m_Phase != Phase::Exit && m_Phase != Phase::Drain) {
+        if (m_StopAsked())
+            return Finish(NoInstrument, "Interrupted before the measurement was complete.");
+        if (static_cast<double>(m_Since.elapsed()) > limit * 1000.0)
+            return Finish(NoInstrument, "The time of " + Fixed(limit, 0) + " s was up before the measurement was complete.");
+    }
+    switch (m_Phase) {
+    case Phase::Search:
+        return LookForInstrument();
+    case Phase::Idle:
+        return WaitIdle();
+    case Phase::Select:
+        return Choose();
+    case Phase::Settle:
+        return Settle();
+    case Phase::Measure:
+        return Watch();
+    case Phase::Drain:
+        return Drain();
+    case Phase::Exit:
+        return;
+    }
+}
+
+void Job::LookForInstrument() {
+    const LinkState& link = m_Program.State().link;
+    if (link.m_Type.empty() && m_InPhase.elapsed() > IdentityLimitMs)
+        return Finish(NoInstrument, "No instrument answers" +
+                                        (m_Options.port.empty() ? std::string() : " on " + m_Options.port) +
+                                        ". Is it switched on and is this its port?");
+    if (!m_Program.IsReady())
+        return;
+    m_InPhase.restart();
+    m_Phase = Phase::Idle;
+    if (m_Options.idleSeconds > 0)
+        m_Program.ArmStatusPoll();
+}
+
+void Job::WaitIdle() {
+    const bool over = m_InPhase.elapsed() >= qint64{m_Options.idleSeconds} * 1000;
+    if (over && m_Program.IsReady())
+        m_Phase = Phase::Select;
+}
+
+void Job::Choose() {
+    m_LossesAtStart = m_Program.State().link.contactLosses;
+    if (!SelectAll())
+        return Finish(BadRequest, m_Console.LastMessage().empty() ? "This instrument does not carry the selection."
+                                                                   : m_Console.LastMessage());
+    m_Phase = Phase::Settle;
+}
+
+bool Job::SelectAll() {
+    Session& session = m_Program.State();
+    Selection& select = m_Program.Select();
+    const std::string band(BandText(m_Options.band));
+    if (session.select.m_BandId != m_Options.band && !select.SelectBand(m_Options.band)) {
+        m_Console.Message("Band " + band + " is not carried by " + session.link.g_ModelName + " with firmware " +
+                          Fixed(static_cast<double>(session.link.FirmVersion), 1) + ".");
+        return false;
+    }
+    const bool fixedTones = m_Options.band == BandTdScdmaA;
+    const bool hasOrder = fixedTones ? m_Options.imIndex == 1
+                                     : StartPlan(m_Options.band, m_Options.imIndex, session.plan.g_bridge3dB).has_value();
+    if (!hasOrder || (fixedTones && m_Options.method != ModeTwoTone)) {
+        m_Console.Message("Band " + band + " has no IM" + std::to_string(OrderOf(m_Options.imIndex)) +
+                          " measurement by this method.");
+        return false;
+    }
+    return (session.select.m_IMIndex == m_Options.imIndex || select.SelectOrder(m_Options.imIndex)) &&
+           select.SelectMethod(m_Options.method) && select.SelectPath(m_Options.path) &&
+           SetLevelUnit(m_Options.dbc, session, m_Program.Parts(), m_Program.Stores());
+}
+
+/// The choice has to be with the instrument before the run begins.
+void Job::Settle() {
+    Session& session = m_Program.State();
+    if (ContactWasLost())
+        return Finish(NoInstrument, "Contact with the instrument was lost.");
+    if (!m_Program.LineIsIdle())
+        return;
+    if (IsInstrumentError(session.curve.g_MeasVerdict))
+        return Finish(InstrumentError, ErrorWords(session.curve.g_MeasVerdict));
+    m_Program.OnMeasButton();
+    if (!session.run.runOn)
+        return Finish(BadRequest, m_Console.LastMessage());
+    m_Phase = Phase::Measure;
+}
+
+void Job::Watch() {
+    const Session& session = m_Program.State();
+    const CurveState& curve = session.curve;
+    if (ContactWasLost())
+        return Finish(NoInstrument, "Contact with the instrument was lost after " + std::to_string(PointsIn(session)) +
+                                        " points.");
+    if (IsInstrumentError(curve.g_MeasVerdict))
+        return Finish(InstrumentError, ErrorWords(curve.g_MeasVerdict));
+    if (session.run.runOn && session.run.g_TestMode == ModeSpectrum && session.run.passes > 0)
+        m_Program.StopMeas(); // it would repeat until stopped: one pass is one measurement
+    if (!session.run.runOn) {
+        m_Outcome.measured = true;
+        m_InPhase.restart();
+        m_Phase = Phase::Drain;
+        return;
+    }
+    m_Console.Progress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText + ", worst " +
+                       session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
+}
+
+void Job::Drain() {
+    if (!m_Program.LineIsIdle() && !ContactWasLost() && m_InPhase.elapsed() < DrainLimitMs)
+        return;
+    const int verdict = m_Program.State().curve.g_MeasVerdict;
+    if (IsInstrumentError(verdict))
+        return Finish(InstrumentError, ErrorWords(verdict));
+    m_Console.EndProgress();
+    SaveFiles();
+    if (!m_Outcome.message.empty())
+        return Finish(FileFailed, m_Outcome.message);
+    Finish(verdict == VerdictPassed ? Passed : LimitExceeded);
+}
+
+void Job::SaveFiles() {
+    for (const std::filesystem::path& path : m_Options.out) {
+        if (m_Program.Files().DataSave(path))
+            m_Outcome.files.push_back(path.string());
+        else if (m_Outcome.message.empty())
+            m_Outcome.message = m_Program.Files().LastProblem();
+    }
+}
+
+/// What was on the line when contact was lost, beside the stores.
+void Job::KeepWire() {
+    const std::filesystem::path path = m_Options.dataDirectory / "lost_contact.wire";
+    if (WriteAtomically(path, m_Wire.Recent()).empty())
+        m_Outcome.message += " The last transfers are in " + path.string() + ".";
+}
+
+void Job::Finish(ExitStatus status, std::string message) {
+    m_Console.EndProgress();
+    m_Outcome.status = status;
+    m_Outcome.message = std::move(message);
+    if (status == NoInstrument && m_Program.State().link.contactLosses > 0)
+        KeepWire();
+    if (!m_Outcome.message.empty())
+        m_Console.Message(m_Outcome.message);
+    if (m_Program.State().run.runOn)
+        m_Program.StopMeas();
+    m_Phase = Phase::Exit;
+    m_Program.OnExitButton([this](int) {
+        m_Timer.stop();
+        m_Finished();
+    });
+}
+
+} // namespace qor::app

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/program.h"
+#include "measure/console.h"
+#include "measure/options.h"
+#include "measure/outcome.h"
+#include "platform/wire_log.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
+
+namespace qor::app {
+
+/// One measurement from power-on to saved files, looking at the program a few times a second as an operator
+/// would: wait for ready, choose, start, watch, save, exit.
+class Job {
+public:
+    /// `stopAsked` is true once somebody wants the call to end early.
+    Job(Program& program, const Options& options, Console& console, const WireLog& wire,
+        std::function<bool()> stopAsked, std::function<void()> finished);
+
+    void Start();
+    [[nodiscard]] const Outcome& Result() const { return m_Outcome; }
+
+private:
+    enum class Phase { Search, Idle, Select, Settle, Measure, Drain, Exit };
+
+    void Look();
+    void LookForInstrument();
+    void WaitIdle();
+    void Choose();
+    void Settle();
+    void Watch();
+    void Drain();
+    [[nodiscard]] bool SelectAll();
+    void ApplySettings();
+    void SaveFiles();
+    void KeepWire();
+    void Finish(ExitStatus status, std::string message = {});
+    [[nodiscard]] double ExpectedSeconds() const;
+    [[nodiscard]] bool ContactWasLost() const;
+
+    Program& m_Program;
+    const Options& m_Options;
+    Console& m_Console;
+    const WireLog& m_Wire;
+    std::function<bool()> m_StopAsked;
+    std::function<void()> m_Finished;
+    QTimer m_Timer;
+    QElapsedTimer m_Since;
+    QElapsedTimer m_InPhase;
+    Phase m_Phase = Phase::Search;
+    Outcome m_Outcome;
+    int m_LossesAtStart = 0;
+};
+
+} // namespace qor::app

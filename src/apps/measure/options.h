@@ -1,0 +1,44 @@
+#pragma once
+
+#include "sim/instrument.h"
+
+#include <QStringList>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qor::app {
+
+/// What the command line of qor-measure asks for, checked.
+struct Options {
+    std::string port;                            ///< serial device; empty with `simulate`
+    std::optional<sim::InstrumentConfig> simulate; ///< an instrument in this process
+    int band = 0;
+    int imIndex = 1;
+    int method = 1; ///< TestMode
+    int path = 1;
+    std::optional<int> seconds; ///< of a 2-tone run; the stored time otherwise
+    int runs = 1;
+    int interval = 0;
+    std::optional<float> limitDbm; ///< the stored limit otherwise
+    bool dbc = false;
+    std::vector<std::filesystem::path> out;
+    std::filesystem::path dataDirectory;
+    int idleSeconds = 0;
+    std::string wireFile;
+    bool json = false;
+    std::optional<int> timeoutSeconds; ///< three times the expected length and a minute otherwise
+};
+
+struct ParsedOptions {
+    std::optional<Options> options;
+    std::string text;   ///< help or version to print, or what is wrong
+    bool isAnswer = false; ///< `text` is what was asked for
+    bool json = false;
+};
+
+[[nodiscard]] ParsedOptions ParseOptions(const QStringList& arguments);
+
+} // namespace qor::app

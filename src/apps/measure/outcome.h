@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace qor {
+struct Session;
+}
+
+namespace qor::app {
+
+struct Options;
+
+enum ExitStatus : int {
+    Passed = 0,
+    LimitExceeded = 1,
+    InstrumentError = 2,
+    NoInstrument = 3,
+    BadRequest = 4,
+    FileFailed = 5,
+};
+
+struct Outcome {
+    ExitStatus status = NoInstrument;
+    std::string message; ///< what went wrong, empty otherwise
+    std::vector<std::string> files;
+    bool measured = false; ///< the whole measurement was made
+};
+
+/// One JSON object in one line. `session` may be null when it never came to one.
+[[nodiscard]] std::string ToJson(const Outcome& outcome, const Options* options, const Session* session);
+/// The same for a person.
+[[nodiscard]] std::string ToText(const Outcome& outcome, const Options& options, const Session& session);
+/// Levels present in the curve.
+[[nodiscard]] int PointsIn(const Session& session);
+
+} // namespace qor::app

@@ -1,0 +1,93 @@
+// qor-measure: one measurement from the shell, its verdict as the exit status.
+#include "core/program.h"
+#include "measure/console.h"
+#include "measure/job.h"
+#include "measure/options.h"
+#include "measure/outcome.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_timers.h"
+#include "platform/qt/system_port_list.h"
+#include "platform/wire_log.h"
+#include "sim/simulated_port.h"
+
+#include <QCoreApplication>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+volatile std::sig_atomic_t g_StopAsked = 0;
+
+using namespace qor;
+
+/// The line to the instrument: a serial device, or a simulated instrument in this process.
+struct RealLine {
+    explicit RealLine(const app::Options& options) : ports({options.port}, true), comm(ports) {}
+    SystemPortList ports;
+    QtSerialPort comm;
+};
+
+struct SimulatedLine {
+    explicit SimulatedLine(const app::Options& options)
+        : instrument(*options.simulate), line(instrument), ports(later), comm(ports, later) {
+        ports.Add(line);
+    }
+    QtScheduler later;
+    sim::Instrument instrument;
+    sim::Line line;
+    sim::SimulatedPortList ports;
+    sim::SimulatedPort comm;
+};
+
+template <typename Line> int Run(QCoreApplication& application, const app::Options& options) {
+    app::Console console;
+    const PosixClock clock;
+    WireLog wire(clock);
+    if (!options.wireFile.empty() && !wire.OpenFile(options.wireFile)) {
+        console.Message(options.wireFile + ": cannot be written.");
+        return app::FileFailed;
+    }
+    PosixClock programClock;
+    Line line(options);
+    LoggedComm comm(line.comm, wire);
+    QtTimers timers;
+    Program program({comm, line.ports, timers, programClock, console}, options.dataDirectory);
+    app::Job job(program, options, console, wire, [] { return g_StopAsked != 0; }, [&] { application.quit(); });
+    job.Start();
+    QCoreApplication::exec();
+
+    app::Outcome outcome = job.Result();
+    if (!wire.FileIsWhole() && outcome.status == app::Passed) {
+        outcome.status = app::FileFailed;
+        outcome.message = options.wireFile + ": cannot be written.";
+        console.Message(outcome.message);
+    }
+    const std::string answer = options.json ? app::ToJson(outcome, &options, &program.State())
+                                            : app::ToText(outcome, options, program.State());
+    std::fputs(answer.c_str(), stdout);
+    return outcome.status;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName("qor-measure");
+    const app::ParsedOptions parsed = app::ParseOptions(QCoreApplication::arguments());
+    if (parsed.isAnswer) {
+        std::fputs(parsed.text.c_str(), stdout);
+        return app::Passed;
+    }
+    if (!parsed.options) {
+        std::fprintf(stderr, "qor-measure: %s\n", parsed.text.c_str());
+        if (parsed.json)
+            std::fputs(app::ToJson({app::BadRequest, parsed.text, {}, false}, nullptr, nullptr).c_str(), stdout);
+        return app::BadRequest;
+    }
+    std::signal(SIGINT, [](int) { g_StopAsked = 1; });
+    std::signal(SIGTERM, [](int) { g_StopAsked = 1; });
+    return parsed.options->simulate ? Run<SimulatedLine>(application, *parsed.options)
+                                    : Run<RealLine>(application, *parsed.options);
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "bands/setup_store.h"
+#include "core/run_control.h"
+#include "core/selection.h"
+#include "core/session.h"
+#include "link/band_activation.h"
+#include "link/channel.h"
+#include "link/connection.h"
+#include "link/initialisation.h"
+#include "measure/measurement.h"
+#include "platform/platform.h"
+#include "receivers/receiver_access.h"
+#include "results/result_files.h"
+
+#include <filesystem>
+#include <functional>
+
+namespace qor {
+
+/// One engine wired to one set of platform parts. Everything the operator can do without a window starts
+/// from its members; timers, port events and commands come in one at a time.
+class Program final : private ChannelEvents, private RunControl {
+public:
+    Program(const Platform& platform, std::filesystem::path dataDirectory);
+    ~Program() override;
+
+    /// Reads the stores and starts the search for the instrument; nothing is sent before its first tick.
+    /// With `keepLastSession` the choices of the last session stay in force.
+    void Start(bool keepLastSession);
+    /// Searches at once, without the wait of an ordinary start.
+    void SearchNow();
+
+    /// The start button.
+    void OnMeasButton() { m_Measurement.OnMeasButton(m_Connection); }
+    void StopMeas() { m_Measurement.StopMeas(); }
+    /// The exit button: refused during a run, asks otherwise; then carriers off, port closed, `quit`.
+    bool OnExitButton(std::function<void(int exitCode)> quit);
+    /// The status poll of an idle link, in case nothing has armed it yet.
+    void ArmStatusPoll() { m_Channel.ArmStatusPoll(); }
+
+    /// True once the chain from power-on is over and nothing is queued or under way.
+    [[nodiscard]] bool IsReady() const;
+    /// True when nothing is queued and no reply is awaited.
+    [[nodiscard]] bool LineIsIdle() const;
+
+    [[nodiscard]] Session& State() { return m_Session; }
+    [[nodiscard]] const Session& State() const { return m_Session; }
+    [[nodiscard]] SetupStore& Stores() { return m_Store; }
+    [[nodiscard]] Selection& Select() { return m_Selection; }
+    [[nodiscard]] Connection& Link() { return m_Connection; }
+    [[nodiscard]] ResultFiles& Files() { return m_Files; }
+    [[nodiscard]] const Platform& Parts() const { return m_Platform; }
+
+private:
+    void OnTimer(int id);
+    void OnCloseTimer();
+    void Quit();
+
+    void BeforeSend() override { m_Measurement.BeforeSend(); }
+    void LineIdle() override { m_Measurement.LineIdle(); }
+    void IdentityReply() override { m_Init.IdentityReply(); }
+    void MemoryReply() override { m_Init.MemoryReply(); }
+    void MemoryReadDone(int tag) override { m_Init.MemoryReadDone(tag); }
+    void PositionReply(int position) override { m_Init.PositionReply(position); }
+    void LevelReply(std::string_view level) override { m_Measurement.LevelReply(level); }
+    void Initialised() override;
+    void StartAfterConnect() override { m_Measurement.StartAfterConnect(); }
+    void AbandonRun() override { m_Measurement.AbandonRun(); }
+
+    Platform m_Platform;
+    Session m_Session;
+    SetupStore m_Store;
+    ReceiverAccess m_Receiver;
+    ResultFiles m_Files;
+    Channel m_Channel;
+    BandActivation m_Activation;
+    Initialisation m_Init;
+    Connection m_Connection;
+    Measurement m_Measurement;
+    Selection m_Selection;
+
+    std::function<void(int)> m_Quit;
+    int m_CloseTicks = 0;
+    bool m_CarriersOff = false;
+};
+
+} // namespace qor

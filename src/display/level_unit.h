@@ -1,0 +1,15 @@
+#pragma once
+
+namespace qor {
+
+class SetupStore;
+struct Platform;
+struct Session;
+
+/// Shows levels in dBc, or in dBm again, and keeps the choice in `unit.ccz`. The stored levels stay in dBm;
+/// only the limit and the texts of the panel are converted.
+///
+/// False, with a message, when dBc is refused: no band is selected, or its tones differ in power.
+bool SetLevelUnit(bool dbc, Session& session, const Platform& platform, SetupStore& store);
+
+} // namespace qor

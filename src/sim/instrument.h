@@ -1,0 +1,103 @@
+#pragma once
+
+#include "sim/instrument_memory.h"
+#include "sim/models.h"
+#include "sim/pim_model.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qor::sim {
+
+struct InstrumentConfig {
+    std::string model = "RT-DB22";
+    std::string firmware = "6.2"; ///< "1.8" to "6.9", or "ev1.0" to "ev9.9"
+    std::string serial = "SIM01"; ///< 1 to 11 printable characters
+    std::uint64_t seed = 1;
+    bool bridge3dB = false;
+    int position = 0; ///< of the band switch at power-on
+};
+
+/// What is wrong with a configuration, for the one who typed it; empty when nothing is.
+[[nodiscard]] std::string ConfigFault(const InstrumentConfig& config);
+
+/// Everything that commands set. Frequencies in tenths of MHz, powers in tenths of dBm, as they come.
+struct InstrumentSettings {
+    int position = 0;
+    int order = 3;
+    int externalReceiver = 0;
+    int frequency1 = 0;
+    int frequency2 = 0;
+    int power1 = 430;
+    int power2 = 430;
+    int carrier1 = 0; ///< 1: on
+    int carrier2 = 0;
+    int sweepStart1 = 0;
+    int sweepStart2 = 0;
+    int sweepStop1 = 0;
+    int sweepStop2 = 0;
+    int sweepStep = 10;
+    int twoTone = 0;
+    int sweep = 0;
+    int passDown = 0;
+    int passUp = 0;
+    int twoToneSeconds = 5;
+    int drive = 0;     ///< mV, of a power calibration
+    int bandSetup = 1; ///< 0 from "#BDT0" until "#BDT1"
+    std::uint8_t status = 'd';
+};
+
+/// One analyser, seen from its serial connector: a command in, its reply out.
+///
+/// To add a command: a row in instrument.cpp's table when it is a text with a number behind it, else a case
+/// in Execute.
+class Instrument {
+public:
+    /// The configuration must be free of faults; throws std::invalid_argument otherwise.
+    explicit Instrument(const InstrumentConfig& config);
+
+    /// Carries out one command, given without its carriage return. The reply comes with its carriage return
+    /// and line feed; it is empty where the instrument stays silent.
+    [[nodiscard]] std::string Execute(std::string_view command);
+
+    /// Time on the instrument's own clock, microseconds; it never runs backwards.
+    void SetTime(std::int64_t microseconds);
+    void SetLooseContact(bool loose) { m_Pim.SetLooseContact(loose); }
+    /// Connects a signal generator at the receiver's frequency, or takes it off.
+    void FeedSignal(std::optional<double> dbm) { m_Generator = dbm; }
+
+    [[nodiscard]] const InstrumentConfig& Config() const { return m_Config; }
+    [[nodiscard]] const InstrumentSettings& Settings() const { return m_Settings; }
+    [[nodiscard]] const InstrumentMemory& Memory() const { return m_Memory; }
+    /// Band behind the switch, null when there is none.
+    [[nodiscard]] const BandHardware* Band() const;
+    /// What stands at the port now, as a receiver tuned to the selected order meets it.
+    [[nodiscard]] Excitation AtPort() const;
+    [[nodiscard]] const PimModel& Pim() const { return m_Pim; }
+
+private:
+    struct NumberCommand;
+    static const NumberCommand NumberCommands[];
+
+    [[nodiscard]] std::string SetNumber(const NumberCommand& row, std::string_view command);
+    [[nodiscard]] std::string ReadMemoryText(std::string_view command) const;
+    [[nodiscard]] std::string ReadMemoryBytes(std::string_view command) const;
+    [[nodiscard]] std::string WriteMemoryBytes(std::string_view command);
+    [[nodiscard]] std::string Status(std::string_view command);
+    [[nodiscard]] std::string Level();
+    [[nodiscard]] std::string Detector();
+    [[nodiscard]] double ReadReceiver();
+
+    InstrumentConfig m_Config;
+    const ModelHardware& m_Model;
+    Firmware m_Firmware;
+    InstrumentSettings m_Settings;
+    InstrumentMemory m_Memory;
+    PimModel m_Pim;
+    std::optional<double> m_Generator;
+    std::optional<std::int64_t> m_TimeUs;
+};
+
+} // namespace qor::sim

@@ -1,0 +1,46 @@
+// Any bytes as the content of a store: what is read of them has to be usable.
+
+#include "bands/records.h"
+#include "bands/rx_loss.h"
+#include "bands/tenths.h"
+#include "core/text_format.h"
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+void Require(bool condition) {
+    if (!condition)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+
+    const auto values = qor::ParseTenths(text, 9);
+    Require(values.size() == std::min<std::size_t>((size + 4) / 5, 9));
+    for (const float value : values)
+        Require(std::isfinite(value));
+
+    if (const auto plan = qor::ParsePlan(values))
+        Require(static_cast<double>(plan->step) >= 0.1);
+    const auto power = qor::ParsePower(values);
+    Require(power.tone1.size() >= 5 && power.tone2.size() >= 5);
+    Require(power.tone1.find_first_not_of("-0123456789") == std::string::npos);
+
+    for (const float loss : qor::ParseRxLoss(text))
+        Require(loss >= -99.9f && loss <= 9.9f);
+
+    const double number = qor::NumberIn(text);
+    Require(std::isfinite(number));
+    Require(qor::WholeNumberIn(text) == 0 || std::abs(number) >= 1);
+    const int tenths = qor::ToTenths(number);
+    Require(qor::WholeNumberIn(qor::TenthsText(number)) == tenths);
+    for (int decimals = 0; decimals <= 3; ++decimals)
+        Require(!qor::Fixed(number, decimals).empty());
+    return 0;
+}
