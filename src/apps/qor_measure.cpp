@@ -1,9 +1,9 @@
 // qor-measure: one measurement from the shell, its verdict as the exit status.
 #include "core/program.h"
-#include "measure/console.h"
-#include "measure/job.h"
-#include "measure/options.h"
-#include "measure/outcome.h"
+#include "apps/measure/console.h"
+#include "apps/measure/job.h"
+#include "apps/measure/options.h"
+#include "apps/measure/outcome.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"

@@ -51,7 +51,8 @@ struct CurveState {
     RunMatrix m_LevelDown;
     RunMatrix m_RawUp;
     RunMatrix m_RawDown;
-    int m_RowsUsed = 0; ///< rows 0 to here less 1 may hold something
+    int m_RowsUsed = 0;  ///< rows 0 to here less 1 may hold something
+    int m_ViewedRun = 0; ///< g_shownRun when the shown rows were last filled
 
     // Scale.
     float g_plotTop = -60.0f;

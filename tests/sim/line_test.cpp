@@ -103,6 +103,7 @@ TEST_F(SimLine, ErrorRepliesHitOneCommandAndSilenceLasts) {
     Order("silence:6");
     std::int64_t now = 0;
     std::vector<std::string> replies;
+    replies.reserve(8);
     for (int i = 0; i < 8; ++i)
         replies.push_back(Ask("#SPA1", now += 100'000));
     EXPECT_EQ(replies,
@@ -115,7 +116,7 @@ TEST_F(SimLine, ErrorRepliesHitOneCommandAndSilenceLasts) {
 TEST_F(SimLine, GarbleSpoilsOneByteOfEachReply) {
     Order("garble:1");
     EXPECT_EQ(Ask("#SPWA00430", 0), "SPWA00430\r\n");
-    for (int i = 1; i < 50; ++i) {
+    for (std::int64_t i = 1; i < 50; ++i) {
         const std::string reply = Ask("#SPWA00430", i * 100'000);
         const std::string right = "SPWA00430\r\n";
         ASSERT_EQ(reply.size(), right.size());

@@ -45,7 +45,7 @@ TEST(PimModel, EachOrderIsWeakerAndSteeperThanTheOneBefore) {
 TEST(PimModel, AnOrdinaryMeasurementPassesWhateverTheSeed) {
     for (std::uint64_t seed = 0; seed < 300; ++seed) {
         PimModel model(seed);
-        for (double f1 = 925; f1 <= 937; f1 += 1) {
+        for (int f1 = 925; f1 <= 937; ++f1) {
             model.Advance(20, true);
             const double level = model.Read(TwoTones(f1, 960));
             EXPECT_GT(level, -110.5) << seed;
@@ -59,8 +59,8 @@ TEST(PimModel, TwoSourcesRippleInReflectionOnly) {
     const auto spread = [&](bool transmission) {
         double lowest = 0;
         double highest = -300;
-        for (double f1 = 925; f1 <= 941; f1 += 0.5) {
-            Excitation at = TwoTones(f1, 960);
+        for (int halfMhz = 1850; halfMhz <= 1882; ++halfMhz) {
+            Excitation at = TwoTones(halfMhz / 2.0, 960);
             at.transmission = transmission;
             lowest = std::min(lowest, model.ProductDbm(at));
             highest = std::max(highest, model.ProductDbm(at));

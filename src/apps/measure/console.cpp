@@ -1,4 +1,4 @@
-#include "measure/console.h"
+#include "apps/measure/console.h"
 
 #include <cstdio>
 #include <unistd.h>

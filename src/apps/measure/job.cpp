@@ -1,4 +1,4 @@
-#include "measure/job.h"
+#include "apps/measure/job.h"
 
 #include "bands/catalogue.h"
 #include "core/text_format.h"

@@ -1,4 +1,4 @@
-#include "measure/options.h"
+#include "apps/measure/options.h"
 
 #include "bands/catalogue.h"
 #include "display/curve_state.h"

@@ -1,8 +1,8 @@
-#include "measure/outcome.h"
+#include "apps/measure/outcome.h"
 
 #include "core/session.h"
 #include "core/text_format.h"
-#include "measure/options.h"
+#include "apps/measure/options.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
