@@ -120,6 +120,8 @@ void Measurement::BeginRun() {
     m_Channel.PauseStatusPoll();
     link.m_SetIMOrder = "0";
     m_Session.curve.g_shownRun = 0;
+    if (!link.m_devSN.empty())
+        link.g_DeviceSN = link.m_devSN; // a file that was shown has its own serial number
     if (link.queue.Empty() || FirmwareFrom(link.FirmVersion, 43))
         StartMeas();
     else

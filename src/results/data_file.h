@@ -45,7 +45,10 @@ struct ResultFile {
     std::string comment; ///< line feeds alone
 };
 
-inline constexpr std::size_t LongestResultFile = 34000;
+/// Rows are read from this many bytes of a file at the most; 2000 rows of up to 100 s take 30000.
+inline constexpr std::size_t RowsWithin = 34000;
+/// A longer file is no result: even the longest run with its comment stays below.
+inline constexpr std::size_t LongestResultFile = 65536;
 
 /// The text of a result in its line-feed form, header offsets to the byte.
 [[nodiscard]] std::string FormatResult(const ResultFile& result);

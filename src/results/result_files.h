@@ -28,8 +28,13 @@ public:
 
 private:
     [[nodiscard]] std::optional<ResultFile> Collect();
+    [[nodiscard]] bool DescribeSetup(ResultFile& file);
     void Apply(const ResultFile& file, const std::filesystem::path& path);
-    bool Refuse(std::string_view text);
+    void ApplyHeader(const ResultFile& file);
+    void ApplyUnit(const ResultFile& file);
+    void ApplyTwoTone(const ResultFile& file);
+    void ApplySweep(const ResultFile& file);
+    bool Refuse(std::string text);
 
     Session& m_Session;
     const Platform& m_Platform;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "results/data_file.h"
+
 #include <array>
+#include <optional>
 #include <string>
 
 namespace qor {
@@ -39,6 +42,9 @@ struct ResultState {
     int g_FileShown = 0;
     int g_FileLast = 6;
     bool g_listPanelOpen = false;
+
+    /// Header of the file whose curve is shown, without its rows: a further save states it again.
+    std::optional<ResultFile> loaded;
 
     std::string LastLoadPath;
     std::string g_autoSavePath;   ///< a path whose folder takes the numbered files of a 2-tone series

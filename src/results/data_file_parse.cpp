@@ -1,0 +1,316 @@
+#include "bands/tenths.h"
+#include "results/data_file.h"
+
+#include <algorithm>
+
+namespace qor {
+
+namespace {
+
+/// Line ends back to line feeds and, for a .dat, nibbles back in their places. A .dat that was scrambled
+/// with its carriage returns reads the same.
+std::string Decode(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n')
+            continue;
+        text += bytes[i];
+    }
+    if (text.size() < 2 || text[1] == '1')
+        return text;
+    for (char& c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte == 0)
+            break;
+        c = static_cast<char>(static_cast<unsigned char>((byte << 4) | (byte >> 4)));
+    }
+    std::erase(text, '\r');
+    return text;
+}
+
+/// Decimal of digits with one point and an optional minus, at most 15 digits; false for anything else.
+bool ReadDecimal(std::string_view text, double& value) {
+    static constexpr double Powers[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const bool negative = text.starts_with('-');
+    if (negative)
+        text.remove_prefix(1);
+    if (text.empty() || text.size() > 15)
+        return false;
+    double digits = 0;
+    std::size_t decimals = 0;
+    bool point = false;
+    for (const char c : text) {
+        if (c == '.' && !point) {
+            point = true;
+        } else if (c >= '0' && c <= '9') {
+            digits = digits * 10 + (c - '0');
+            decimals += point ? 1 : 0;
+        } else {
+            return false;
+        }
+    }
+    value = (negative ? -digits : digits) / Powers[decimals];
+    return true;
+}
+
+/// Reads a text from its start, line by line.
+class Lines {
+public:
+    explicit Lines(std::string_view text) : m_Text(text) {}
+
+    /// The next line without its end; false when the text is at its end. `whole` tells that it had an end.
+    bool Next(std::string_view& line, bool& whole) {
+        if (m_At >= m_Text.size())
+            return false;
+        const std::size_t end = m_Text.find('\n', m_At);
+        whole = end != std::string_view::npos;
+        line = m_Text.substr(m_At, whole ? end - m_At : end);
+        m_At = whole ? end + 1 : m_Text.size();
+        return true;
+    }
+    [[nodiscard]] std::size_t Position() const { return m_At; }
+    [[nodiscard]] std::string_view Rest() const { return m_Text.substr(std::min(m_At, m_Text.size())); }
+    void BackTo(std::size_t position) { m_At = position; }
+
+private:
+    std::string_view m_Text;
+    std::size_t m_At = 0;
+};
+
+/// Cuts `line` behind `label` and reads the number there; false when either is missing.
+bool TakeNumber(std::string_view& line, std::string_view label, float& value) {
+    const std::size_t at = line.find(label);
+    if (at == std::string_view::npos)
+        return false;
+    line.remove_prefix(at + label.size());
+    double number = 0;
+    const std::size_t end = std::min(line.find(' '), line.size());
+    if (!ReadDecimal(line.substr(0, end), number))
+        return false;
+    value = static_cast<float>(number);
+    return true;
+}
+
+bool ReadTone(std::string_view line, std::string_view name, ResultFile::Tone& tone) {
+    return line.starts_with(name) && TakeNumber(line, name, tone.fix) && TakeNumber(line, "START ", tone.start) &&
+           TakeNumber(line, "STOP ", tone.stop) && TakeNumber(line, "POWER +", tone.power);
+}
+
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t begin = text.find_first_not_of(' ');
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+}
+
+bool ReadMeasLine(std::string_view line, ResultFile& file) {
+    if (!line.starts_with("MEAS IM"))
+        return false;
+    const int order = WholeNumberIn(line.substr(7));
+    file.order = order >= 3 && order <= 11 && order % 2 == 1 ? order : 0;
+    const std::size_t unit = line.find(" UNIT ");
+    if (unit == std::string_view::npos || line.size() < unit + 15)
+        return false;
+    file.inDbc = line.substr(unit + 6, 3).find('c') != std::string_view::npos;
+    file.twoTone = line.substr(unit + 10, 5) == "2-TON";
+    return true;
+}
+
+bool ReadModelLine(std::string_view line, ResultFile& file) {
+    constexpr std::string_view Before = "Model Nr. ";
+    constexpr std::string_view Between = ", SERIAL ";
+    const std::size_t at = line.find(Between);
+    if (!line.starts_with(Before) || at == std::string_view::npos)
+        return false;
+    file.model = Trimmed(line.substr(Before.size(), at - Before.size()));
+    // An older header is wider: the serial stands in eleven places, filled up with blanks.
+    const std::string_view serial = line.substr(at + Between.size());
+    file.form = serial.size() > 5 || serial.starts_with(' ') ? ResultFile::Form::WideHeader : ResultFile::Form::Current;
+    file.serial = Trimmed(serial);
+    return true;
+}
+
+bool ReadDateLine(std::string_view line, ResultFile& file) {
+    line = Trimmed(line);
+    const std::size_t blank = line.find(' ');
+    if (blank != 8)
+        return false;
+    file.date = line.substr(0, blank);
+    file.time = Trimmed(line.substr(blank));
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    return std::all_of(file.date.begin(), file.date.end(), isDigit) && file.time.size() == 5 && file.time[2] == ':';
+}
+
+enum class RowsEnd { Complete, CutShort, NotARow };
+
+/// Rows up to the empty line behind them.
+RowsEnd ReadRows(Lines& lines, std::vector<ResultFile::Row>& rows) {
+    std::string_view line;
+    bool whole = false;
+    bool counts = true; // a level of 0 or above ends the list
+    while (lines.Next(line, whole)) {
+        if (line.empty())
+            return RowsEnd::Complete;
+        const std::size_t separator = line.find(';');
+        double x = 0;
+        double level = 0;
+        const bool good = separator != std::string_view::npos && ReadDecimal(line.substr(0, separator), x) &&
+                          ReadDecimal(line.substr(separator + 1), level);
+        if (!whole)
+            return RowsEnd::CutShort;
+        if (!good)
+            return RowsEnd::NotARow;
+        counts = counts && level < 0 && lines.Position() <= RowsWithin;
+        if (counts)
+            rows.push_back({static_cast<float>(x), static_cast<float>(level)});
+    }
+    return RowsEnd::CutShort;
+}
+
+/// Splits the rows of a sweep: the up curve rises, whatever follows is the down curve.
+void SplitSweep(ResultFile& file) {
+    auto k = file.up.begin();
+    if (k != file.up.end())
+        ++k;
+    while (k != file.up.end() && static_cast<double>(k->x) >= static_cast<double>((k - 1)->x) - 0.1 && k->x > 0.1f)
+        ++k;
+    file.down.assign(k, file.up.end());
+    file.up.erase(k, file.up.end());
+}
+
+/// A 2-tone list ends where time does not go on.
+void EndAtTime(std::vector<ResultFile::Row>& rows) {
+    const auto stands = [](const ResultFile::Row& a, const ResultFile::Row& b) { return b.x <= a.x; };
+    const auto at = std::adjacent_find(rows.begin(), rows.end(), stands);
+    if (at != rows.end())
+        rows.erase(at + 1, rows.end());
+}
+
+/// "Limit Line:", "Ser No: " and the comment. False when the limit is missing or cut short.
+bool ReadTrailer(Lines& lines, ResultFile& file) {
+    constexpr std::string_view Limit = "Limit Line: ";
+    constexpr std::string_view Serial = "Ser No: ";
+    std::string_view line;
+    bool whole = false;
+    do {
+        if (!lines.Next(line, whole))
+            return false;
+    } while (line.empty());
+    if (!line.starts_with(Limit) || !whole)
+        return false;
+    file.limitText = Trimmed(line.substr(Limit.size()));
+    double limit = 0;
+    if (!ReadDecimal(file.limitText, limit))
+        return false;
+    file.limit = static_cast<float>(limit);
+    const std::size_t behind = lines.Position();
+    if (lines.Next(line, whole) && line.starts_with(Serial))
+        file.dutSerial = line.substr(Serial.size());
+    else
+        lines.BackTo(behind);
+    file.comment = lines.Rest();
+    file.comment.erase(std::find(file.comment.begin(), file.comment.end(), '\0'), file.comment.end());
+    return true;
+}
+
+ParsedResult Refused(std::string_view why) {
+    return {std::nullopt, std::string(why)};
+}
+
+ParsedResult ReadHeadedForm(std::string_view text) {
+    ResultFile file;
+    Lines lines(text);
+    std::string_view line;
+    bool whole = false;
+    const auto next = [&] { return lines.Next(line, whole) && whole; };
+    if (!next() || !ReadTone(line, "f1 ", file.tone1) || !next() || !ReadTone(line, "f2 ", file.tone2) || !next() ||
+        !ReadMeasLine(line, file) || !next() || !ReadModelLine(line, file) || !next() || !ReadDateLine(line, file) ||
+        !next() || !line.empty())
+        return Refused("This is not a result file, or its header is damaged.");
+    switch (ReadRows(lines, file.up)) {
+    case RowsEnd::Complete:
+        break;
+    case RowsEnd::CutShort:
+        return Refused("The file ends in the middle of its data.");
+    case RowsEnd::NotARow:
+        return Refused("One of its data rows is damaged.");
+    }
+    if (file.up.empty())
+        return Refused("The file holds no measured level.");
+    if (!ReadTrailer(lines, file))
+        return Refused("The file ends before its limit line.");
+    if (file.twoTone)
+        EndAtTime(file.up);
+    else
+        SplitSweep(file);
+    return {std::move(file), {}};
+}
+
+/// Frequencies and levels in columns of six characters, without a header.
+class OldestReader {
+public:
+    explicit OldestReader(std::string_view text) : m_Text(text) {}
+
+    ParsedResult Read() {
+        ResultFile file;
+        file.form = ResultFile::Form::Oldest;
+        std::vector<double> frequencies;
+        while (m_At + FieldWidth <= m_Text.size() && Field().find_first_of("\r\n") == std::string_view::npos) {
+            if (frequencies.size() == MostFields)
+                return Refused("This is not a result file.");
+            double frequency = 0;
+            if (!ReadDecimal(Trimmed(Field()), frequency))
+                return Refused("This is not a result file.");
+            frequencies.push_back(frequency);
+            m_At += FieldWidth + 1;
+        }
+        if (frequencies.empty() || m_At >= m_Text.size())
+            return Refused("This is not a result file.");
+        m_At += 3;
+        file.twoTone = frequencies.front() <= 0.1;
+        if (!ReadLevels(frequencies, file.twoTone, file.up))
+            return Refused("The file ends in the middle of its data.");
+        if (!file.twoTone) {
+            m_At += 9;
+            if (!ReadLevels(frequencies, false, file.down))
+                return Refused("The file ends in the middle of its data.");
+        }
+        return {std::move(file), {}};
+    }
+
+private:
+    static constexpr std::size_t FieldWidth = 6;
+    static constexpr std::size_t MostFields = 1000;
+
+    [[nodiscard]] std::string_view Field() const { return m_Text.substr(m_At, FieldWidth); }
+
+    bool ReadLevels(const std::vector<double>& frequencies, bool twoTone, std::vector<ResultFile::Row>& rows) {
+        for (std::size_t i = 0; i < frequencies.size(); ++i, m_At += FieldWidth + 1) {
+            double level = 0;
+            if (m_At + FieldWidth > m_Text.size() || !ReadDecimal(Trimmed(Field()), level))
+                return false;
+            const double x = twoTone ? static_cast<double>(i) * 0.1 : frequencies[i];
+            rows.push_back({static_cast<float>(x), static_cast<float>(level)});
+        }
+        return true;
+    }
+
+    std::string_view m_Text;
+    std::size_t m_At = 8;
+};
+
+} // namespace
+
+ParsedResult ParseResult(std::string_view bytes) {
+    if (bytes.empty())
+        return Refused("The file is empty.");
+    if (bytes.size() > LongestResultFile)
+        return Refused("The file is too long for a result.");
+    const std::string text = Decode(bytes);
+    if (text.find('f') == std::string::npos)
+        return OldestReader(text).Read();
+    return ReadHeadedForm(text);
+}
+
+} // namespace qor
