@@ -30,6 +30,8 @@ public:
     void Start(bool keepLastSession);
     /// Searches at once, without the wait of an ordinary start.
     void SearchNow();
+    /// Lets queued commands out over a port that was opened by hand.
+    void StartLine() { m_Channel.Start(); }
 
     /// The start button.
     void OnMeasButton() { m_Measurement.OnMeasButton(m_Connection); }
