@@ -30,6 +30,8 @@ public:
     void Start(bool keepLastSession);
     /// Searches at once, without the wait of an ordinary start.
     void SearchNow();
+    /// The next connection asks the instrument for everything, as the first one did.
+    void IdentifyAgain() { m_Session.link.g_isSWStart = true; }
     /// Lets queued commands out over a port that was opened by hand.
     void StartLine() { m_Channel.Start(); }
 

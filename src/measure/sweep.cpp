@@ -21,6 +21,13 @@ constexpr int PauseCarriers = 12;
 constexpr int PauseOver = 15;
 /// Tick of the analyser wait that sets it up.
 constexpr int AnalyserReady = 3;
+/// No tick queues more than this.
+constexpr std::size_t MostPerTick = 8;
+
+/// A line much slower than the ticks fills the queue in a long sweep: the steps wait then, they are not lost.
+bool HasRoom(const CommandQueue& queue) {
+    return queue.CommSendPoint() + MostPerTick <= CommandQueue::Capacity;
+}
 
 } // namespace
 
@@ -103,6 +110,8 @@ void Measurement::TurnToDownSweep() {
 void Measurement::OnSweepTimer() {
     RunState& run = m_Session.run;
     const PlanState& plan = m_Session.plan;
+    if (!HasRoom(m_Session.link.queue))
+        return;
     if (run.g_SweepPhase == PhaseUp) {
         if (static_cast<double>(run.g_f1Now - plan.g_f1Stop) < GridTolerance) {
             QueueStep("#SFA", run.g_f1Now, TagStepUp, ImOf(run.g_f1Now, plan.g_f2Fix));
@@ -125,7 +134,7 @@ void Measurement::OnSweepTimer() {
 void Measurement::OnSpectrumTimer() {
     RunState& run = m_Session.run;
     const PlanState& plan = m_Session.plan;
-    if (run.g_SweepPhase != PhaseUp)
+    if (run.g_SweepPhase != PhaseUp || !HasRoom(m_Session.link.queue))
         return;
     if (static_cast<double>(run.g_f1Now - plan.g_f1Stop) < GridTolerance) {
         QueueStep("#SFA", run.g_f1Now, TagStepUp, SpectrumIm(run.g_f1Now, plan.g_f2Fix));

@@ -2,6 +2,7 @@
 
 #include "core/program.h"
 #include "platform/operator.h"
+#include "platform/visa.h"
 #include "platform/wire_log.h"
 #include "sim/simulated_port.h"
 #include "support/temp_dir.h"
@@ -38,9 +39,10 @@ public:
 /// `program.Stores()` before PowerOn.
 class Rig {
 public:
-    explicit Rig(sim::InstrumentConfig config = {})
+    explicit Rig(const sim::InstrumentConfig& config = {}, VisaLibrary* visa = nullptr,
+                 PowerSensorLibrary* sensor = nullptr)
         : instrument(config), line(instrument), ports(time.later), port(ports, time.later), wire(time.clock),
-          comm(port, wire), program({comm, ports, time.timers, time.clock, user}, dir.Path()) {
+          comm(port, wire), program({comm, ports, time.timers, time.clock, user, visa, sensor}, dir.Path()) {
         ports.Add(line, "/dev/ttySIM0");
     }
 

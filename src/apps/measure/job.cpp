@@ -117,6 +117,7 @@ void Job::LookForInstrument() {
                                         ". Is it switched on and is this its port?");
     if (!m_Program.IsReady())
         return;
+    m_LossesAtStart = link.contactLosses;
     m_InPhase.restart();
     m_Phase = Phase::Idle;
     if (m_Options.idleSeconds > 0)
@@ -124,13 +125,18 @@ void Job::LookForInstrument() {
 }
 
 void Job::WaitIdle() {
+    if (ContactWasLost()) {
+        // Found again, it may be another instrument, and a short reconnection does not ask for its firmware:
+        // a verdict is only worth something on an instrument that has said who it is.
+        m_LossesAtStart = m_Program.State().link.contactLosses;
+        m_Program.IdentifyAgain();
+    }
     const bool over = m_InPhase.elapsed() >= qint64{m_Options.idleSeconds} * 1000;
     if (over && m_Program.IsReady())
         m_Phase = Phase::Select;
 }
 
 void Job::Choose() {
-    m_LossesAtStart = m_Program.State().link.contactLosses;
     if (!SelectAll())
         return Finish(BadRequest, m_Console.LastMessage().empty() ? "This instrument does not carry the selection."
                                                                    : m_Console.LastMessage());
