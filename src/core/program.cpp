@@ -73,6 +73,7 @@ bool Program::OnExitButton(std::function<void(int)> quit) {
         return false;
     m_Quit = std::move(quit);
     m_Channel.PauseStatusPoll();
+    m_Platform.timers.KillTimer(restarttimer); // a run that waits for its turn does not begin any more
     if (m_Platform.visa && m_Session.receiver.g_VisaRM != 0) {
         m_Platform.visa->Close(m_Session.receiver.g_VisaSession);
         m_Platform.visa->Close(m_Session.receiver.g_VisaRM);
@@ -86,6 +87,10 @@ bool Program::OnExitButton(std::function<void(int)> quit) {
 void Program::OnCloseTimer() {
     CMSComm& comm = m_Platform.comm;
     ++m_CloseTicks;
+    if (!m_CarriersOff && m_Session.link.g_LastPort != 0 && !comm.GetPortOpen()) {
+        comm.SetPortOpen(true); // closed by hand: the instrument may still be carrying
+        m_Session.link.g_init = InitSerialDone; // its echoes must not begin a new chain
+    }
     const bool gone = !comm.GetPortOpen() || m_CloseTicks > LongestClose;
     if (!gone && !LineIsIdle())
         return;
@@ -100,7 +105,7 @@ void Program::OnCloseTimer() {
 }
 
 void Program::Quit() {
-    for (const int timer : {CloseQOR, commsendtimer, WaitCommTimer, scanCommtimer, HousekeepingTimer})
+    for (int timer = 0; timer < TimerCount; ++timer)
         m_Platform.timers.KillTimer(timer);
     m_Platform.comm.SetPortOpen(false);
     if (m_Quit)

@@ -65,7 +65,7 @@ private:
     void LineIdle() override { m_Measurement.LineIdle(); }
     void IdentityReply() override { m_Init.IdentityReply(); }
     void MemoryReply() override { m_Init.MemoryReply(); }
-    void MemoryReadDone(int tag) override { m_Init.MemoryReadDone(tag); }
+    void MemoryReadMissed(int tag) override { m_Init.MemoryReadMissed(tag); }
     void PositionReply(int position) override { m_Init.PositionReply(position); }
     void LevelReply(std::string_view level) override { m_Measurement.LevelReply(level); }
     void Initialised() override;

@@ -38,8 +38,15 @@ bool Selection::PortIsOpen() {
 
 /// A new plot for what has just been chosen: its frequencies, powers and axis become the working set.
 void Selection::ResetPlot() {
+    LinkState& link = m_Session.link;
+    const int step = link.g_init;
     ResetCurve(m_Session.curve);
     m_Init.HardBandInit();
+    if (m_Platform.comm.GetPortOpen())
+        return;
+    // A command left waiting would open a port that was closed by hand, and no chain goes on behind it.
+    link.queue.Clear();
+    link.g_init = step;
 }
 
 bool Selection::SelectBand(int band) {

@@ -24,6 +24,8 @@ enum TimerId : int {
     restarttimer = 46,
 };
 
+inline constexpr int TimerCount = 64; ///< numbers 0 to 63
+
 inline constexpr int CurvePeriod = 100;
 inline constexpr int SendPeriod = 10;
 inline constexpr int ConnectWatchPeriod = 100;

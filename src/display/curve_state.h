@@ -40,11 +40,11 @@ private:
 /// one row a run, refreshed from the live layer by UpdateCurveArrays.
 struct CurveState {
     // Live layer. g_levelUp holds one point more than the plot shows: the longest 2-tone run counts 2001.
-    std::array<float, CurvePoints + 1> g_levelUp{};   ///< 2-tone in time order; sweep: up curve by grid index
-    std::array<float, CurvePoints> g_levelDown{};     ///< sweep: down curve by grid index
-    std::array<float, CurvePoints + 1> g_freqGrid{};  ///< sweep: IM frequencies, MHz, ascending; 0.0 ends them
-    int StoreDataPot = 0;                             ///< 2-tone: index of the next point
-    int g_curveDirty = 0;                             ///< a point was stored since the last update
+    std::array<float, CurvePoints + 1> g_levelUp{};  ///< 2-tone in time order; sweep: up curve by grid index
+    std::array<float, CurvePoints> g_levelDown{};    ///< sweep: down curve by grid index
+    std::array<float, CurvePoints + 1> g_freqGrid{}; ///< sweep: IM frequencies, MHz, ascending; 0.0 ends them
+    int StoreDataPot = 0;                            ///< 2-tone: index of the next point
+    int g_curveDirty = 0;                            ///< a point was stored since the last update
 
     // Display layer.
     RunMatrix m_LevelUp;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <optional>
 
 namespace qor {
 
@@ -27,23 +27,30 @@ bool IsHigher(float level, float than) {
 }
 
 double LimitInDbm(const CurveState& curve) {
-    return static_cast<double>(curve.g_alarmLevel) + (curve.g_UnitDbc ? static_cast<double>(curve.g_CarrierDbm) : 0.0);
+    return static_cast<double>(curve.g_alarmLevel) +
+           (curve.g_UnitDbc ? static_cast<double>(curve.g_CarrierDbm) : 0.0);
 }
 
 void JudgeRow(CurveState& curve, std::span<const float> levels) {
     // An instrument error outranks the limit.
-    if (curve.g_alarmOff || (curve.g_MeasVerdict >= VerdictSyntaxError && curve.g_MeasVerdict <= VerdictPllNotLocked))
+    if (curve.g_alarmOff ||
+        (curve.g_MeasVerdict >= VerdictSyntaxError && curve.g_MeasVerdict <= VerdictPllNotLocked))
         return;
     const double limit = LimitInDbm(curve);
     if (std::any_of(levels.begin(), levels.end(), [limit](float level) { return Exceeds(level, limit); }))
         curve.g_MeasVerdict = VerdictOverLimit;
 }
 
-/// Count of points the plot's width holds.
-std::size_t PointCount(const CurveState& curve) {
+/// Length of a 2-tone run in ms; one that is not set counts as a second.
+int RunLength(const CurveState& curve) {
+    return curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
+}
+
+/// Index of the last point the plot's width holds.
+std::size_t LastPoint(const CurveState& curve) {
     const int count = IsSweepCurve(curve)
                           ? static_cast<int>(static_cast<float>(curve.g_plotWidth) / curve.g_pxPerStep) + 1
-                          : curve.g_testTimeMs / std::max(curve.tone2SetTimes, 1) + 1;
+                          : RunLength(curve) / std::max(curve.tone2SetTimes, 1) + 1;
     return static_cast<std::size_t>(std::clamp(count, 0, static_cast<int>(CurvePoints) - 1));
 }
 
@@ -52,27 +59,38 @@ struct Maximum {
     int index = 0;
 };
 
-void SearchRow(std::span<const float> row, std::size_t count, std::optional<Maximum>& best) {
-    for (std::size_t i = 0; i < row.size() && i <= count; ++i) {
+void SearchRow(std::span<const float> row, std::size_t last, std::optional<Maximum>& best) {
+    for (std::size_t i = 0; i < row.size() && i <= last; ++i) {
         if (IsPresent(row[i]) && (!best || IsHigher(row[i], best->level)))
             best = Maximum{row[i], static_cast<int>(i)};
     }
 }
 
 std::optional<Maximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix) {
-    const std::size_t count = PointCount(curve);
+    const std::size_t last = LastPoint(curve);
     std::optional<Maximum> best;
     if (curve.g_shownRun != 0 || curve.g_runIndex == 0) {
         const int row = curve.g_shownRun != 0 ? curve.g_shownRun - 1 : curve.g_runIndex;
-        SearchRow(matrix.Row(static_cast<std::size_t>(row)), count, best);
+        SearchRow(matrix.Row(static_cast<std::size_t>(row)), last, best);
         return best;
     }
     for (int row = 0; row <= curve.g_runIndex; ++row) {
-        SearchRow(matrix.Row(static_cast<std::size_t>(row)), count, best);
+        SearchRow(matrix.Row(static_cast<std::size_t>(row)), last, best);
         if (!best)
             return best; // without a first run there is nothing to compare with
     }
     return best;
+}
+
+/// Index of the first entry that is not below a frequency by the tolerance or more.
+std::size_t PlaceInGrid(std::span<const float> grid, float frequency) {
+    const auto below = [](float g, float f) { return static_cast<double>(g - f) <= -GridTolerance; };
+    return static_cast<std::size_t>(std::lower_bound(grid.begin(), grid.end(), frequency, below) -
+                                    grid.begin());
+}
+
+bool IsAt(std::span<const float> grid, std::size_t at, float frequency) {
+    return at < grid.size() && std::abs(static_cast<double>(grid[at] - frequency)) < GridTolerance;
 }
 
 void CopyRow(std::span<const float> from, std::span<float> to) {
@@ -110,8 +128,7 @@ void ClearLevels(CurveState& curve) {
 
 void UpdateTimePerPoint(CurveState& curve, bool internalReceiver) {
     const int width = std::clamp(curve.g_plotWidth, 1, static_cast<int>(CurvePoints));
-    const int length = curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
-    int time = length / width + 1;
+    int time = RunLength(curve) / width + 1;
     if (internalReceiver && curve.RealReceiveTime != 0)
         time = std::max(time, curve.RealReceiveTime);
     time = std::max(time, 100);
@@ -120,7 +137,8 @@ void UpdateTimePerPoint(CurveState& curve, bool internalReceiver) {
 
 void UpdateCurveArrays(CurveState& curve, bool internalReceiver) {
     UpdateTimePerPoint(curve, internalReceiver);
-    const auto run = static_cast<std::size_t>(std::clamp(curve.g_runIndex, 0, static_cast<int>(CurveRuns) - 1));
+    const auto run =
+        static_cast<std::size_t>(std::clamp(curve.g_runIndex, 0, static_cast<int>(CurveRuns) - 1));
     curve.m_RowsUsed = std::max(curve.m_RowsUsed, static_cast<int>(run) + 1);
     if (!IsSweepCurve(curve)) {
         CopyRow(curve.g_levelUp, curve.m_LevelUp.Row(run));
@@ -178,31 +196,29 @@ void SettleVerdict(CurveState& curve) {
 }
 
 std::size_t GridLength(std::span<const float> grid) {
-    const auto end = std::find_if(grid.begin(), grid.end(), [](float f) { return static_cast<double>(f) < EmptyGrid; });
+    const auto end =
+        std::find_if(grid.begin(), grid.end(), [](float f) { return static_cast<double>(f) < EmptyGrid; });
     return static_cast<std::size_t>(end - grid.begin());
 }
 
+int FindInGrid(std::span<const float> grid, float frequency) {
+    const std::size_t at = PlaceInGrid(grid, frequency);
+    return IsAt(grid, at, frequency) ? static_cast<int>(at) : -1;
+}
+
 int FindOnGrid(const CurveState& curve, float frequency) {
-    for (std::size_t i = 0; i < curve.g_freqGrid.size(); ++i) {
-        if (static_cast<double>(curve.g_freqGrid[i]) < EmptyGrid)
-            return -1;
-        if (std::abs(static_cast<double>(curve.g_freqGrid[i] - frequency)) < GridTolerance)
-            return static_cast<int>(i);
-    }
-    return -1;
+    const std::span<const float> grid(curve.g_freqGrid);
+    return FindInGrid(grid.first(GridLength(grid)), frequency);
 }
 
 std::size_t InsertIntoGrid(std::span<float> grid, std::size_t length, float frequency) {
-    const auto end = grid.begin() + static_cast<std::ptrdiff_t>(length);
-    const auto at = std::lower_bound(grid.begin(), end, frequency, [](float g, float f) {
-        return static_cast<double>(g - f) <= -GridTolerance;
-    });
-    if (at != end && std::abs(static_cast<double>(*at - frequency)) < GridTolerance)
+    const std::span<const float> filled = grid.first(length);
+    const std::size_t at = PlaceInGrid(filled, frequency);
+    if (length >= grid.size() || IsAt(filled, at, frequency))
         return length;
-    if (length >= grid.size())
-        return length;
-    std::move_backward(at, end, end + 1);
-    *at = frequency;
+    std::copy_backward(filled.begin() + static_cast<std::ptrdiff_t>(at), filled.end(),
+                       grid.begin() + static_cast<std::ptrdiff_t>(length) + 1);
+    grid[at] = frequency;
     return length + 1;
 }
 

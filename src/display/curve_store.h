@@ -8,14 +8,18 @@
 
 namespace qor {
 
-/// Level within 0.05 MHz counts as the same grid frequency (strictly).
+/// A frequency within 0.05 MHz counts as the same grid frequency (strictly).
 inline constexpr double GridTolerance = 0.05;
 
 /// A sweep curve is told from a 2-tone curve by its pixels per step.
-[[nodiscard]] inline bool IsSweepCurve(const CurveState& curve) { return curve.g_pxPerStep > 0.9f; }
+[[nodiscard]] inline bool IsSweepCurve(const CurveState& curve) {
+    return curve.g_pxPerStep > 0.9f;
+}
 
 /// True for a level that counts as a point in the plot and the maximum search: not 0 once cut to an integer.
-[[nodiscard]] inline bool IsPresent(float level) { return static_cast<int>(level) != 0; }
+[[nodiscard]] inline bool IsPresent(float level) {
+    return static_cast<int>(level) != 0;
+}
 
 /// Clears everything a start and the clear command clear: run index, maxima, forced time per point,
 /// g_fromFile, g_worstText and the rows in use.
@@ -42,7 +46,9 @@ void SettleVerdict(CurveState& curve);
 
 /// Count of leading grid entries that are not below 0.1.
 [[nodiscard]] std::size_t GridLength(std::span<const float> grid);
-/// Index of the grid entry within tolerance of a frequency, or -1.
+/// Index of the entry of an ascending grid within tolerance of a frequency, or -1.
+[[nodiscard]] int FindInGrid(std::span<const float> grid, float frequency);
+/// The same in the grid of the curve.
 [[nodiscard]] int FindOnGrid(const CurveState& curve, float frequency);
 /// Puts `frequency` at its ascending place among the first `length` entries unless one within tolerance is
 /// there already or the grid is full. Returns the new length.

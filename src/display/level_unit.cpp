@@ -41,14 +41,22 @@ bool SetLevelUnit(bool dbc, Session& session, const Platform& platform, SetupSto
         }
         curve.g_CarrierDbm = static_cast<float>(tone1) - session.plan.g_powerOffset;
     }
+    ConvertLevelUnit(dbc, session);
+    store.Write("unit.ccz", dbc ? "1" : "0");
+    return true;
+}
+
+void ConvertLevelUnit(bool dbc, Session& session) {
+    CurveState& curve = session.curve;
+    if (dbc == (curve.g_UnitDbc != 0))
+        return;
     curve.g_UnitDbc = dbc ? 1 : 0;
-    const double shift = dbc ? -static_cast<double>(curve.g_CarrierDbm) : static_cast<double>(curve.g_CarrierDbm);
+    const double carrier = static_cast<double>(curve.g_CarrierDbm);
+    const double shift = dbc ? -carrier : carrier;
     ShiftLevel(session.panel.m_WorstLevelText, shift);
     ShiftLevel(session.panel.m_ReadingText, shift);
     session.panel.m_AlarmText = Fixed(NumberIn(session.panel.m_AlarmText) + shift, 1);
     curve.g_alarmLevel += static_cast<float>(shift);
-    store.Write("unit.ccz", dbc ? "1" : "0");
-    return true;
 }
 
 } // namespace qor

@@ -12,4 +12,8 @@ struct Session;
 /// False, with a message, when dBc is refused: no band is selected, or its tones differ in power.
 bool SetLevelUnit(bool dbc, Session& session, const Platform& platform, SetupStore& store);
 
+/// The conversion alone: the limit and the level texts of the panel move by g_CarrierDbm. Does nothing when
+/// the unit is shown already.
+void ConvertLevelUnit(bool dbc, Session& session);
+
 } // namespace qor

@@ -188,7 +188,7 @@ void Channel::OpenReplyOver() {
     }
     FinishTransaction();
     if (chainRead || tag == TagOption)
-        m_Events.MemoryReadDone(tag);
+        m_Events.MemoryReadMissed(tag);
 }
 
 void Channel::ReadSerialByte(bool high) {

@@ -26,7 +26,7 @@ public:
     /// A complete text-form memory reply.
     virtual void MemoryReply() = 0;
     /// A memory read of the chain is over without a text reply: read on the wait timer, or silent.
-    virtual void MemoryReadDone(int tag) = 0;
+    virtual void MemoryReadMissed(int tag) = 0;
     /// The instrument named its band switch position.
     virtual void PositionReply(int position) = 0;
     /// A level with a run on. `level` is the decimal text in dBm.

@@ -142,8 +142,8 @@ bool Channel::ErrorReply() {
     for (const auto& [words, verdict] : Errors) {
         if (m_Session.link.m_revdatastr.find(words) != std::string::npos) {
             m_Session.curve.g_MeasVerdict = verdict;
-            // The words stay, so that no level counts after an error for the rest of the run.
-            m_Session.link.m_revdatastr = words;
+            // In a run the words stay, so that no level counts after an error for the rest of it.
+            m_Session.link.m_revdatastr = m_Session.run.runOn ? words : std::string_view();
             return true;
         }
     }

@@ -264,6 +264,8 @@ void Connection::OnConnectWatch(int timer) {
     if (link.m_Type.empty()) {
         m_Platform.comm.SetPortOpen(false);
         link.g_bStartAfterConnect = false;
+        if (link.tagCommPend == 0) // no wait is left that would begin the search again
+            m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
         return;
     }
     link.portButton = PortButton::Close;

@@ -93,7 +93,8 @@ void Initialisation::DoInitPA() {
             m_Session.panel.lamp = Lamp::Ready;
         link.m_SetIMOrder.clear();
         if (link.g_isSWStart) {
-            link.m_devSN.clear(); // a chain that was cut short may have read a part of it
+            link.serialRead.clear();
+            link.memoryMissed = false;
             for (int tag = TagSerialFirst; tag <= TagSerialLast; ++tag)
                 link.queue.Append(ReadMemory(tag), tag);
         }
@@ -112,6 +113,7 @@ void Initialisation::QueueMemoryReads() {
         link.queue.Append(ReadMemory(95), TagTypeCode);
         if (FirmwareFrom(link.FirmVersion, 62)) {
             link.g_EqName.clear();
+            link.memoryMissed = false;
             for (int tag = TagModelFirst; tag <= TagModelLast; ++tag)
                 link.queue.Append(ReadMemory(tag), tag);
         }
@@ -205,11 +207,13 @@ void Initialisation::MemoryReply() {
             NextStep();
         }
     } else if (link.g_init == InitSerial && link.g_isSWStart && tag >= TagSerialFirst && tag <= TagSerialLast) {
-        if (isCharacter) {
-            link.m_devSN += static_cast<char>(value);
-            link.g_DeviceSN = link.m_devSN;
-        }
+        if (isCharacter)
+            link.serialRead += static_cast<char>(value);
         if (tag == TagSerialLast) {
+            if (!link.memoryMissed && !link.serialRead.empty()) {
+                link.m_devSN = link.serialRead;
+                link.g_DeviceSN = link.m_devSN;
+            }
             link.g_init = InitSerialDone;
             link.g_isSWStart = false;
         }
@@ -218,13 +222,19 @@ void Initialisation::MemoryReply() {
     }
 }
 
+void Initialisation::MemoryReadMissed(int tag) {
+    m_Session.link.memoryMissed = tag != TagOption;
+    MemoryReadDone(tag);
+}
+
 void Initialisation::MemoryReadDone(int tag) {
     LinkState& link = m_Session.link;
     if (link.g_init != InitMemory)
         return;
     const bool modelFollows = FirmwareFrom(link.FirmVersion, 62);
     if (tag == TagModelLast) {
-        if (!link.g_EqName.empty()) {
+        // A name with a hole in it is worse than the banner's.
+        if (!link.g_EqName.empty() && !link.memoryMissed) {
             link.g_ModelName = link.g_EqName;
             link.m_revdatastr_name = link.g_EqName;
         }

@@ -26,14 +26,15 @@ public:
     /// Names the band of an echoed or asked switch position and, during the chain, goes on.
     void PositionReply(int position);
     void MemoryReply();
-    /// A read of step 1 is over without a text reply that could end the step.
-    void MemoryReadDone(int tag);
+    /// A memory read is over without a text reply: read on the wait timer, or never answered.
+    void MemoryReadMissed(int tag);
     void OnBandWaitTimer(); ///< HardBandInitOn
 
 private:
     void Prepare();
     void NextStep();
     void QueueMemoryReads();
+    void MemoryReadDone(int tag);
 
     Session& m_Session;
     const Platform& m_Platform;

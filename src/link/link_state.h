@@ -54,6 +54,8 @@ struct LinkState {
     std::string g_EqName;
     std::string g_IMType;
     std::string m_devSN;
+    std::string serialRead;   ///< characters of the serial number as they come
+    bool memoryMissed = false; ///< a character of the text being read was never answered
     std::string g_DeviceSN = "00000";
     std::uint8_t g_InstrStatus = 0x64;
     std::string g_BandCmd;       ///< the last #SABn

@@ -47,6 +47,7 @@ public:
 
 private:
     void BeginRun();
+    void StartFirstRun();
     [[nodiscard]] bool TakePath();
     [[nodiscard]] bool TakeBandAndPlan(std::string& prefix);
     void TakePlan(const FrequencyPlan& plan);
@@ -88,6 +89,7 @@ private:
     void RefreshWorstTexts();
     void SettleCurve();
     void SaveRepeat();
+    void CountLastPass();
     void CommonFinish();
 
     Session& m_Session;

@@ -35,6 +35,7 @@ void Measurement::StopMeas() {
     run.g_bSweepIntervalOk = true;
     run.g_SweepIntervalLeft = run.g_SweepInterval;
     run.g_SweepPhase = PhaseIdle;
+    m_Session.link.g_CurParam = 0; // an external receiver is not read any more for the step under way
     if (run.g_TestMode == ModeTwoTone) {
         queue.Append("#M2T0");
     } else {
@@ -53,6 +54,13 @@ void Measurement::StopMeas() {
     panel.m_fIM_text = panel.m_WorstFreqText;
     queue.Append("#SMREF");
     CommonFinish();
+}
+
+/// Counts the pass that a run ends with, unless its numbered file has counted it.
+void Measurement::CountLastPass() {
+    RunState& run = m_Session.run;
+    if (!run.tagEndless || run.g_bReplaceData)
+        ++run.passes;
 }
 
 void Measurement::AbandonRun() {

@@ -123,7 +123,7 @@ void Measurement::BeginRun() {
     if (!link.m_devSN.empty())
         link.g_DeviceSN = link.m_devSN; // a file that was shown has its own serial number
     if (link.queue.Empty() || FirmwareFrom(link.FirmVersion, 43))
-        StartMeas();
+        StartFirstRun();
     else
         m_Platform.timers.SetTimer(restarttimer, RestartPeriod);
 }
@@ -132,7 +132,13 @@ void Measurement::OnRestartTimer() {
     if (!m_Session.link.queue.Empty())
         return;
     m_Platform.timers.KillTimer(restarttimer);
+    StartFirstRun();
+}
+
+void Measurement::StartFirstRun() {
     StartMeas();
+    if (!m_Session.run.runOn)
+        m_Channel.ArmStatusPoll(); // refused: an idle link is watched as before
 }
 
 void Measurement::StartMeas() {

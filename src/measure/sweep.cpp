@@ -171,7 +171,8 @@ void Measurement::LineIdle() {
     RunState& run = m_Session.run;
     CommandQueue& queue = m_Session.link.queue;
     if (run.g_SweepPhase == PhaseStepped) {
-        if (!queue.Empty())
+        // A slow line may still owe the last level when the closing delay is over.
+        if (!queue.Empty() || m_Session.link.tagCommPend != 0)
             return;
         if (m_Session.curve.g_runCount == m_Session.curve.g_runIndex + 1 && !run.tagEndless) {
             queue.Append("#SPA0");
@@ -226,7 +227,7 @@ void Measurement::DecideSweepEnd() {
         }
         return;
     }
-    ++run.passes;
+    CountLastPass();
     m_Session.panel.m_ReadingText = Fixed(NumberIn(m_Session.panel.m_WorstLevelText), 1);
     m_Session.panel.m_fIM_text = m_Session.panel.m_WorstFreqText;
     for (const char* text : {"#SMREF", "#SPA0", "#SPB0"})

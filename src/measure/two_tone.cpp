@@ -63,7 +63,7 @@ void Measurement::DecideTwoToneEnd() {
             StartMeas();
         return; // the last one ends on the next tick
     }
-    ++run.passes;
+    CountLastPass();
     m_Session.link.queue.Clear();
     m_Platform.timers.KillTimer(T2messuretimer);
     if (!Internal())

@@ -18,8 +18,8 @@ struct ResultFile {
         float power = 0; ///< dBm at the device under test
     };
     struct Row {
-        float x = 0;     ///< seconds in 2-tone, IM frequency in MHz in a sweep
-        float level = 0; ///< dBm, or dBc when inDbc
+        double x = 0;    ///< seconds in 2-tone, IM frequency in MHz in a sweep
+        float level = 0; ///< dBm, or dBc when inDbc; 0.0 or above is no point
     };
     enum class Form {
         Current,
@@ -35,8 +35,8 @@ struct ResultFile {
     bool twoTone = true;
     std::string model;
     std::string serial;
-    std::string date; ///< "YYYYMMDD"
-    std::string time; ///< "HH:MM"
+    std::string date;      ///< "YYYYMMDD"
+    std::string time;      ///< "HH:MM"
     std::vector<Row> up;   ///< 2-tone: all rows in time order; sweep: the up curve
     std::vector<Row> down; ///< sweep: the down curve
     std::optional<float> limit;
@@ -45,9 +45,10 @@ struct ResultFile {
     std::string comment; ///< line feeds alone
 };
 
-/// Rows are read from this many bytes of a file at the most; 2000 rows of up to 100 s take 30000.
-inline constexpr std::size_t RowsWithin = 34000;
-/// A longer file is no result: even the longest run with its comment stays below.
+/// A row counts when it begins before this byte of the text. The whole file is looked at nevertheless: one
+/// that is cut short behind its last counted row is refused as any other.
+inline constexpr std::size_t RowsBefore = 33797;
+/// A longer file is no result: a sweep of 2000 points up and down, with its comment, stays below.
 inline constexpr std::size_t LongestResultFile = 65536;
 
 /// The text of a result in its line-feed form, header offsets to the byte.

@@ -7,8 +7,8 @@ namespace qor {
 
 namespace {
 
-constexpr std::size_t FieldWidth = 6;  ///< of frequencies and times
-constexpr std::size_t LevelWidth = 9;  ///< ";-098.70" and the line feed
+constexpr std::size_t FieldWidth = 6; ///< of frequencies and times
+constexpr std::size_t LevelWidth = 9; ///< ";-098.70" and the line feed
 constexpr std::size_t ModelWidth = 7;
 constexpr std::size_t SerialWidth = 5;
 
@@ -43,7 +43,7 @@ void AppendLevel(std::string& out, float level) {
 
 void AppendRows(std::string& out, const std::vector<ResultFile::Row>& rows, int decimals) {
     for (const ResultFile::Row& row : rows) {
-        AppendPadded(out, static_cast<double>(row.x), decimals);
+        AppendPadded(out, row.x, decimals);
         AppendLevel(out, row.level);
     }
 }

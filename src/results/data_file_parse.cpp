@@ -7,8 +7,7 @@ namespace qor {
 
 namespace {
 
-/// Line ends back to line feeds and, for a .dat, nibbles back in their places. A .dat that was scrambled
-/// with its carriage returns reads the same.
+/// Line ends back to line feeds and, for a .dat, nibbles back in their places.
 std::string Decode(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
@@ -25,33 +24,39 @@ std::string Decode(std::string_view bytes) {
             break;
         c = static_cast<char>(static_cast<unsigned char>((byte << 4) | (byte >> 4)));
     }
-    std::erase(text, '\r');
     return text;
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
 }
 
 /// Decimal of digits with one point and an optional minus, at most 15 digits; false for anything else.
 bool ReadDecimal(std::string_view text, double& value) {
-    static constexpr double Powers[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    static constexpr double Powers[] = {1,   10,  100,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     const bool negative = text.starts_with('-');
     if (negative)
         text.remove_prefix(1);
     if (text.empty() || text.size() > 15)
         return false;
     double digits = 0;
+    std::size_t count = 0;
     std::size_t decimals = 0;
     bool point = false;
     for (const char c : text) {
         if (c == '.' && !point) {
             point = true;
-        } else if (c >= '0' && c <= '9') {
+        } else if (IsDigit(c)) {
             digits = digits * 10 + (c - '0');
+            ++count;
             decimals += point ? 1 : 0;
         } else {
             return false;
         }
     }
     value = (negative ? -digits : digits) / Powers[decimals];
-    return true;
+    return count > 0;
 }
 
 /// Reads a text from its start, line by line.
@@ -93,8 +98,9 @@ bool TakeNumber(std::string_view& line, std::string_view label, float& value) {
 }
 
 bool ReadTone(std::string_view line, std::string_view name, ResultFile::Tone& tone) {
-    return line.starts_with(name) && TakeNumber(line, name, tone.fix) && TakeNumber(line, "START ", tone.start) &&
-           TakeNumber(line, "STOP ", tone.stop) && TakeNumber(line, "POWER +", tone.power);
+    return line.starts_with(name) && TakeNumber(line, name, tone.fix) &&
+           TakeNumber(line, "START ", tone.start) && TakeNumber(line, "STOP ", tone.stop) &&
+           TakeNumber(line, "POWER +", tone.power);
 }
 
 std::string_view Trimmed(std::string_view text) {
@@ -126,7 +132,8 @@ bool ReadModelLine(std::string_view line, ResultFile& file) {
     file.model = Trimmed(line.substr(Before.size(), at - Before.size()));
     // An older header is wider: the serial stands in eleven places, filled up with blanks.
     const std::string_view serial = line.substr(at + Between.size());
-    file.form = serial.size() > 5 || serial.starts_with(' ') ? ResultFile::Form::WideHeader : ResultFile::Form::Current;
+    file.form = serial.size() > 5 || serial.starts_with(' ') ? ResultFile::Form::WideHeader
+                                                             : ResultFile::Form::Current;
     file.serial = Trimmed(serial);
     return true;
 }
@@ -138,8 +145,10 @@ bool ReadDateLine(std::string_view line, ResultFile& file) {
         return false;
     file.date = line.substr(0, blank);
     file.time = Trimmed(line.substr(blank));
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    return std::all_of(file.date.begin(), file.date.end(), isDigit) && file.time.size() == 5 && file.time[2] == ':';
+    if (file.time.size() != 5 || file.time[2] != ':')
+        return false;
+    const std::string digits = file.date + file.time.substr(0, 2) + file.time.substr(3);
+    return std::all_of(digits.begin(), digits.end(), IsDigit);
 }
 
 enum class RowsEnd { Complete, CutShort, NotARow };
@@ -149,7 +158,7 @@ RowsEnd ReadRows(Lines& lines, std::vector<ResultFile::Row>& rows) {
     std::string_view line;
     bool whole = false;
     bool counts = true; // a level of 0 or above ends the list
-    while (lines.Next(line, whole)) {
+    for (std::size_t begin = lines.Position(); lines.Next(line, whole); begin = lines.Position()) {
         if (line.empty())
             return RowsEnd::Complete;
         const std::size_t separator = line.find(';');
@@ -161,22 +170,25 @@ RowsEnd ReadRows(Lines& lines, std::vector<ResultFile::Row>& rows) {
             return RowsEnd::CutShort;
         if (!good)
             return RowsEnd::NotARow;
-        counts = counts && level < 0 && lines.Position() <= RowsWithin;
+        counts = counts && level < 0 && begin < RowsBefore;
         if (counts)
-            rows.push_back({static_cast<float>(x), static_cast<float>(level)});
+            rows.push_back({x, static_cast<float>(level)});
     }
     return RowsEnd::CutShort;
 }
 
-/// Splits the rows of a sweep: the up curve rises, whatever follows is the down curve.
+/// Splits the rows of a sweep: the up curve rises, whatever follows is the down curve. A row without a
+/// frequency ends the list.
 void SplitSweep(ResultFile& file) {
-    auto k = file.up.begin();
-    if (k != file.up.end())
-        ++k;
-    while (k != file.up.end() && static_cast<double>(k->x) >= static_cast<double>((k - 1)->x) - 0.1 && k->x > 0.1f)
-        ++k;
-    file.down.assign(k, file.up.end());
-    file.up.erase(k, file.up.end());
+    std::vector<ResultFile::Row>& rows = file.up;
+    rows.erase(std::find_if(rows.begin(), rows.end(), [](const auto& row) { return row.x <= 0.1; }),
+               rows.end());
+    const auto turn = std::adjacent_find(rows.begin(), rows.end(),
+                                         [](const auto& a, const auto& b) { return b.x < a.x - 0.1; });
+    if (turn == rows.end())
+        return;
+    file.down.assign(turn + 1, rows.end());
+    rows.erase(turn + 1, rows.end());
 }
 
 /// A 2-tone list ends where time does not go on.
@@ -210,7 +222,8 @@ bool ReadTrailer(Lines& lines, ResultFile& file) {
     else
         lines.BackTo(behind);
     file.comment = lines.Rest();
-    file.comment.erase(std::find(file.comment.begin(), file.comment.end(), '\0'), file.comment.end());
+    for (std::string* behind0 : {&file.dutSerial, &file.comment}) // what follows a zero byte is no text
+        behind0->erase(std::find(behind0->begin(), behind0->end(), '\0'), behind0->end());
     return true;
 }
 
@@ -224,9 +237,9 @@ ParsedResult ReadHeadedForm(std::string_view text) {
     std::string_view line;
     bool whole = false;
     const auto next = [&] { return lines.Next(line, whole) && whole; };
-    if (!next() || !ReadTone(line, "f1 ", file.tone1) || !next() || !ReadTone(line, "f2 ", file.tone2) || !next() ||
-        !ReadMeasLine(line, file) || !next() || !ReadModelLine(line, file) || !next() || !ReadDateLine(line, file) ||
-        !next() || !line.empty())
+    if (!next() || !ReadTone(line, "f1 ", file.tone1) || !next() || !ReadTone(line, "f2 ", file.tone2) ||
+        !next() || !ReadMeasLine(line, file) || !next() || !ReadModelLine(line, file) || !next() ||
+        !ReadDateLine(line, file) || !next() || !line.empty())
         return Refused("This is not a result file, or its header is damaged.");
     switch (ReadRows(lines, file.up)) {
     case RowsEnd::Complete:
@@ -236,14 +249,14 @@ ParsedResult ReadHeadedForm(std::string_view text) {
     case RowsEnd::NotARow:
         return Refused("One of its data rows is damaged.");
     }
-    if (file.up.empty())
-        return Refused("The file holds no measured level.");
     if (!ReadTrailer(lines, file))
         return Refused("The file ends before its limit line.");
     if (file.twoTone)
         EndAtTime(file.up);
     else
         SplitSweep(file);
+    if (file.up.empty())
+        return Refused("The file holds no measured level.");
     return {std::move(file), {}};
 }
 
@@ -256,7 +269,8 @@ public:
         ResultFile file;
         file.form = ResultFile::Form::Oldest;
         std::vector<double> frequencies;
-        while (m_At + FieldWidth <= m_Text.size() && Field().find_first_of("\r\n") == std::string_view::npos) {
+        while (m_At + FieldWidth <= m_Text.size() &&
+               Field().find_first_of("\r\n") == std::string_view::npos) {
             if (frequencies.size() == MostFields)
                 return Refused("This is not a result file.");
             double frequency = 0;
@@ -285,13 +299,14 @@ private:
 
     [[nodiscard]] std::string_view Field() const { return m_Text.substr(m_At, FieldWidth); }
 
-    bool ReadLevels(const std::vector<double>& frequencies, bool twoTone, std::vector<ResultFile::Row>& rows) {
+    bool ReadLevels(const std::vector<double>& frequencies, bool twoTone,
+                    std::vector<ResultFile::Row>& rows) {
         for (std::size_t i = 0; i < frequencies.size(); ++i, m_At += FieldWidth + 1) {
             double level = 0;
             if (m_At + FieldWidth > m_Text.size() || !ReadDecimal(Trimmed(Field()), level))
                 return false;
             const double x = twoTone ? static_cast<double>(i) * 0.1 : frequencies[i];
-            rows.push_back({static_cast<float>(x), static_cast<float>(level)});
+            rows.push_back({x, static_cast<float>(level)});
         }
         return true;
     }
@@ -307,9 +322,10 @@ ParsedResult ParseResult(std::string_view bytes) {
         return Refused("The file is empty.");
     if (bytes.size() > LongestResultFile)
         return Refused("The file is too long for a result.");
-    const std::string text = Decode(bytes);
+    std::string text = Decode(bytes);
     if (text.find('f') == std::string::npos)
         return OldestReader(text).Read();
+    std::erase(text, '\r'); // a .dat that was scrambled together with its carriage returns
     return ReadHeadedForm(text);
 }
 

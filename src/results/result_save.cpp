@@ -28,27 +28,35 @@ std::string OneLine(std::string text) {
     return text;
 }
 
-/// 2-tone points in time order, up to the last one measured.
+/// Level in the unit of a file; what was not measured stays 0.0 in either unit.
+float InUnit(float level, float reference) {
+    return level == 0.0f ? 0.0f : level - reference;
+}
+
+/// 2-tone points in time order. A run that was stopped has rows up to its last measured point only: a row
+/// for a point that is not there would state a level nobody measured.
 std::vector<ResultFile::Row> TwoToneRows(const CurveState& curve, float reference) {
     const int time = std::max(curve.tone2SetTimes, 1);
-    auto count = static_cast<std::size_t>(std::clamp(curve.g_testTimeMs / time + 1, 0, static_cast<int>(CurvePoints)));
+    auto count =
+        static_cast<std::size_t>(std::clamp(curve.g_testTimeMs / time + 1, 0, static_cast<int>(CurvePoints)));
     while (count > 0 && curve.g_levelUp[count - 1] == 0.0f)
         --count;
     std::vector<ResultFile::Row> rows;
     rows.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         const int ms = static_cast<int>(i) * time;
-        rows.push_back({static_cast<float>(ms) / 1000.0f, curve.g_levelUp[i] - reference});
+        rows.push_back({ms / 1000.0, InUnit(curve.g_levelUp[i], reference)});
     }
     return rows;
 }
 
-std::vector<ResultFile::Row> SweepRows(const CurveState& curve, std::span<const float> levels, float reference) {
+std::vector<ResultFile::Row> SweepRows(const CurveState& curve, std::span<const float> levels,
+                                       float reference) {
     const std::size_t length = std::min(GridLength(curve.g_freqGrid), levels.size());
     std::vector<ResultFile::Row> rows;
     for (std::size_t i = 0; i < length; ++i) {
         if (levels[i] != 0.0f)
-            rows.push_back({curve.g_freqGrid[i], levels[i] - reference});
+            rows.push_back({static_cast<double>(curve.g_freqGrid[i]), InUnit(levels[i], reference)});
     }
     return rows;
 }
@@ -95,14 +103,17 @@ std::optional<ResultFile> ResultFiles::Collect() {
     results.g_comment = m_Store.Read("Add_comments.ccz", LongestComment).value_or("");
 
     ResultFile file;
-    if (curve.g_fromFile && results.loaded) {
-        file = *results.loaded; // a curve that came from a file keeps that file's header
+    // A curve that came from a file keeps that file's header, if it had one.
+    if (curve.g_fromFile && results.loaded && results.loaded->form != ResultFile::Form::Oldest) {
+        file = *results.loaded;
     } else {
         if (!DescribeSetup(file))
             return std::nullopt;
         file.order = OrderOf(m_Session.select.m_IMIndex);
-        file.model = m_Session.link.g_ModelName;
-        file.serial = OneLine(m_Session.link.g_DeviceSN);
+        if (!curve.g_fromFile) { // the instrument connected did not measure what a file held
+            file.model = OneLine(m_Session.link.g_ModelName);
+            file.serial = OneLine(m_Session.link.g_DeviceSN);
+        }
         const LocalTime now = m_Platform.clock.Now();
         file.date = std::to_string(now.year) + ZeroPadded(now.month, 2) + ZeroPadded(now.day, 2);
         file.time = ZeroPadded(now.hour, 2) + ":" + ZeroPadded(now.minute, 2);
@@ -128,8 +139,9 @@ bool ResultFiles::DescribeSetup(ResultFile& file) {
     const PlanState& plan = m_Session.plan;
     const int imIndex = m_Session.select.m_IMIndex;
     // The band of the run: a reconnection may have found the instrument's switch elsewhere.
-    const int number = HoldsPoints(m_Session.curve) && plan.g_MeasBand != BandNone ? plan.g_MeasBand
-                                                                                    : m_Session.select.m_BandId;
+    const int number = HoldsPoints(m_Session.curve) && plan.g_MeasBand != BandNone
+                           ? plan.g_MeasBand
+                           : m_Session.select.m_BandId;
     const BandInfo* band = FindBand(number);
     if (!band || (IsTetra(number) && imIndex > 3))
         return false;

@@ -5,8 +5,10 @@
 #include "core/session.h"
 #include "core/text_format.h"
 #include "display/curve_store.h"
+#include "display/level_unit.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
+#include "results/report_lines.h"
 #include "results/result_files.h"
 
 #include <algorithm>
@@ -23,7 +25,9 @@ namespace {
 /// Band of a file by its two fixed tones, MHz. The two LTE 700 half bands share their tones with others, so
 /// one that is selected stays.
 int BandOfTones(float f1, float f2, int selected) {
-    const auto both = [f1, f2](float low, float high) { return f1 > low && f2 > low && f1 < high && f2 < high; };
+    const auto both = [f1, f2](float low, float high) {
+        return f1 > low && f2 > low && f1 < high && f2 < high;
+    };
     if (selected == BandLte700L || selected == BandLte700U)
         return selected;
     if (f1 < 800.0f)
@@ -49,6 +53,12 @@ int BandOfTones(float f1, float f2, int selected) {
 
 /// Reads at most one byte more than a result can have.
 bool ReadBytes(const std::filesystem::path& path, std::string& bytes, std::string& reason) {
+    std::error_code unknown;
+    const auto status = std::filesystem::status(path, unknown);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        reason = "not a regular file"; // reading a pipe would wait for ever
+        return false;
+    }
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"), &std::fclose);
     if (!file) {
         reason = std::strerror(errno);
@@ -63,16 +73,6 @@ bool ReadBytes(const std::filesystem::path& path, std::string& bytes, std::strin
     return true;
 }
 
-std::string Pair(float first, float second, std::string_view unit) {
-    std::string row = Fixed(static_cast<double>(first), 1);
-    row += unit;
-    if (row.size() < 15)
-        row.append(15 - row.size(), ' ');
-    AppendFixed(row, static_cast<double>(second), 1);
-    row += unit;
-    return row;
-}
-
 std::string WithCarriageReturns(const std::string& text) {
     std::string out;
     for (const char c : text) {
@@ -81,12 +81,6 @@ std::string WithCarriageReturns(const std::string& text) {
         out += c;
     }
     return out;
-}
-
-void ShiftLevel(std::string& text, double by) {
-    const double level = NumberIn(text);
-    if (level < -0.1)
-        text = Fixed(level + by, 1);
 }
 
 } // namespace
@@ -98,7 +92,7 @@ bool ResultFiles::CurrentShow(const std::filesystem::path& path) {
     std::string bytes;
     std::string reason;
     if (!ReadBytes(path, bytes, reason))
-        return Refuse(path.string() + ": " + reason);
+        return Refuse(path.string() + ": " + reason + ". Please choose another file.");
     ParsedResult parsed = ParseResult(bytes);
     if (!parsed.file)
         return Refuse(path.string() + ": " + parsed.problem + " Please choose another file.");
@@ -112,10 +106,13 @@ void ResultFiles::Apply(const ResultFile& file, const std::filesystem::path& pat
     ClearLevels(curve);
     curve.g_freqGrid.fill(0);
     curve.g_worstText = path.filename().string();
-    if (curve.g_worstText.find(".dat") == std::string::npos && curve.g_worstText.find(".DAT") == std::string::npos)
+    if (curve.g_worstText.find(".dat") == std::string::npos &&
+        curve.g_worstText.find(".DAT") == std::string::npos)
         curve.g_worstText += " <The graph is invalid for official report as it's not loaded from DAT file>";
     curve.g_MeasVerdict = VerdictPassed; // judged afresh by the limit check
+    curve.g_shownRun = 0;                // a file holds one run
     curve.g_fromFile = 1;
+    curve.g_worstFreq = curve.g_worstLevel = 0;
     m_Session.run.g_TestMode = file.twoTone ? ModeTwoTone : ModeSweep;
     m_Session.panel.m_Mode_sel = file.twoTone ? TwoToneText : SweepText;
 
@@ -131,9 +128,14 @@ void ResultFiles::Apply(const ResultFile& file, const std::filesystem::path& pat
     m_Session.results.loaded->down.clear();
 
     const bool internal = m_Session.receiver.tagReceiver == 1;
-    curve.g_curveDirty = 0;
     UpdateCurveArrays(curve, internal);
     SearchMaxima(curve);
+    curve.g_curveDirty = 1; // the plot has to follow
+    Panel& panel = m_Session.panel;
+    const bool known = curve.g_worstLevel != 0;
+    panel.m_WorstFreqText =
+        known && curve.g_worstFreq > 0 ? Fixed(static_cast<double>(curve.g_worstFreq), 1) : "";
+    panel.m_WorstLevelText = known ? Fixed(static_cast<double>(curve.g_worstLevel), 1) : "";
 }
 
 /// Texts, selection and stores by the header.
@@ -163,30 +165,29 @@ void ResultFiles::ApplyHeader(const ResultFile& file) {
     lines[ReportBand] = std::string(band->reportText) + "/" + file.model + "/" + file.serial;
     lines[ReportIM] = panel.m_IM_sel;
     lines[ReportMode] = panel.m_Mode_sel;
-    lines[ReportPower] = Pair(file.tone1.power, file.tone2.power, "dBm");
-    lines[ReportFix] = Pair(file.tone1.fix, file.tone2.fix, "MHz");
-    lines[ReportStart] = file.twoTone ? std::string() : Pair(file.tone1.start, file.tone2.start, "MHz");
-    lines[ReportStop] = file.twoTone ? std::string() : Pair(file.tone1.stop, file.tone2.stop, "MHz");
-    lines[ReportDate] = file.date.substr(0, 4) + "-" + file.date.substr(4, 2) + "-" + file.date.substr(6, 2) + " " + file.time;
+    const auto row = [](float first, float second, std::string_view unit) {
+        return TwoValues(static_cast<double>(first), static_cast<double>(second), unit);
+    };
+    lines[ReportColumns] = "Signal Gen 1---Signal Gen 2";
+    lines[ReportPower] = row(file.tone1.power, file.tone2.power, "dBm");
+    lines[ReportFix] = row(file.tone1.fix, file.tone2.fix, "MHz");
+    lines[ReportStart] = file.twoTone ? std::string() : row(file.tone1.start, file.tone2.start, "MHz");
+    lines[ReportStop] = file.twoTone ? std::string() : row(file.tone1.stop, file.tone2.stop, "MHz");
+    lines[ReportDate] = file.date.substr(0, 4) + "-" + file.date.substr(4, 2) + "-" + file.date.substr(6, 2) +
+                        " " + file.time;
 }
 
 /// The panel takes the unit and the limit of the file.
 void ResultFiles::ApplyUnit(const ResultFile& file) {
     CurveState& curve = m_Session.curve;
     Panel& panel = m_Session.panel;
-    const bool wasDbc = curve.g_UnitDbc != 0;
-    const double oldCarrier = static_cast<double>(curve.g_CarrierDbm);
     if (file.inDbc) {
-        const bool same = std::abs(file.tone1.power - file.tone2.power) <= 0.1f;
+        const int tenths1 = ToTenths(static_cast<double>(file.tone1.power));
+        const int tenths2 = ToTenths(static_cast<double>(file.tone2.power));
+        const bool same = std::abs(tenths1 - tenths2) <= 1;
         curve.g_CarrierDbm = same ? file.tone1.power - m_Session.plan.g_powerOffset : 43.0f;
     }
-    if (file.inDbc != wasDbc) {
-        const double shift = file.inDbc ? -static_cast<double>(curve.g_CarrierDbm) : oldCarrier;
-        ShiftLevel(panel.m_WorstLevelText, shift);
-        ShiftLevel(panel.m_ReadingText, shift);
-        curve.g_alarmLevel += static_cast<float>(shift);
-        curve.g_UnitDbc = file.inDbc ? 1 : 0;
-    }
+    ConvertLevelUnit(file.inDbc, m_Session);
     if (file.limit) {
         curve.g_alarmLevel = *file.limit;
         const float absolute = *file.limit + (file.inDbc ? curve.g_CarrierDbm : 0.0f);
@@ -199,12 +200,15 @@ void ResultFiles::ApplyUnit(const ResultFile& file) {
 void ResultFiles::ApplyTwoTone(const ResultFile& file) {
     CurveState& curve = m_Session.curve;
     const float reference = file.inDbc ? curve.g_CarrierDbm : 0.0f;
-    const auto most = static_cast<std::size_t>(std::clamp(curve.g_plotWidth + 1, 1, static_cast<int>(CurvePoints)));
+    const auto most =
+        static_cast<std::size_t>(std::clamp(curve.g_plotWidth + 1, 1, static_cast<int>(CurvePoints)));
     const std::size_t count = std::min(file.up.size(), most);
     for (std::size_t i = 0; i < count; ++i)
         curve.g_levelUp[i] = file.up[i].level + reference;
     curve.StoreDataPot = static_cast<int>(count);
-    const auto ms = [&file](std::size_t i) { return static_cast<int>(std::lround(std::min(file.up[i].x, 2e6f) * 1000.0f)); };
+    const auto ms = [&file](std::size_t i) {
+        return static_cast<int>(std::lround(std::min(file.up[i].x, 2e6) * 1000));
+    };
     curve.g_testTimeMs = count > 0 && ms(count - 1) > 0 ? ms(count - 1) : 1000;
     if (count > 1)
         curve.g_forcedMsPerPoint = ms(1) - ms(0);
@@ -220,7 +224,6 @@ void ResultFiles::ApplyTwoTone(const ResultFile& file) {
     const int k = file.order / 2;
     const double worst = lower ? (k + 1) * f1 - k * f2 : (k + 1) * f2 - k * f1;
     curve.g_worstFreq = static_cast<float>(worst);
-    m_Session.panel.m_WorstFreqText = Fixed(worst, 1);
 }
 
 void ResultFiles::ApplySweep(const ResultFile& file) {
@@ -230,15 +233,12 @@ void ResultFiles::ApplySweep(const ResultFile& file) {
     std::size_t length = 0;
     for (const auto* rows : {&file.down, &file.up}) {
         for (const ResultFile::Row& row : *rows)
-            length = InsertIntoGrid(grid, length, row.x);
+            length = InsertIntoGrid(grid, length, static_cast<float>(row.x));
     }
     const auto place = [&](const std::vector<ResultFile::Row>& rows, std::span<float> levels) {
         for (const ResultFile::Row& row : rows) {
-            const auto at = std::lower_bound(grid.begin(), grid.begin() + static_cast<std::ptrdiff_t>(length), row.x,
-                                             [](float g, float x) { return static_cast<double>(g - x) <= -GridTolerance; });
-            const auto index = static_cast<std::size_t>(at - grid.begin());
-            if (index < length && std::abs(static_cast<double>(*at - row.x)) < GridTolerance)
-                levels[index] = row.level + reference;
+            if (const int index = FindInGrid(grid.first(length), static_cast<float>(row.x)); index >= 0)
+                levels[static_cast<std::size_t>(index)] = row.level + reference;
         }
     };
     place(file.up, curve.g_levelUp);

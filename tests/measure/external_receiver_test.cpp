@@ -1,0 +1,198 @@
+#include "core/text_format.h"
+#include "platform/visa.h"
+#include "support/wire_reading.h"
+
+#include <cmath>
+
+namespace qor::test {
+
+namespace {
+
+/// An external receiver that sees what the instrument sends out now: a product at 890.0 MHz reads -44.50 dBm,
+/// so that a reading taken at the wrong moment lands wrong. In 2-tone the readings count instead.
+class SeeingReceiver final : public VisaLibrary, public PowerSensorLibrary {
+public:
+    Rig* rig = nullptr;
+    bool counts = false;
+    int reads = 0;
+    std::vector<std::string> written;
+
+    [[nodiscard]] double Level() {
+        ++reads;
+        const sim::InstrumentSettings& now = rig->instrument.Settings();
+        return counts ? -40.0 - reads / 10.0 : -(2 * now.frequency1 - now.frequency2) / 200.0;
+    }
+    VisaStatus OpenDefaultRM(VisaSession&) override { return -1; }
+    VisaStatus Open(VisaSession, std::string_view, VisaSession&) override { return -1; }
+    VisaStatus Close(VisaSession) override { return 0; }
+    VisaStatus SetAttribute(VisaSession, VisaAttribute, std::uint32_t) override { return 0; }
+    VisaStatus Write(VisaSession, std::string_view text) override {
+        written.emplace_back(text);
+        return 0;
+    }
+    VisaStatus Read(VisaSession, std::size_t, std::string& reply) override {
+        reply = Fixed(Level(), 2) + "\n";
+        written.emplace_back("<");
+        return 0;
+    }
+    void ReadMeasurement(std::uint32_t, int, int, double& watts) override { watts = std::pow(10.0, Level() / 10) / 1000; }
+};
+
+struct Kind {
+    int kind;
+    std::vector<std::string> inTick; ///< texts of one reading in a 2-tone tick
+    std::vector<std::string> inStep; ///< the same in a sweep step
+};
+
+const std::vector<Kind> Kinds{
+    {ReceiverAnalyser, {"CALC:MARK1:Y?", "<", "INIT;*WAI"}, {"INIT;*WAI", "CALC:MARK1:Y?", "<"}},
+    {ReceiverNrv, {"SENS:DATA:AMPL?", "<"}, {"SENS:DATA:AMPL?", "<"}},
+    {ReceiverNrp, {"MEAS?", "<"}, {"MEAS?", "<"}},
+    {ReceiverSensor, {}, {}},
+};
+const std::vector<std::string> MarkerSetUp{"CALC:MARK1 ON", "INIT;*WAI", "CALC:MARK:STAT ON", "CALC:MARK:TRAC 1",
+                                     "CALC:MARK:MAX:AUTO ON"};
+
+struct ExternalRig {
+    SeeingReceiver receiver;
+    Rig rig;
+
+    ExternalRig(int kind, const char* firmware) : rig({.firmware = firmware}, &receiver, &receiver) {
+        receiver.rig = &rig;
+        rig.S().receiver.tagReceiver = 0;
+        rig.S().receiver.g_ExtRxKind = kind;
+        rig.program.Stores().Write("AlarmUp.ccz", "-30.0");
+    }
+    bool Ready(int mode) {
+        return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle();
+    }
+};
+
+std::vector<std::string> Centre(int tenths) {
+    return {"FREQUENCY:CENTER " + std::to_string(tenths / 10) + "000000Hz"};
+}
+
+} // namespace
+
+TEST(ExternalReceiver, TwoToneSettlesSeventeenTicksAndStoresFiftyOnePoints) {
+    for (const Kind& kind : Kinds) {
+        SCOPED_TRACE("kind " + std::to_string(kind.kind));
+        ExternalRig e(kind.kind, "6.2");
+        ASSERT_TRUE(e.Ready(ModeTwoTone));
+        e.receiver.counts = true;
+        e.receiver.written.clear();
+        const auto sent = SentDuring(e.rig, [&] { ASSERT_TRUE(e.rig.Measure()); });
+        EXPECT_EQ(Joined(sent), "#SAB3 #M2T1 #SR #RECUT1 #SMREF #SFA09350 #SFB09600 #M2T0 #SMREF ");
+        const CurveState& curve = e.rig.S().curve;
+        EXPECT_EQ(curve.StoreDataPot, 51);
+        EXPECT_EQ(e.receiver.reads, 17 + 51);
+        for (std::size_t i = 0; i < 51; ++i)
+            EXPECT_NEAR(curve.g_levelUp[i], -40.0f - static_cast<float>(i + 18) / 10.0f, 0.001f);
+        auto texts = Chain({{"INIT:CONT OFF"}, Centre(9100), MarkerSetUp});
+        for (int i = 0; i < 68; ++i)
+            texts = Chain({texts, kind.inTick});
+        EXPECT_EQ(Joined(e.receiver.written), Joined(Chain({texts, {"INIT:CONT ON"}})));
+        EXPECT_EQ(e.rig.S().panel.m_WorstLevelText, "-41.8");
+        EXPECT_EQ(curve.g_MeasVerdict, VerdictPassed);
+    }
+}
+
+/// A further pass with "Replace data" stores from its first tick.
+TEST(ExternalReceiver, RepeatedTwoTonePassNeedsNoSettling) {
+    ExternalRig e(ReceiverNrv, "6.2");
+    ASSERT_TRUE(e.Ready(ModeTwoTone));
+    e.receiver.counts = true;
+    RunState& run = e.rig.S().run;
+    run.tagEndless = run.g_bReplaceData = true;
+    run.EndlessTimes = 1;
+    ASSERT_TRUE(e.rig.Measure());
+    EXPECT_EQ(e.receiver.reads, 17 + 51 + 51);
+    EXPECT_NEAR(e.rig.S().curve.g_levelUp[0], -46.9f, 0.001f);
+}
+
+TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
+    for (const Kind& kind : Kinds) {
+        for (const char* const firmware : {"6.2", "3.6", "1.8"}) {
+            SCOPED_TRACE("kind " + std::to_string(kind.kind) + " firmware " + firmware);
+            ExternalRig e(kind.kind, firmware);
+            ASSERT_TRUE(e.Ready(ModeSweep));
+            e.receiver.written.clear();
+            const auto sent = SentDuring(e.rig, [&] { ASSERT_TRUE(e.rig.Measure()); });
+            EXPECT_EQ(std::count(sent.begin(), sent.end(), "#IMP?"), 0);
+            // Firmware below 3.7 is told the pass only when its own receiver listens.
+            EXPECT_EQ(std::count(sent.begin(), sent.end(), "#MDNL1"), firmware[0] == '6' ? 1 : 0);
+
+            // The analyser is set up 300 ms after the start; a long start of the instrument reaches its first step later.
+            const auto setUp = Chain({{"INIT:CONT OFF"}, MarkerSetUp});
+            auto texts = firmware[0] == '6' ? Chain({setUp, Centre(8900)}) : Chain({Centre(8900), setUp});
+            std::map<int, float> up;
+            std::map<int, float> down;
+            for (int f1 = 9250; f1 <= 9370; f1 += 10) {
+                up[2 * f1 - 9600] = static_cast<float>(9600 - 2 * f1) / 200.0f;
+                texts = Chain({texts, f1 > 9250 ? Centre(2 * f1 - 9600) : std::vector<std::string>(), kind.inStep});
+            }
+            for (int f2 = 9600; f2 >= 9460; f2 -= 10) {
+                down[18500 - f2] = static_cast<float>(f2 - 18500) / 200.0f;
+                texts = Chain({texts, Centre(18500 - f2), kind.inStep});
+            }
+            const CurveState& curve = e.rig.S().curve;
+            EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelUp)).size(), 13U);
+            for (const auto& [place, level] : OnGrid(curve, std::span(curve.g_levelUp)))
+                EXPECT_NEAR(level, up[place], 0.006f) << place;
+            EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelDown)).size(), 15U);
+            for (const auto& [place, level] : OnGrid(curve, std::span(curve.g_levelDown)))
+                EXPECT_NEAR(level, down[place], 0.006f) << place;
+            EXPECT_EQ(Joined(e.receiver.written), Joined(Chain({texts, {"INIT:CONT ON"}})));
+            EXPECT_EQ(e.rig.S().panel.m_WorstLevelText, "-44.5");
+            EXPECT_EQ(e.rig.S().panel.m_WorstFreqText, "890.0");
+            EXPECT_EQ(curve.g_MeasVerdict, VerdictPassed);
+        }
+    }
+}
+
+TEST(ExternalReceiver, SpectrumPassesRepeatAfterOneTick) {
+    ExternalRig e(ReceiverAnalyser, "6.2");
+    ASSERT_TRUE(e.Ready(ModeSpectrum));
+    const auto sent = SentDuring(e.rig, [&] {
+        e.rig.program.OnMeasButton();
+        ASSERT_TRUE(e.rig.time.RunUntil([&] { return e.rig.S().run.passes == 2; }, 60000));
+    });
+    const CurveState& curve = e.rig.S().curve;
+    EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelUp)).size(), 13U);
+    for (const auto& [place, level] : OnGrid(curve, std::span(curve.g_levelUp)))
+        EXPECT_NEAR(level, -static_cast<float>(place) / 200.0f, 0.006f) << place;
+    EXPECT_EQ(e.receiver.reads, 26);
+    EXPECT_EQ(std::count(sent.begin(), sent.end(), "#IMP?"), 0);
+}
+
+/// A stop ends the readings at once: the step under way is not read behind the verdict.
+TEST(ExternalReceiver, StopReadsNothingMore) {
+    for (const int mode : {ModeTwoTone, ModeSweep, ModeSpectrum}) {
+        ExternalRig e(ReceiverAnalyser, "6.2");
+        ASSERT_TRUE(e.Ready(mode));
+        e.rig.program.OnMeasButton();
+        e.rig.time.RunFor(3010);
+        const int reads = e.receiver.reads;
+        e.receiver.written.clear();
+        e.rig.program.OnMeasButton();
+        EXPECT_EQ(Joined(e.receiver.written), "INIT:CONT ON ");
+        e.rig.time.RunFor(5000);
+        EXPECT_EQ(e.receiver.reads, reads);
+        EXPECT_EQ(e.receiver.written.size(), 1U);
+        EXPECT_TRUE(e.rig.S().panel.m_ReadingText.ends_with(' '));
+    }
+}
+
+/// A failed reading counts as no level but for the corrections; the run goes on.
+TEST(ExternalReceiver, WithoutALibraryTheRunStillEnds) {
+    Rig rig;
+    ASSERT_TRUE(rig.PowerOn());
+    ASSERT_TRUE(rig.SelectBand(BandEgsm));
+    rig.S().receiver.tagReceiver = 0;
+    ASSERT_TRUE(rig.Measure());
+    EXPECT_EQ(rig.S().curve.StoreDataPot, 51);
+    EXPECT_EQ(rig.S().curve.g_levelUp[50], 0.0f);
+    EXPECT_EQ(rig.S().receiver.g_VisaFail, 1);
+}
+
+} // namespace qor::test

@@ -1,0 +1,147 @@
+#include "support/wire_reading.h"
+
+namespace qor::test {
+
+namespace {
+
+bool Ready(Rig& rig, int mode) {
+    rig.S().curve.g_testTimeMs = 1000;
+    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle();
+}
+
+float Highest(const CurveState& curve) {
+    float highest = -999;
+    for (const auto& levels : {std::span(curve.g_levelUp).first(CurvePoints), std::span(curve.g_levelDown).first(CurvePoints)})
+        for (const float level : levels)
+            if (level != 0.0f)
+                highest = std::max(highest, level);
+    return highest;
+}
+
+} // namespace
+
+/// The simulated device repeats exactly: a first run tells the level against which the second is judged.
+TEST(Verdict, LimitIsExceededByMoreThanAHundredth) {
+    for (const int mode : {ModeTwoTone, ModeSweep}) {
+        Rig first;
+        ASSERT_TRUE(Ready(first, mode));
+        ASSERT_TRUE(first.Measure());
+        const float highest = Highest(first.S().curve);
+        static constexpr struct {
+            float below;
+            bool alarmOff, dbc;
+            int verdict;
+        } Cases[] = {
+            {0.0f, false, false, VerdictPassed},  {0.01f, false, false, VerdictPassed}, {0.02f, false, false, VerdictFailed},
+            {0.01f, false, true, VerdictPassed},  {0.02f, false, true, VerdictFailed},  {20.0f, true, false, VerdictPassed},
+            {-0.1f, false, false, VerdictPassed},
+        };
+        for (const auto& c : Cases) {
+            SCOPED_TRACE(std::to_string(c.below) + " below " + std::to_string(highest) + (c.dbc ? " dBc" : ""));
+            Rig rig;
+            ASSERT_TRUE(Ready(rig, mode));
+            CurveState& curve = rig.S().curve;
+            curve.g_alarmOff = c.alarmOff;
+            curve.g_UnitDbc = c.dbc;
+            curve.g_alarmLevel = highest - c.below - (c.dbc ? curve.g_CarrierDbm : 0.0f);
+            ASSERT_TRUE(rig.Measure());
+            ASSERT_EQ(Highest(curve), highest);
+            EXPECT_EQ(curve.g_MeasVerdict, c.verdict);
+        }
+    }
+}
+
+TEST(Verdict, LastPointCountsLikeAnyOther) {
+    for (const int mode : {ModeTwoTone, ModeSweep}) {
+        for (const char* const firmware : {"4.2", "6.2"}) {
+            Rig rig({.firmware = firmware});
+            ASSERT_TRUE(Ready(rig, mode));
+            rig.program.OnMeasButton();
+            const auto lastReading = [&] {
+                return mode == ModeTwoTone ? rig.S().curve.StoreDataPot == 11
+                                           : rig.instrument.Settings().frequency1 == 9250 &&
+                                                 rig.instrument.Settings().frequency2 == 9460;
+            };
+            ASSERT_TRUE(rig.time.RunUntil(lastReading, 60000));
+            rig.instrument.FeedSignal(-60);
+            ASSERT_TRUE(rig.RunUntilRunIsOver());
+            EXPECT_GT(Highest(rig.S().curve), -61.0f);
+            EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictFailed);
+            EXPECT_NEAR(std::stof(rig.S().panel.m_WorstLevelText), -60.0f, 0.5f);
+            if (mode == ModeSweep) {
+                EXPECT_EQ(rig.S().panel.m_WorstFreqText, "904.0");
+            }
+        }
+    }
+}
+
+TEST(Verdict, OneRunAboveTheLimitFailsAllRuns) {
+    Rig rig;
+    ASSERT_TRUE(Ready(rig, ModeSweep));
+    rig.S().curve.g_runCount = 2;
+    rig.instrument.FeedSignal(-60);
+    rig.program.OnMeasButton();
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.g_runIndex == 1; }, 60000));
+    rig.instrument.FeedSignal({});
+    ASSERT_TRUE(rig.RunUntilRunIsOver());
+    EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictFailed);
+    EXPECT_NEAR(std::stof(rig.S().panel.m_WorstLevelText), -60.0f, 0.5f);
+}
+
+/// An error the instrument reports outranks the limit, ends the readings of its run and leaves the next alone.
+TEST(Verdict, ErrorRepliesAndTheRunAfter) {
+    static constexpr struct {
+        sim::FaultKind kind;
+        int verdict;
+    } Cases[] = {{sim::FaultKind::SyntaxError, VerdictSyntaxError},
+                 {sim::FaultKind::OutOfRange, VerdictOutOfRange},
+                 {sim::FaultKind::Pll, VerdictPllNotLocked}};
+    for (const auto& c : Cases) {
+        for (const int mode : {ModeTwoTone, ModeSweep}) {
+            for (const int at : {0, 3, 20, 50}) { // during the start, in the up half, in the down half
+                SCOPED_TRACE(std::to_string(c.verdict) + " mode " + std::to_string(mode) + " at " + std::to_string(at));
+                Rig rig;
+                ASSERT_TRUE(Ready(rig, mode));
+                rig.S().curve.g_testTimeMs = 5000;
+                rig.S().curve.g_alarmLevel = -150; // everything is above it
+                rig.line.Add({c.kind, rig.line.CommandCount() + at});
+                rig.program.OnMeasButton();
+                if (mode == ModeTwoTone) { // counted in points, so it ends only by hand
+                    rig.time.RunFor(10000);
+                    EXPECT_TRUE(rig.S().run.runOn);
+                    EXPECT_LT(rig.S().curve.StoreDataPot, 52);
+                    rig.program.OnMeasButton();
+                }
+                ASSERT_TRUE(rig.RunUntilRunIsOver());
+                EXPECT_EQ(rig.S().curve.g_MeasVerdict, c.verdict);
+                rig.S().curve.g_alarmLevel = -90;
+                ASSERT_TRUE(rig.Measure());
+                EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+                const std::size_t points = OnGrid(rig.S().curve, std::span(rig.S().curve.g_levelUp)).size();
+                EXPECT_EQ(mode == ModeSweep ? static_cast<int>(points) : rig.S().curve.StoreDataPot,
+                          mode == ModeSweep ? 13 : 52);
+            }
+        }
+    }
+}
+
+TEST(Verdict, LostContactIsNeverAPass) {
+    for (const int mode : {ModeTwoTone, ModeSweep}) {
+        for (const bool pulled : {true, false}) {
+            for (const bool over : {true, false}) {
+                SCOPED_TRACE(std::to_string(mode) + (pulled ? " pulled" : " silent") + (over ? " over" : ""));
+                Rig rig;
+                ASSERT_TRUE(Ready(rig, mode));
+                rig.S().curve.g_testTimeMs = 5000;
+                rig.S().curve.g_alarmLevel = over ? -150.0f : -90.0f;
+                rig.line.Add({pulled ? sim::FaultKind::Unplug : sim::FaultKind::Silence, rig.line.CommandCount() + 34});
+                rig.program.OnMeasButton();
+                ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.runOn; }, 20000));
+                EXPECT_EQ(rig.S().curve.g_MeasVerdict, over ? VerdictFailed : VerdictNone);
+                EXPECT_EQ(rig.S().panel.lamp, Lamp::NotReady);
+            }
+        }
+    }
+}
+
+} // namespace qor::test

@@ -1,0 +1,352 @@
+#include "display/curve_store.h"
+#include "support/rig.h"
+
+#include <cmath>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <map>
+#include <sys/resource.h>
+
+namespace qor {
+namespace {
+
+using test::FileText;
+using test::Rig;
+
+/// A program that holds a measured EGSM curve: 935 and 960 MHz, or the sweep of the standard plan.
+struct Bench : Rig {
+    explicit Bench(int mode = ModeTwoTone, int imIndex = 1, bool dbc = false) {
+        Session& s = S();
+        s.select.m_BandId = s.plan.g_MeasBand = BandEgsm;
+        s.select.m_IMIndex = imIndex;
+        s.run.g_TestMode = mode;
+        s.link.g_ModelName = "RT-DB22";
+        s.link.g_DeviceSN = "SIM01";
+        s.results.m_DutSerial = "A17";
+        s.curve.g_UnitDbc = dbc;
+        s.panel.m_AlarmText = dbc ? "-133.0" : "-90.0";
+        program.Stores().Write("Add_comments.ccz", "first line\r\nsecond");
+        if (mode == ModeTwoTone) {
+            s.curve.g_testTimeMs = 500;
+            for (std::size_t i = 0; i < 6; ++i)
+                s.curve.g_levelUp[i] = -100.25f - static_cast<float>(i);
+            return;
+        }
+        BuildSweepGrid(s.curve, BandEgsm, CoefficientsOf(imIndex), *StartPlan(BandEgsm, imIndex, 0));
+        for (std::size_t i = 0; i < GridLength(s.curve.g_freqGrid); i += i % 3 + 1) // some are not measured
+            s.curve.g_levelUp[i] = -100.5f - static_cast<float>(i);
+        s.curve.g_levelDown[0] = -97.75f;
+    }
+    bool Save(const std::string& name) { return program.Files().DataSave(dir / name); }
+    bool Show(const std::string& name) { return program.Files().CurrentShow(dir / name); }
+    void Put(const std::string& name, std::string_view bytes) {
+        std::ofstream(dir / name, std::ios::binary) << bytes;
+    }
+    [[nodiscard]] std::map<std::string, std::string> Disk() const {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : std::filesystem::directory_iterator(dir.Path()))
+            files[entry.path().filename().string()] = FileText(entry.path());
+        return files;
+    }
+};
+
+TEST(ResultFiles, ASavedMeasurementStatesWhatWasMeasured) {
+    Bench bench;
+    bench.program.Stores().Write("egsm_pow_setup.ccz", "0042500415");
+    bench.S().plan.g_powerOffset = 0.5f;
+    ASSERT_TRUE(bench.Save("run.txt"));
+    EXPECT_EQ(FileText(bench.dir / "run.txt"),
+              "f1 0935.0 MHz START 0925.0 MHz STOP 0937.0 MHz POWER +42.0 dBm\r\n"
+              "f2 0960.0 MHz START 0960.0 MHz STOP 0946.0 MHz POWER +41.0 dBm\r\n"
+              "MEAS IM3 UNIT dBm 2-TON\r\n"
+              "Model Nr. RT-DB22, SERIAL SIM01\r\n"
+              "20260307 09:05\r\n\r\n"
+              "00.000;-100.25\r\n00.100;-101.25\r\n00.200;-102.25\r\n"
+              "00.300;-103.25\r\n00.400;-104.25\r\n00.500;-105.25\r\n"
+              "\r\n\r\nLimit Line: -90.0\r\nSer No: A17\r\nfirst line\r\nsecond");
+    ASSERT_TRUE(bench.Save("run.dat"));
+    EXPECT_EQ(FileText(bench.dir / "run.dat").substr(0, 4), "\x66\x13\x02\x03");
+    EXPECT_TRUE(bench.user.questions.empty());
+
+    // A plan of the operator's own, of the order measured.
+    Bench swept(ModeSweep, 5, true);
+    swept.program.Stores().Write("egsm_im11_setup.ccz", "095000960009475096000952509595000100925009599");
+    ASSERT_TRUE(swept.Save("run.txt"));
+    const std::string text = FileText(swept.dir / "run.txt");
+    EXPECT_EQ(text.substr(0, 63), "f1 0925.0 MHz START 0947.5 MHz STOP 0952.5 MHz POWER +43.0 dBm\r");
+    EXPECT_EQ(text.substr(64, 63), "f2 0959.9 MHz START 0960.0 MHz STOP 0959.5 MHz POWER +43.0 dBm\r");
+    EXPECT_EQ(text.substr(128, 26), "MEAS IM11 UNIT dBc SWEEP\r\n");
+}
+
+TEST(ResultFiles, AStoppedRunHasRowsForItsPointsOnly) {
+    Bench bench(ModeTwoTone, 1, true);
+    bench.S().curve.g_testTimeMs = 100000;
+    bench.S().curve.g_levelUp[2] = 0.0f; // a reading that failed
+    ASSERT_TRUE(bench.Save("run.txt"));
+    const std::string text = FileText(bench.dir / "run.txt");
+    EXPECT_NE(text.find("00.200;0000.00\r\n"), std::string::npos) << "no level is made of the carrier";
+    EXPECT_NE(text.find("00.500;-148.25\r\n\r\n\r\n"), std::string::npos) << "and no row of what never was";
+}
+
+/// Levels by frequency, or by index in 2-tone. The grid of a file has the measured frequencies only.
+std::map<int, int> Levels(const CurveState& curve, std::span<const float> levels) {
+    std::map<int, int> points; // tenths of MHz, hundredths of a dB
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        if (levels[i] != 0.0f)
+            points[IsSweepCurve(curve) ? static_cast<int>(std::lround(curve.g_freqGrid[i] * 10))
+                                       : static_cast<int>(i)] =
+                static_cast<int>(std::lround(levels[i] * 100));
+    }
+    return points;
+}
+
+void SaveAndShow(int mode, int imIndex, bool dbc, const std::string& name) {
+    SCOPED_TRACE(name + " mode " + std::to_string(mode) + " order " + std::to_string(imIndex) +
+                 (dbc ? " dBc" : " dBm"));
+    Bench saved(mode, imIndex, dbc);
+    ASSERT_TRUE(saved.Save(name));
+
+    Bench loaded(mode == ModeSweep ? ModeTwoTone : ModeSweep, 2, !dbc); // as different as it can be
+    Session& s = loaded.S();
+    s.select.m_BandId = BandAmps;
+    s.curve.g_runIndex = 4;
+    s.curve.g_shownRun = 3;
+    s.link.g_DeviceSN = "99999";
+    loaded.Put(name, FileText(saved.dir / name));
+    ASSERT_TRUE(loaded.Show(name)) << loaded.program.Files().LastProblem();
+
+    const CurveState& was = saved.S().curve;
+    EXPECT_EQ(IsSweepCurve(s.curve), mode == ModeSweep);
+    EXPECT_EQ(Levels(s.curve, s.curve.g_levelUp), Levels(was, was.g_levelUp));
+    EXPECT_EQ(Levels(s.curve, s.curve.g_levelDown), Levels(was, was.g_levelDown));
+    EXPECT_EQ(Levels(s.curve, s.curve.m_LevelUp.Row(0)), Levels(was, was.g_levelUp));
+    EXPECT_EQ(s.run.g_TestMode, mode);
+    EXPECT_EQ(s.select.m_BandId, BandEgsm);
+    EXPECT_EQ(s.panel.m_Band_sel, "EGSM");
+    EXPECT_EQ(s.select.m_IMIndex, imIndex);
+    EXPECT_EQ(s.panel.m_IM_sel, imIndex == 1 ? "IM3" : "IM11");
+    EXPECT_EQ(s.curve.g_UnitDbc, dbc);
+    EXPECT_EQ(s.panel.m_AlarmText, dbc ? "-133.0" : "-90.0");
+    EXPECT_EQ(loaded.program.Stores().Read("AlarmUp.ccz", 7), "-90.0");
+    EXPECT_EQ(loaded.program.Stores().Read("egsm_pow_setup.ccz", 20), "0043000430");
+    EXPECT_EQ(loaded.program.Stores().Read("Add_comments.ccz", 99), "first line\r\nsecond");
+    EXPECT_EQ(s.results.m_DutSerial, "A17");
+    EXPECT_EQ(s.link.g_DeviceSN, "SIM01");
+    EXPECT_EQ(s.curve.g_runIndex, 0);
+    EXPECT_EQ(s.curve.g_MeasVerdict, VerdictPassed);
+    EXPECT_EQ(s.results.g_reportLines[ReportBand], "EGSM 900/RT-DB22/SIM01");
+    EXPECT_EQ(s.results.g_reportLines[ReportDate], "2026-03-07 09:05");
+    EXPECT_EQ(s.results.g_reportLines[ReportPower], "43.0dBm        43.0dBm");
+    const bool genuine = s.curve.g_worstText.find("invalid for official report") == std::string::npos;
+    EXPECT_EQ(genuine, name == "run.dat");
+
+    ASSERT_TRUE(loaded.Save("again" + name));
+    EXPECT_EQ(FileText(loaded.dir / ("again" + name)), FileText(saved.dir / name));
+}
+
+TEST(ResultFiles, AMeasurementComesBackAsItWas) {
+    for (const int mode : {ModeTwoTone, ModeSweep}) {
+        for (const int imIndex : {1, 5}) {
+            for (const bool dbc : {false, true}) {
+                for (const char* name : {"run.dat", "run.TXT"})
+                    SaveAndShow(mode, imIndex, dbc, name);
+            }
+        }
+    }
+}
+
+TEST(ResultFiles, TheCurveShownIsJudgedByTheLimitOfItsFile) {
+    Bench bench;
+    bench.S().panel.m_AlarmText = "-100.3";
+    ASSERT_TRUE(bench.Save("run.dat"));
+    ASSERT_TRUE(bench.Show("run.dat"));
+    EXPECT_EQ(bench.S().curve.g_MeasVerdict, VerdictOverLimit);
+    EXPECT_EQ(bench.S().panel.m_WorstLevelText, "-100.2");
+    EXPECT_EQ(bench.S().panel.m_WorstFreqText, "910.0");
+    EXPECT_EQ(bench.S().curve.g_forcedMsPerPoint, 100);
+    EXPECT_EQ(bench.S().curve.g_testTimeMs, 500);
+}
+
+TEST(ResultFiles, ThePairOfTonesTellsTheBand) {
+    struct Case {
+        const char* f1;
+        const char* f2;
+        int selected;
+        int band;
+    };
+    for (const Case& c :
+         {Case{"0750.0", "0793.0", BandEgsm, BandLte}, Case{"0750.0", "0793.1", BandEgsm, BandDigDiv},
+          Case{"0728.0", "0760.0", BandLte700U, BandLte700U}, Case{"0869.0", "0894.0", BandNone, BandAmps},
+          Case{"0816.0", "0822.0", BandNone, BandDigDiv}, Case{"1799.9", "1850.0", BandNone, BandEgsm},
+          Case{"1805.0", "1880.0", BandNone, BandDcs}, Case{"1900.0", "1920.0", BandNone, BandTdScdmaF},
+          Case{"1930.0", "1990.0", BandNone, BandPcs}, Case{"1930.0", "2155.0", BandNone, BandAws},
+          Case{"2020.0", "2025.0", BandNone, BandTdScdmaA}, Case{"2020.0", "2026.0", BandNone, BandAws},
+          Case{"2110.0", "2170.0", BandNone, BandUmts}, Case{"2350.0", "2400.0", BandNone, BandTdScdmaE},
+          Case{"2620.0", "2690.0", BandNone, BandUmts2}, Case{"3510.0", "3594.0", BandNone, BandWiMax}}) {
+        Bench bench;
+        ASSERT_TRUE(bench.Save("run.txt"));
+        std::string text = FileText(bench.dir / "run.txt");
+        text.replace(3, 6, c.f1).replace(67, 6, c.f2);
+        bench.Put("run.txt", text);
+        bench.S().select.m_BandId = c.selected;
+        ASSERT_TRUE(bench.Show("run.txt"));
+        EXPECT_EQ(bench.S().select.m_BandId, c.band) << c.f1 << " " << c.f2;
+    }
+}
+
+TEST(ResultFiles, TheOldestFormTakesThePanelAndCanBeSavedAsItIsToday) {
+    Bench bench(ModeTwoTone, 1, true);
+    bench.Put("old.dat",
+              EncodeResult("8 chars 0890.0;0891.0;\n  -100.1;-100.2;123456789-110.1;-110.2;", true));
+    ASSERT_TRUE(bench.Show("old.dat")) << bench.program.Files().LastProblem();
+    const CurveState& curve = bench.S().curve;
+    EXPECT_EQ(curve.g_UnitDbc, 0);
+    EXPECT_EQ(curve.g_levelUp[1], -100.2f);
+    EXPECT_EQ(curve.g_levelDown[1], -110.2f);
+    EXPECT_EQ(bench.S().panel.m_WorstFreqText, "890.0");
+    ASSERT_TRUE(bench.Save("new.dat"));
+    ASSERT_TRUE(bench.Show("new.dat")) << bench.program.Files().LastProblem();
+    EXPECT_EQ(bench.S().link.g_DeviceSN, "00000") << "the instrument connected did not measure it";
+}
+
+/// Everything of a session that a load sets.
+std::string Everything(const Session& s) {
+    std::string text = s.panel.m_Band_sel + '|' + s.panel.m_IM_sel + '|' + s.panel.m_Mode_sel + '|' +
+                       s.panel.m_f1_text + '|' + s.panel.m_f2_text + '|' + s.panel.m_WorstFreqText + '|' +
+                       s.panel.m_WorstLevelText + '|' + s.panel.m_AlarmText + '|' + s.link.g_DeviceSN + '|' +
+                       s.results.m_DutSerial + '|' + s.curve.g_worstText + '|' + s.plan.strpow1 +
+                       s.plan.strpow2;
+    for (const std::string& line : s.results.g_reportLines)
+        text += '|' + line;
+    for (const int number :
+         {s.select.m_BandId, s.select.m_IMIndex, s.run.g_TestMode, s.curve.g_UnitDbc, s.curve.g_fromFile,
+          s.curve.g_runIndex, s.curve.g_MeasVerdict, s.curve.g_testTimeMs, s.curve.g_forcedMsPerPoint})
+        text += '|' + std::to_string(number);
+    for (const std::span<const float> levels :
+         {std::span<const float>(s.curve.g_levelUp), std::span<const float>(s.curve.g_levelDown),
+          std::span<const float>(s.curve.g_freqGrid), std::span<const float>(s.curve.m_LevelUp.Row(0))})
+        for (const float level : levels)
+            text += '|' + std::to_string(level);
+    return text + std::to_string(s.curve.g_alarmLevel) + '|' + std::to_string(s.curve.g_CarrierDbm);
+}
+
+TEST(ResultFiles, AFileThatIsNoWholeResultChangesNothing) {
+    Bench good(ModeSweep);
+    ASSERT_TRUE(good.Save("run.txt"));
+    const std::string text = FileText(good.dir / "run.txt");
+    const auto with = [&text](std::string_view from, std::string_view to) {
+        std::string changed = text;
+        EXPECT_NE(changed.find(from), std::string::npos) << from;
+        return changed.replace(changed.find(from), from.size(), to);
+    };
+    const std::vector<std::pair<std::string, std::string>> broken = {
+        {"empty", ""},
+        {"one byte", "f"},
+        {"two bytes", "f1"},
+        {"zeros", std::string(3000, '\0')},
+        {"ones", std::string(3000, '1')},
+        {"letters", std::string(3000, 'f')},
+        {"line ends", std::string(3000, '\n')},
+        {"carriage returns", std::string(3000, '\r')},
+        {"all bytes",
+         [] {
+             std::string s;
+             for (int i = 0; i < 4000; ++i)
+                 s += static_cast<char>(i);
+             return s;
+         }()},
+        {"a picture", "BM\x36\x10\x0E" + std::string(5000, '\x7F')},
+        {"a workbook", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1" + std::string(5000, '\0')},
+        {"a letter", "Dear customer,\r\nplease find the results of the test of fifteen cables.\r\n"},
+        {"header alone", text.substr(0, 204)},
+        {"rows from the middle", text.substr(300)},
+        {"cut in a row", text.substr(0, 330)},
+        {"cut before the limit", text.substr(0, text.find("Limit"))},
+        {"cut in the limit", text.substr(0, text.find("Limit") + 14)},
+        {"no limit number", with("Limit Line: -90.0", "Limit Line: ")},
+        {"limit in words", with("Limit Line: -90.0", "Limit Line: high")},
+        {"two rows run together", with("\r\n0891.", "0891.")},
+        {"no separator", with(";-", "--")},
+        {"comma in a level", with("-101.5", "-101,5")},
+        {"letter in a frequency", with("\r\n089", "\r\nO89")},
+        {"huge number", with("-101.50", "-" + std::string(40, '9'))},
+        {"level not a number", with("-101.50", "nan")},
+        {"no level below 0", with("09:05\r\n\r\n", "09:05\r\n\r\n0889.0;0000.00\r\n")},
+        {"first tone missing", text.substr(65)},
+        {"tones exchanged", with("f1 0", "f2 0")},
+        {"no power", with("POWER +", "POWER -")},
+        {"frequency gone", with("0925.0 MHz", "       MHz")},
+        {"no order", with("MEAS IM3", "MEAS XY3")},
+        {"no unit", with(" UNIT ", " ")},
+        {"no model", with("Model Nr.", "Modell")},
+        {"no serial", with(", SERIAL ", "")},
+        {"date in words", with("20260307", "7. March")},
+        {"no empty line before the rows", with("09:05\r\n", "09:05")},
+        {"zero in the header", with("MEAS", std::string(4, '\0'))},
+        {"backwards", std::string(text.rbegin(), text.rend())},
+        {"too long", text + std::string(70000, ' ')},
+    };
+    for (const auto& [what, bytes] : broken) {
+        Bench bench;
+        ASSERT_TRUE(bench.Save("before.dat"));
+        ASSERT_TRUE(bench.Show("before.dat"));
+        bench.Put("broken.dat", bytes);
+        const auto disk = bench.Disk();
+        const std::string session = Everything(bench.S());
+        EXPECT_FALSE(bench.Show("broken.dat")) << what;
+        EXPECT_TRUE(Everything(bench.S()) == session) << what;
+        EXPECT_TRUE(bench.Disk() == disk) << what;
+        EXPECT_EQ(bench.user.messages, std::vector{bench.program.Files().LastProblem()}) << what;
+        EXPECT_TRUE(bench.user.WasTold((bench.dir / "broken.dat").string())) << what;
+    }
+    EXPECT_TRUE(good.Show("run.txt")) << "what they were made of is whole";
+    EXPECT_EQ(good.program.Files().LastProblem(), "");
+    EXPECT_FALSE(good.Show("nowhere.dat"));
+    EXPECT_TRUE(good.user.WasTold("nowhere.dat: No such file or directory"));
+    EXPECT_FALSE(good.program.Files().CurrentShow(good.dir.Path()));
+    EXPECT_TRUE(good.program.Files().CurrentShow({})) << "an empty path is no request";
+}
+
+TEST(ResultFiles, ASaveThatFailsSaysWhyAndLeavesTheDiskAsItWas) {
+    Bench bench;
+    ASSERT_TRUE(bench.Save("run.dat"));
+    const auto disk = bench.Disk();
+    const auto refused = [&](const std::string& name, const std::string& told) {
+        EXPECT_FALSE(bench.Save(name)) << name;
+        EXPECT_TRUE(bench.user.WasTold(told)) << bench.user.messages.back();
+        EXPECT_EQ(bench.user.messages.back(), bench.program.Files().LastProblem());
+        EXPECT_TRUE(bench.Disk() == disk) << name;
+    };
+    refused("no/run.dat",
+            "Speichern file misserfolg\n" + (bench.dir / "no/run.dat").string() + ": No such file");
+    refused("run.dat/run.txt", ": Not a directory");
+    refused("run.xls", "run.xls: results are saved as .dat or .txt.");
+    bench.S().select.m_BandId = bench.S().plan.g_MeasBand = BandTetra390;
+    bench.S().select.m_IMIndex = 4;
+    refused("other.dat", "Does not support the current selection!");
+    bench.S().select.m_BandId = bench.S().plan.g_MeasBand = BandEgsm;
+    bench.S().select.m_IMIndex = 1;
+
+    // A full disk, played by the limit on the length of a file.
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{100, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    refused("run.dat", "Speichern file misserfolg\n" + (bench.dir / "run.dat").string() + ": File too large");
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+
+    bench.user.answer = false;
+    const std::size_t told = bench.user.messages.size();
+    EXPECT_FALSE(bench.Save("run.dat"));
+    EXPECT_EQ(bench.user.questions.back(), "The file has already existed. Do you want to replace it?\n\n" +
+                                               (bench.dir / "run.dat").string());
+    EXPECT_EQ(bench.user.messages.size(), told) << "the operator said No and knows";
+    bench.user.answer = true;
+    EXPECT_TRUE(bench.Save("run.dat"));
+    EXPECT_EQ(bench.program.Files().LastProblem(), "");
+}
+
+} // namespace
+} // namespace qor
