@@ -11,7 +11,8 @@ void Measure(benchmark::State& state, int mode) {
     std::int64_t points = 0;
     for (auto _ : state) {
         Rig rig;
-        if (!rig.PowerOn() || !rig.SelectBand(BandEgsm) || !rig.program.Select().SelectMethod(mode) || !rig.RunUntilIdle()) {
+        if (!rig.PowerOn() || !rig.SelectBand(BandEgsm) || !rig.program.Select().SelectMethod(mode) ||
+            !rig.RunUntilIdle()) {
             state.SkipWithError("the simulated instrument did not come up");
             return;
         }

@@ -20,9 +20,10 @@ constexpr int LongestClose = 40;
 
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_Store(std::move(dataDirectory)),
-      m_Receiver(m_Session.receiver, m_Store, platform.visa, platform.sensor), m_Files(m_Session, m_Platform, m_Store),
-      m_Channel(m_Session, m_Platform, *this, *this), m_Activation(m_Session, m_Platform, m_Store),
-      m_Init(m_Session, m_Platform, m_Channel, m_Activation), m_Connection(m_Session, m_Platform, m_Channel, m_Init, *this),
+      m_Receiver(m_Session.receiver, m_Store, platform.visa, platform.sensor),
+      m_Files(m_Session, m_Platform, m_Store), m_Channel(m_Session, m_Platform, *this, *this),
+      m_Activation(m_Session, m_Platform, m_Store), m_Init(m_Session, m_Platform, m_Channel, m_Activation),
+      m_Connection(m_Session, m_Platform, m_Channel, m_Init, *this),
       m_Measurement(m_Session, m_Platform, m_Store, m_Channel, m_Receiver, m_Files),
       m_Selection(m_Session, m_Platform, m_Store, m_Channel, m_Init, m_Connection) {
     m_Platform.timers.SetHandler([this](int id) { OnTimer(id); });
@@ -88,7 +89,7 @@ void Program::OnCloseTimer() {
     CMSComm& comm = m_Platform.comm;
     ++m_CloseTicks;
     if (!m_CarriersOff && m_Session.link.g_LastPort != 0 && !comm.GetPortOpen()) {
-        comm.SetPortOpen(true); // closed by hand: the instrument may still be carrying
+        comm.SetPortOpen(true);                 // closed by hand: the instrument may still be carrying
         m_Session.link.g_init = InitSerialDone; // its echoes must not begin a new chain
     }
     const bool gone = !comm.GetPortOpen() || m_CloseTicks > LongestClose;

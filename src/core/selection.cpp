@@ -76,7 +76,8 @@ bool Selection::SelectBand(int band) {
         return false;
     }
     if (FirmwareFrom(link.FirmVersion, 60)) {
-        // What waits is dropped; a reply under way is still awaited, so that it cannot answer the next command.
+        // What waits is dropped; a reply under way is still awaited, so that it cannot answer the next
+        // command.
         link.queue.Clear();
         m_Channel.Start();
         m_Session.curve.g_MeasVerdict = VerdictNone;

@@ -29,7 +29,7 @@ bool BandActivation::HardBandInit(bool keepCurve) {
     plan.m_calF1Delta = plan.m_calF2Delta = wide ? 2 : 1;
     m_Session.curve.g_SweepStep = 1.0f;
     if (!band || band->number == BandWifi)
-        return false;
+        return m_Session.select.m_BandId != BandNone; // nothing to set, and the others can still be chosen
 
     TakeLimits();
     const PowerSetting power = ReadPowerStore(m_Store, band->prefix);

@@ -18,7 +18,7 @@ public:
     BandActivation(Session& session, const Platform& platform, SetupStore& store);
 
     /// With `keepCurve` the plot stays as it is: a run that a lost line cut short can still be saved.
-    /// False when nothing was done (no band, or one without a plan) or a tone is above 46.0 dBm with its
+    /// A band without a plan sets nothing. False when there is no band or a tone is above 46.0 dBm with its
     /// compensation: the initialisation chain stops there.
     bool HardBandInit(bool keepCurve);
 

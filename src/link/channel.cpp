@@ -18,6 +18,10 @@ namespace {
 
 /// The instrument wants a rest between two commands.
 constexpr int SendPauseMs = 9;
+/// Send ticks after which a chain that waits for nothing is begun anew: five seconds.
+constexpr int ChainPatience = 500;
+/// Time after which a line that brings bytes but never the reply's text counts as silent.
+constexpr int DeafMs = 5000;
 
 } // namespace
 
@@ -67,8 +71,10 @@ void Channel::OnSendTimer() {
     LinkState& link = m_Session.link;
     if (link.tagCommPend != 0 || link.queue.Empty()) {
         m_Events.LineIdle();
+        WatchChain();
         return;
     }
+    m_IdleTicks = 0;
     m_Events.BeforeSend();
     if (!link.queue.Empty())
         CommSend();
@@ -94,14 +100,16 @@ void Channel::CommSend() {
         if (row.find(link.g_DeviceSN) == std::string::npos)
             row += link.g_DeviceSN;
     }
-    if (link.g_bInitFlush && !m_Session.panel.m_Band_sel.empty() && head.text.starts_with("#SST")) {
-        Reset();
-        if (!HoldsPoints(m_Session.curve)) { // else a run cut short by a lost line: it can still be saved
-            m_Session.curve.g_freqGrid.fill(0);
-            m_Session.curve.g_MeasVerdict = VerdictNone;
-        }
-        link.g_bInitFlush = false;
-        m_Events.Initialised();
+    // Only at the end of the chain: a status poll that a late reply has armed must not cut it short.
+    if (link.g_bInitFlush && link.g_init >= InitSerial && head.text.starts_with("#SST")) {
+        EndOfChain();
+        return;
+    }
+    const std::int64_t now = m_Platform.clock.TickMs();
+    if (link.TagWaitTimerIsKilled) {
+        m_DeafSinceMs = now; // the last reply was understood
+    } else if (now - m_DeafSinceMs > DeafMs) {
+        LoseContact(true);
         return;
     }
     if (head.tag == TagSerialHigh)
@@ -116,7 +124,7 @@ void Channel::CommSend() {
 
     if (link.firstSendArmed) {
         link.firstSendArmed = false;
-        link.firstSendMs = m_Platform.clock.TickMs();
+        link.firstSendMs = now;
     }
     const int tag = TagAsSent(head.tag);
     ApplyMemoryPage(head.text, link.FirmVersion);
@@ -131,6 +139,37 @@ void Channel::CommSend() {
         m_Platform.timers.SetTimer(WaitCommTimer, WaitPeriod);
     }
     Write(head.text, head.payload);
+}
+
+void Channel::EndOfChain() {
+    LinkState& link = m_Session.link;
+    link.tagtemp = 0;
+    link.tagCommPend = 0;
+    link.CommPendCt = 0;
+    link.queue.RemoveHead(); // what the operator has chosen since the lamp turned green waits behind it
+    if (!HoldsPoints(m_Session.curve)) { // else a run cut short by a lost line: it can still be saved
+        m_Session.curve.g_freqGrid.fill(0);
+        m_Session.curve.g_MeasVerdict = VerdictNone;
+    }
+    link.g_bInitFlush = false;
+    if (link.g_InitLamp == LampNothing)
+        ArmStatusPoll(); // none of the echoes was understood: its reply releases the start button
+    m_Events.Initialised();
+}
+
+/// A step of the chain whose answer was spoilt queues nothing more and awaits nothing. The instrument is then
+/// looked for again, from its identity on: what is known of it may be spoilt, too.
+void Channel::WatchChain() {
+    LinkState& link = m_Session.link;
+    const bool noAnswer = link.g_init < InitBandText ||
+                          (link.g_init == InitBandText && m_Session.panel.m_Band_sel == NoBandText);
+    const bool waits = link.g_bInitFlush && noAnswer && link.tagCommPend == 0 && link.queue.Empty();
+    m_IdleTicks = waits ? m_IdleTicks + 1 : 0;
+    if (m_IdleTicks < ChainPatience)
+        return;
+    m_IdleTicks = 0;
+    link.m_Type.clear();
+    LoseContact(false);
 }
 
 void Channel::Write(const std::string& text, std::string_view payload) {
@@ -168,7 +207,7 @@ void Channel::OnWaitTimer() {
 void Channel::OpenReplyOver() {
     LinkState& link = m_Session.link;
     const int tag = link.g_CurTag;
-    const bool chainRead = tag == TagTypeCode || (tag >= TagSerialFirst && tag <= TagModelLast);
+    const bool chainRead = IsMemoryTag(tag);
     if (!m_Platform.comm.GetPortOpen()) {
         // Closed while it was waiting, for want of an identity: look for the instrument again.
         LoseContact(false);
@@ -191,13 +230,22 @@ void Channel::OpenReplyOver() {
         m_Events.MemoryReadMissed(tag);
 }
 
-void Channel::ReadSerialByte(bool high) {
+/// Value of the byte-coded reply that lies in the port: five letters, page, address, value. -1 when the reply
+/// is too short or is none to this address, as the words of an error are not.
+int Channel::ReadMemoryByte(char address) {
+    constexpr std::size_t AddressAt = 6;
     constexpr std::size_t ValueAt = 7;
-    LinkState& link = m_Session.link;
     m_Platform.comm.GetInput(m_Input);
-    if (m_Input.size() <= ValueAt)
+    if (m_Input.size() <= ValueAt || m_Input[AddressAt] != address)
+        return -1;
+    return static_cast<unsigned char>(m_Input[ValueAt]);
+}
+
+void Channel::ReadSerialByte(bool high) {
+    LinkState& link = m_Session.link;
+    const int value = ReadMemoryByte(high ? 'x' : 'y');
+    if (value < 0)
         return;
-    const int value = static_cast<unsigned char>(m_Input[ValueAt]);
     if (high) {
         link.g_DeviceSN = std::to_string(value * 256);
     } else {
@@ -207,10 +255,8 @@ void Channel::ReadSerialByte(bool high) {
 }
 
 void Channel::ReadOption() {
-    constexpr std::size_t ValueAt = 7;
-    m_Platform.comm.GetInput(m_Input);
-    if (m_Input.size() > ValueAt)
-        m_Session.plan.g_bridge3dB = static_cast<unsigned char>(m_Input[ValueAt]) & 1;
+    if (const int value = ReadMemoryByte('t'); value >= 0)
+        m_Session.plan.g_bridge3dB = value & 1;
     ReopenText();
 }
 
@@ -237,7 +283,9 @@ void Channel::LoseContact(bool stopRun) {
     m_Session.panel.lamp = Lamp::NotReady;
     link.g_InstrStatus &= static_cast<std::uint8_t>(~0x04);
     ++link.contactLosses;
-    m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+    link.g_bStartAfterConnect = false; // carriers must not come on when the cable is put back minutes later
+    if (link.m_CloseCountdown == 0)    // else the operator is closing the port
+        m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
 }
 
 } // namespace qor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -25,7 +26,7 @@ public:
     virtual void IdentityReply() = 0;
     /// A complete text-form memory reply.
     virtual void MemoryReply() = 0;
-    /// A memory read of the chain is over without a text reply: read on the wait timer, or silent.
+    /// A memory read of the chain is over without a text reply: read on the wait timer, refused, or silent.
     virtual void MemoryReadMissed(int tag) = 0;
     /// The instrument named its band switch position.
     virtual void PositionReply(int position) = 0;
@@ -53,6 +54,8 @@ public:
 
     /// Empties the queue and forgets the transaction in flight.
     void Reset();
+    /// The instrument is gone, or is no use as it answers: stops sending and begins the search.
+    void LoseContact(bool stopRun);
     /// Arms the status poll if it is marked as not armed.
     void ArmStatusPoll();
     /// Stops the status poll and marks it as not armed.
@@ -63,6 +66,8 @@ public:
 
 private:
     void CommSend();
+    void EndOfChain();
+    void WatchChain();
     void Write(const std::string& text, std::string_view payload);
     void ReceiveCounted();
     void ReceiveText();
@@ -72,16 +77,18 @@ private:
     void PowerReply(char tone, std::string& shown);
     void LevelOrOrder();
     void OpenReplyOver();
+    [[nodiscard]] int ReadMemoryByte(char address);
     void ReadSerialByte(bool high);
     void ReadOption();
     void FinishTransaction();
-    void LoseContact(bool stopRun);
 
     Session& m_Session;
     const Platform& m_Platform;
     ChannelEvents& m_Events;
     RunControl& m_Run;
     std::string m_Input; ///< the piece just read
+    std::int64_t m_DeafSinceMs = 0; ///< when the last reply that was understood had gone out
+    int m_IdleTicks = 0; ///< send ticks for which the chain has waited for nothing
 };
 
 } // namespace qor

@@ -76,7 +76,7 @@ void Channel::ReceiveText() {
     if (!EndsLine(piece) && link.tagtemp < link.tagCommPend)
         return;
 
-    if (link.g_init == InitIdentity)
+    if (link.g_init == InitIdentity && link.m_CloseCountdown == 0) // closing begins no new chain
         m_Events.IdentityReply();
     else if (link.m_revdatastr.find("KVTWE") != std::string::npos)
         m_Events.MemoryReply();
@@ -91,7 +91,7 @@ void Channel::ReceiveText() {
     }
     if (link.tagCommPend == 0 && link.TagWaitTimerIsKilled)
         m_Platform.timers.KillTimer(WaitCommTimer);
-    if (link.g_init >= InitBandPosition && link.g_init <= InitEnd)
+    if (link.g_init >= InitBandPosition && link.g_init <= InitEnd && !link.g_bProbing)
         link.m_revdatastr.clear();
 }
 
@@ -105,8 +105,11 @@ void Channel::Dispatch() {
         StatusReply();
     } else if (ErrorReply()) {
         // It stands in for the echo, whatever length was awaited; the queue goes on.
-        if (!link.TagWaitTimerIsKilled)
+        if (!link.TagWaitTimerIsKilled) {
             FinishTransaction();
+            if (IsMemoryTag(link.g_CurTag))
+                m_Events.MemoryReadMissed(link.g_CurTag);
+        }
     } else if (holds("M2T")) {
         link.TagStartMeasStart = !link.TagStartMeasStart;
         text.clear();

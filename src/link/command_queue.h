@@ -35,6 +35,11 @@ enum Tag : int {
     TagModelLast = 221,
 };
 
+/// Tags of the text-form memory reads that the chain makes.
+[[nodiscard]] constexpr bool IsMemoryTag(int tag) {
+    return tag == TagTypeCode || (tag >= TagSerialFirst && tag <= TagModelLast);
+}
+
 /// Commands waiting for the line, first in first out.
 ///
 /// A ring whose entries keep their memory, so that a long run allocates nothing. A command that finds the
@@ -63,6 +68,12 @@ public:
     }
     [[nodiscard]] std::size_t CommSendPoint() const { return m_Count; }
     [[nodiscard]] bool Empty() const { return m_Count == 0; }
+    [[nodiscard]] bool Holds(std::string_view begin) const {
+        for (std::size_t i = 0; i < m_Count; ++i)
+            if (m_Ring[(m_Head + i) % Capacity].text.starts_with(begin))
+                return true;
+        return false;
+    }
     [[nodiscard]] Entry& Head() { return m_Ring[m_Head]; }
     /// The entry queued last. The queue must not be empty.
     [[nodiscard]] Entry& Last() { return m_Ring[(m_Head + m_Count + Capacity - 1) % Capacity]; }

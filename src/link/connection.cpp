@@ -38,6 +38,13 @@ void Connection::ReadPortList() {
 }
 
 Connection::Search Connection::ScanComm() {
+    const Search found = TryPorts();
+    if (found == Search::Failed)
+        m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+    return found;
+}
+
+Connection::Search Connection::TryPorts() {
     LinkState& link = m_Session.link;
     m_Channel.PauseStatusPoll();
     m_Platform.timers.KillTimer(commsendtimer);
@@ -68,8 +75,10 @@ Connection::Search Connection::OpenFound(int number, bool onlyPort) {
     LinkState& link = m_Session.link;
     link.m_comm_sel_v = std::to_string(number);
     if (SetComm()) {
-        if (link.g_isSWStart)
-            m_Init.StartFullChain(); // from its beginning: a chain cut short cannot be taken up in the middle
+        // The full chain from its beginning: one cut short cannot be taken up in the middle, and without a
+        // model nothing is known of the instrument.
+        if (link.g_isSWStart || link.m_Type.empty())
+            m_Init.StartFullChain();
         else
             m_Init.InitPA();
         link.tagCommTimer = 0;
@@ -98,6 +107,7 @@ void Connection::BeginChoice() {
     m_Session.panel.portButtonShown = true;
     link.portButton = PortButton::Open;
     link.g_ProbeIndex = 0;
+    m_Platform.timers.KillTimer(scanCommtimer); // the operator's turn
     m_Platform.timers.SetTimer(ReadEachType, ProbePeriod);
 }
 
@@ -137,6 +147,8 @@ void Connection::TakeProbeAnswer() {
         entry.text += label;
         link.m_PortSettings[entry.number] = link.m_comm_settings;
         ++link.g_ProbeIndex;
+    } else if (link.tagCommPend == 0) {
+        ++link.g_ProbeIndex; // not asked, or the identity handling has taken the answer
     } else if (link.g_bProbeSlow) {
         link.g_bProbeSlow = false; // the same port once more at the other speed
     } else {
@@ -147,10 +159,12 @@ void Connection::TakeProbeAnswer() {
 void Connection::ProbeNext() {
     LinkState& link = m_Session.link;
     const int number = link.g_PortList[static_cast<std::size_t>(link.g_ProbeIndex)].number;
+    link.tagCommPend = 0;
     if (number > HighestPort)
         return;
     CMSComm& comm = m_Platform.comm;
     link.m_comm_settings = link.g_bProbeSlow ? SlowSettings : FastSettings;
+    comm.SetPortOpen(false); // after a silence the last port is still open
     comm.SetCommPort(number);
     comm.SetSettings(link.m_comm_settings);
     comm.SetInputMode(CommInputMode::Text);
@@ -170,6 +184,7 @@ void Connection::ProbeNext() {
 bool Connection::SetComm() {
     LinkState& link = m_Session.link;
     m_Platform.timers.KillTimer(ReadEachType);
+    m_Platform.timers.KillTimer(scanCommtimer); // its next tick would begin the chain again
     link.g_bProbing = false;
     m_Session.panel.m_Band_sel = NoBandText;
     if (link.portListText.size() > 3) {
@@ -198,10 +213,17 @@ bool Connection::SetComm() {
 }
 
 void Connection::OnButton1() {
-    static_cast<void>(ConnectDev());
+    static_cast<void>(Press());
 }
 
 bool Connection::ConnectDev() {
+    // Contact was lost a moment ago and the button still offers to close: a connection is asked for.
+    if (m_Session.link.portButton == PortButton::Close)
+        m_Session.link.portButton = PortButton::Scan;
+    return Press();
+}
+
+bool Connection::Press() {
     LinkState& link = m_Session.link;
     if (link.m_CloseCountdown > 0)
         return false;
@@ -231,14 +253,15 @@ bool Connection::ConnectDev() {
 void Connection::ClosePortLater() {
     LinkState& link = m_Session.link;
     Panel& panel = m_Session.panel;
+    link.queue.Clear();
+    m_Run.AbandonRun(); // what switches its carriers off goes out while the port is still open
     panel.m_Band_sel = NoBandText;
     link.m_Type.clear();
     link.m_CloseCountdown = CloseTicks;
     m_Channel.PauseStatusPoll();
-    m_Platform.timers.KillTimer(WaitCommTimer);
-    m_Platform.timers.KillTimer(HardBandInitOn);
+    for (const int timer : {WaitCommTimer, HardBandInitOn, scanCommtimer, commScan, openWatch})
+        m_Platform.timers.KillTimer(timer);
     link.m_SetIMOrder = "0";
-    link.queue.Clear();
     link.portButton = PortButton::Open;
     panel.portListShown = true;
     panel.lamp = Lamp::NotReady;
@@ -248,8 +271,14 @@ void Connection::OnHousekeepingTimer() {
     LinkState& link = m_Session.link;
     if (link.m_CloseCountdown == 0)
         return;
-    if (--link.m_CloseCountdown == 1)
-        m_Platform.comm.SetPortOpen(false);
+    if (--link.m_CloseCountdown != 1)
+        return;
+    // Nothing may go out any more: a command that is sent opens the port.
+    m_Channel.PauseStatusPoll();
+    m_Platform.timers.KillTimer(commsendtimer);
+    m_Platform.timers.KillTimer(WaitCommTimer);
+    m_Channel.Reset();
+    m_Platform.comm.SetPortOpen(false);
 }
 
 void Connection::OnConnectWatch(int timer) {
@@ -263,9 +292,7 @@ void Connection::OnConnectWatch(int timer) {
     link.tagCommTimer = 0;
     if (link.m_Type.empty()) {
         m_Platform.comm.SetPortOpen(false);
-        link.g_bStartAfterConnect = false;
-        if (link.tagCommPend == 0) // no wait is left that would begin the search again
-            m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+        m_Channel.LoseContact(true); // else what is still queued would open the port again
         return;
     }
     link.portButton = PortButton::Close;
@@ -283,8 +310,7 @@ void Connection::OnSearchTimer() {
         m_Platform.timers.KillTimer(scanCommtimer);
         return;
     }
-    if (ScanComm() != Search::Failed)
-        m_Platform.timers.KillTimer(scanCommtimer);
+    static_cast<void>(ScanComm());
 }
 
 } // namespace qor

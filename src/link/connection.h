@@ -17,11 +17,12 @@ public:
 
     Connection(Session& session, const Platform& platform, Channel& channel, Initialisation& init, RunControl& run);
 
+    /// A search without success goes on every two seconds.
     Search ScanComm();
     /// Opens the port of the list entry chosen, or the one selected last. True when it is open.
     bool SetComm();
     void OnButton1(); ///< the port button
-    /// The same for the start button's question. True when a port was opened.
+    /// Connects for the start button, whose question comes with the port closed. True when a port was opened.
     bool ConnectDev();
 
     void OnSearchTimer();       ///< scanCommtimer
@@ -30,7 +31,9 @@ public:
     void OnHousekeepingTimer(); ///< close countdown
 
 private:
+    bool Press();
     void ReadPortList();
+    Search TryPorts();
     Search OpenFound(int number, bool onlyPort);
     void FailedToOpen();
     void BeginChoice();

@@ -181,8 +181,7 @@ void Initialisation::MemoryReply() {
     LinkState& link = m_Session.link;
     const int tag = link.g_CurTag;
     // A reply that came too late must not count for the address asked now.
-    const bool late = (tag == TagTypeCode || (tag >= TagSerialFirst && tag <= TagModelLast)) &&
-                      link.m_revdatastr.find(link.TagCurrentCommand) == std::string::npos;
+    const bool late = IsMemoryTag(tag) && link.m_revdatastr.find(link.TagCurrentCommand) == std::string::npos;
     const int value = MemoryValue(link.m_revdatastr);
     const bool isCharacter = value > 0 && value < 128;
     link.m_revdatastr.clear();
@@ -206,7 +205,9 @@ void Initialisation::MemoryReply() {
         } else if (!FirmwareFrom(link.FirmVersion, 61)) {
             NextStep();
         }
-    } else if (link.g_init == InitSerial && link.g_isSWStart && tag >= TagSerialFirst && tag <= TagSerialLast) {
+    } else if (link.g_init >= InitSerial && link.g_isSWStart && tag >= TagSerialFirst && tag <= TagSerialLast) {
+        if (tag == TagSerialFirst)
+            link.serialRead.clear(); // the reading may have been begun again while one was under way
         if (isCharacter)
             link.serialRead += static_cast<char>(value);
         if (tag == TagSerialLast) {
@@ -214,7 +215,8 @@ void Initialisation::MemoryReply() {
                 link.m_devSN = link.serialRead;
                 link.g_DeviceSN = link.m_devSN;
             }
-            link.g_init = InitSerialDone;
+            if (link.g_init == InitSerial)
+                link.g_init = InitSerialDone;
             link.g_isSWStart = false;
         }
         link.tagtemp = 0;
@@ -253,8 +255,12 @@ void Initialisation::OnBandWaitTimer() {
 }
 
 void Initialisation::HardBandInit() {
-    if (m_Activation.HardBandInit(false))
-        NextStep();
+    LinkState& link = m_Session.link;
+    // From firmware 6.0 on a band command drops what waits: the end of the chain with it, if it is quick.
+    if (link.g_bInitFlush && link.g_init >= InitSerial && !link.queue.Holds("#SST"))
+        link.g_init = InitBandText;
+    if (m_Activation.HardBandInit(false) && link.g_init >= InitBandText)
+        NextStep(); // before its third step the chain comes to the band by itself
 }
 
 } // namespace qor

@@ -18,9 +18,9 @@ struct Session;
 /// A run from the start button to its end or stop. Everything happens in timer ticks and level replies; the
 /// curve is drawn by whoever shows the curve store.
 ///
-/// measurement_start.cpp begins a run, two_tone.cpp and sweep.cpp hold the ticks and end decisions of the
-/// two shapes (spectrum is a half sweep), measurement_end.cpp the ways a run ends, readings.cpp the road of
-/// a reading into the curve.
+/// measurement_start.cpp begins a run, run_shapes.cpp holds what each of its shapes begins with, two_tone.cpp
+/// and sweep.cpp the ticks and end decisions (spectrum is a half sweep), measurement_end.cpp the ways a run
+/// ends, readings.cpp the road of a reading into the curve.
 class Measurement {
 public:
     Measurement(Session& session, const Platform& platform, SetupStore& store, Channel& channel,
@@ -33,13 +33,13 @@ public:
     void StopMeas();
     void AbandonRun();
 
-    void OnTwoToneTimer();   ///< T2messuretimer
-    void OnSweepTimer();     ///< sweeptimer
-    void OnSpectrumTimer();  ///< spectrumtimer
+    void OnTwoToneTimer();          ///< T2messuretimer
+    void OnSweepTimer();            ///< sweeptimer
+    void OnSpectrumTimer();         ///< spectrumtimer
     void OnAnalyserWait(int timer); ///< analyzerwaittimer, spectrumwaittimer
-    void OnIntervalTimer();  ///< intervaltimer
-    void OnRestartTimer();   ///< restarttimer
-    void OnCurveTimer();     ///< the curve window's timer
+    void OnIntervalTimer();         ///< intervaltimer
+    void OnRestartTimer();          ///< restarttimer
+    void OnCurveTimer();            ///< the curve window's timer
 
     void LevelReply(std::string_view level);
     void BeforeSend(); ///< reads an external receiver for the step just sent, shows the next step

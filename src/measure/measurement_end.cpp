@@ -76,7 +76,8 @@ void Measurement::AbandonRun() {
 /// Saves the run that has just ended as the next numbered file of the series and puts it into the list.
 void Measurement::SaveRepeat() {
     ResultState& results = m_Session.results;
-    const std::filesystem::path path = NumberedFile(results, m_Session.run.g_TestMode == ModeTwoTone, m_Store);
+    const std::filesystem::path path =
+        NumberedFile(results, m_Session.run.g_TestMode == ModeTwoTone, m_Store);
     results.LastLoadPath = path.string();
     m_Files.DataSave(path);
     AddToFileList(results);

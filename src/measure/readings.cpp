@@ -71,12 +71,14 @@ void Measurement::StepPanelTexts(bool down) {
         if (run.g_SweepMarkFirst) {
             panel.m_f2_text = Fixed(plan.g_f2Start, 1);
             run.g_SweepMarkFirst = false;
-        } else if (const double f2 = NumberIn(panel.m_f2_text); f2 - static_cast<double>(plan.g_f2Stop) > GridTolerance) {
+        } else if (const double f2 = NumberIn(panel.m_f2_text);
+                   f2 - static_cast<double>(plan.g_f2Stop) > GridTolerance) {
             panel.m_f2_text = Fixed(f2 - step, 1);
         }
     } else if (run.g_SweepMarkFirst) {
         run.g_SweepMarkFirst = false;
-    } else if (const double f1 = NumberIn(panel.m_f1_text); static_cast<double>(plan.g_f1Stop) - f1 > GridTolerance) {
+    } else if (const double f1 = NumberIn(panel.m_f1_text);
+               static_cast<double>(plan.g_f1Stop) - f1 > GridTolerance) {
         panel.m_f1_text = Fixed(f1 + step, 1);
     }
 }

@@ -32,8 +32,8 @@ bool HasRoom(const CommandQueue& queue) {
 } // namespace
 
 void Measurement::SetUpAnalyser() {
-    for (const char* text : {"INIT:CONT OFF", "CALC:MARK1 ON", "INIT;*WAI", "CALC:MARK:STAT ON", "CALC:MARK:TRAC 1",
-                             "CALC:MARK:MAX:AUTO ON"})
+    for (const char* text : {"INIT:CONT OFF", "CALC:MARK1 ON", "INIT;*WAI", "CALC:MARK:STAT ON",
+                             "CALC:MARK:TRAC 1", "CALC:MARK:MAX:AUTO ON"})
         m_Receiver.VisaIO(text);
 }
 
@@ -154,7 +154,8 @@ void Measurement::BeforeSend() {
         const std::string reading = m_Receiver.ReadLevel(true);
         StoreAtGrid(reading, link.g_CurParam, link.g_CurTag == TagStepDown);
         m_Session.curve.g_curveDirty = 1;
-        ShowLevel(static_cast<float>(NumberIn(reading)) + m_Session.plan.g_RxLoss + m_Session.plan.g_BandRxLoss);
+        ShowLevel(static_cast<float>(NumberIn(reading)) + m_Session.plan.g_RxLoss +
+                  m_Session.plan.g_BandRxLoss);
         RefreshWorstTexts();
     }
     const float next = m_Session.link.queue.Head().param;

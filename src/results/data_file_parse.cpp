@@ -2,6 +2,7 @@
 #include "results/data_file.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace qor {
 
@@ -31,7 +32,10 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Decimal of digits with one point and an optional minus, at most 15 digits; false for anything else.
+/// No frequency, level or time of a result is larger: the longest run takes 2147483 s.
+constexpr double MostValue = 1e7;
+
+/// Decimal of digits with one point and an optional minus, at most 15 characters; false for anything else.
 bool ReadDecimal(std::string_view text, double& value) {
     static constexpr double Powers[] = {1,   10,  100,  1e3,  1e4,  1e5,  1e6,  1e7,
                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
@@ -56,7 +60,7 @@ bool ReadDecimal(std::string_view text, double& value) {
         }
     }
     value = (negative ? -digits : digits) / Powers[decimals];
-    return count > 0;
+    return count > 0 && std::abs(value) <= MostValue;
 }
 
 /// Reads a text from its start, line by line.

@@ -38,20 +38,24 @@ TEST(Exit, RefusedDuringARunAndOnNo) {
     EXPECT_EQ(Joined(SentDuring(rig, [&] { rig.time.RunFor(4500); })), "#SST? #SST? ") << "life goes on";
 }
 
+/// Also when the status poll would be due just then.
 TEST(Exit, CarriersOffThenThePortCloses) {
-    Rig rig;
-    ASSERT_TRUE(rig.PowerOn());
-    ASSERT_TRUE(rig.SelectBand(BandEgsm));
-    ASSERT_TRUE(rig.Measure());
-    rig.Sent();
-    std::vector<std::string> sent;
-    EXPECT_TRUE(rig.program.OnExitButton([&](int code) {
-        EXPECT_EQ(code, 16);
-        EXPECT_FALSE(rig.comm.GetPortOpen());
-        sent = rig.Sent();
-    }));
-    rig.time.RunFor(3000);
-    EXPECT_EQ(Joined(sent), "#SPB0 #SPA0 ");
+    for (const int wait : {0, 1650, 1800, 1950}) {
+        Rig rig;
+        ASSERT_TRUE(rig.PowerOn());
+        ASSERT_TRUE(rig.SelectBand(BandEgsm));
+        ASSERT_TRUE(rig.Measure());
+        rig.time.RunFor(wait);
+        rig.Sent();
+        std::vector<std::string> sent;
+        EXPECT_TRUE(rig.program.OnExitButton([&](int code) {
+            EXPECT_EQ(code, 16);
+            EXPECT_FALSE(rig.comm.GetPortOpen());
+            sent = rig.Sent();
+        }));
+        rig.time.RunFor(3000);
+        EXPECT_EQ(Joined(sent), "#SPB0 #SPA0 ") << wait;
+    }
 }
 
 TEST(Exit, WaitsForWhatIsQueued) {
@@ -65,8 +69,9 @@ TEST(Exit, WaitsForWhatIsQueued) {
 }
 
 TEST(Exit, EndsWithoutAnInstrumentToo) {
-    enum Trouble { NeverThere, NotStarted, Pulled, Silent, SilentInTheMiddle, PortClosed };
-    for (const Trouble trouble : {NeverThere, NotStarted, Pulled, Silent, SilentInTheMiddle, PortClosed}) {
+    enum Trouble { NeverThere, NotStarted, Pulled, Silent, SilentInTheMiddle, Babbling, PortClosed };
+    for (const Trouble trouble :
+         {NeverThere, NotStarted, Pulled, Silent, SilentInTheMiddle, Babbling, PortClosed}) {
         SCOPED_TRACE(trouble);
         Rig rig;
         if (trouble == NeverThere)
@@ -81,6 +86,8 @@ TEST(Exit, EndsWithoutAnInstrumentToo) {
             rig.port.Unplug();
         if (trouble == Silent || trouble == SilentInTheMiddle)
             rig.line.Add({sim::FaultKind::Silence, rig.line.CommandCount() + (trouble == Silent ? 0 : 1)});
+        if (trouble == Babbling)
+            rig.line.Add({sim::FaultKind::Endless, rig.line.CommandCount()});
         if (trouble == PortClosed) {
             rig.program.Link().OnButton1(); // reads "close"
             rig.time.RunFor(4000);

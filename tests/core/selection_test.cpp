@@ -7,8 +7,9 @@ namespace {
 
 std::string Choices(Rig& rig) {
     const Session& s = rig.S();
-    return std::to_string(s.select.m_BandId) + s.panel.m_Band_sel + std::to_string(s.select.m_IMIndex) + s.panel.m_IM_sel +
-           std::to_string(s.run.g_TestMode) + s.panel.m_Mode_sel + std::to_string(s.select.m_PathMode) + s.panel.m_Path_sel;
+    return std::to_string(s.select.m_BandId) + s.panel.m_Band_sel + std::to_string(s.select.m_IMIndex) +
+           s.panel.m_IM_sel + std::to_string(s.run.g_TestMode) + s.panel.m_Mode_sel +
+           std::to_string(s.select.m_PathMode) + s.panel.m_Path_sel;
 }
 
 } // namespace
@@ -114,9 +115,10 @@ TEST(Selection, MethodNamesItsRepetition) {
         int runs;
         const char* text;
     } Cases[] = {
-        {ModeSweep, false, false, 1, "Single"},   {ModeTwoTone, false, false, 5, "Single"},    {ModeSweep, false, false, 5, "Multi-times"},
-        {ModeTwoTone, true, true, 1, "Endless"},  {ModeSweep, false, true, 2, "SA Enclosed"},  {ModeSpectrum, false, false, 1, "Endless"},
-        {ModeSweep, true, true, 2, "Endless"},    {ModeTwoTone, false, true, 2, "Single"},
+        {ModeSweep, false, false, 1, "Single"},      {ModeTwoTone, false, false, 5, "Single"},
+        {ModeSweep, false, false, 5, "Multi-times"}, {ModeTwoTone, true, true, 1, "Endless"},
+        {ModeSweep, false, true, 2, "SA Enclosed"},  {ModeSpectrum, false, false, 1, "Endless"},
+        {ModeSweep, true, true, 2, "Endless"},       {ModeTwoTone, false, true, 2, "Single"},
     };
     for (const auto& c : Cases) {
         rig.S().run.tagEndless = c.endless;

@@ -1,6 +1,5 @@
-#include "core/startup.h"
-
 #include "core/session.h"
+#include "core/startup.h"
 #include "support/rig.h"
 
 namespace qor::test {
@@ -56,7 +55,8 @@ std::string LastPath(const Session& s) {
 }
 /// First, ninth and last field of the receive losses.
 std::string Losses(const Session& s) {
-    return std::to_string(s.plan.rxLoss[0]) + " " + std::to_string(s.plan.rxLoss[8]) + " " + std::to_string(s.plan.rxLoss[12]);
+    return std::to_string(s.plan.rxLoss[0]) + " " + std::to_string(s.plan.rxLoss[8]) + " " +
+           std::to_string(s.plan.rxLoss[12]);
 }
 
 constexpr char NineLosses[] = "01.0 00.0 00.0 00.0 00.0 00.0 00.0 00.0 -9.9";
@@ -101,7 +101,7 @@ const StoreCase Cases[] = {
     {"unit.ccz", "x", Unit, "0"},
     {"LastLoadPath.ccz", "/data/a.dat", LastPath, "/data/a.dat"},
     {"LastLoadPath.ccz", "/data/\"a\".dat", LastPath, ""},
-    {"loss.conf", NineLosses, Losses, "0.000000 0.000000 0.000000"},          // one character short of nine fields
+    {"loss.conf", NineLosses, Losses, "0.000000 0.000000 0.000000"}, // one character short of nine fields
     {"loss.conf", "01.0 00.0 00.0 00.0 00.0 00.0 00.0 00.0 -9.9 ", Losses, "1.000000 -9.900000 0.000000"},
     {"loss.conf", ThirteenLosses, Losses, "-99.900002 0.000000 9.900000"},
 };
@@ -136,12 +136,14 @@ TEST(Startup, AnInstallationWithoutSecondPortHasNoSecondLoss) {
 
 /// Whatever bytes the stores hold, a start comes up with values that a run can live with.
 TEST(Startup, RubbishInEveryStore) {
-    for (const std::string& rubbish : {std::string(300, '\0'), std::string(300, '9'), std::string(300, '-'), std::string("\xff\xfe\n\n\n"),
-                                       std::string("1e99 1e99 nan inf"), std::string("-1e99")}) {
+    for (const std::string& rubbish :
+         {std::string(300, '\0'), std::string(300, '9'), std::string(300, '-'), std::string("\xff\xfe\n\n\n"),
+          std::string("1e99 1e99 nan inf"), std::string("-1e99")}) {
         Rig rig;
-        for (const char* const name : {"dbmset.ccz", "2tone_time.ccz", "Sweeptime.ccz", "SweepInter.ccz", "pathloss.ccz",
-                                       "pathloss2.ccz", "AlarmUp.ccz", "testmode.ccz", "reftrans.ccz", "unit.ccz", "loss.conf",
-                                       "Install_info.ccz", "egsm_pow_setup.ccz", "egsm_im3_setup.ccz", "tdb_f1.ccz"})
+        for (const char* const name :
+             {"dbmset.ccz", "2tone_time.ccz", "Sweeptime.ccz", "SweepInter.ccz", "pathloss.ccz",
+              "pathloss2.ccz", "AlarmUp.ccz", "testmode.ccz", "reftrans.ccz", "unit.ccz", "loss.conf",
+              "Install_info.ccz", "egsm_pow_setup.ccz", "egsm_im3_setup.ccz", "tdb_f1.ccz"})
             rig.program.Stores().Write(name, rubbish);
         rig.program.Start(true);
         const Session& s = rig.S();
@@ -159,8 +161,9 @@ TEST(Startup, AnOrdinaryStartForgetsTheLastSession) {
     for (const bool keep : {false, true}) {
         Rig rig;
         SetupStore& store = rig.program.Stores();
-        const char* const forgotten[] = {"testmode.ccz", "reftrans.ccz", "unit.ccz",           "histogram.ccz", "dbmset.ccz",
-                                         "Sweeptime.ccz", "Resolution.ccz", "TagImageOnly.ccz", "skin.ccz"};
+        const char* const forgotten[] = {"testmode.ccz",   "reftrans.ccz",     "unit.ccz",
+                                         "histogram.ccz",  "dbmset.ccz",       "Sweeptime.ccz",
+                                         "Resolution.ccz", "TagImageOnly.ccz", "skin.ccz"};
         for (const char* const name : forgotten)
             store.Write(name, "2");
         store.Write("2tone_time.ccz", "0000009");

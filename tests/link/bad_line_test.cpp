@@ -20,6 +20,12 @@ sim::InstrumentConfig With(const char* firmware, std::uint64_t seed = 1) {
     return config;
 }
 
+int CommandsToReady(const char* firmware) {
+    Rig rig(With(firmware));
+    EXPECT_TRUE(rig.PowerOn());
+    return rig.line.CommandCount();
+}
+
 bool BecomesReady(Rig& rig, std::int64_t limitMs) {
     return rig.time.RunUntil([&] { return rig.S().panel.lamp == Lamp::Ready && rig.program.IsReady(); }, limitMs);
 }
@@ -101,7 +107,7 @@ TEST(BadLine, WhateverHappensItRecovers) {
 TEST(BadLine, AnErrorReplyInTheChainDoesNotStopIt) {
     for (const FaultKind kind : {FaultKind::SyntaxError, FaultKind::Pll}) {
         for (const char* firmware : Firmwares) {
-            for (int at = 0; at < 31; ++at) {
+            for (int at = 0; at < CommandsToReady(firmware); ++at) {
                 SCOPED_TRACE(std::string(firmware) + " at command " + std::to_string(at));
                 Rig rig(With(firmware));
                 rig.line.Add({kind, at});
@@ -131,7 +137,7 @@ TEST(BadLine, ASlowLineIsWaitedForOrSearchedAgain) {
             Rig rig(With(firmware));
             rig.line.Add({FaultKind::Slow, c.slowMs});
             rig.program.Start(false);
-            EXPECT_EQ(BecomesReady(rig, 60000), c.ready);
+            EXPECT_EQ(BecomesReady(rig, c.ready ? 60000 : 15000), c.ready);
             if (c.ready) {
                 ASSERT_TRUE(rig.SelectBand(BandUmts));
                 ASSERT_TRUE(rig.Measure());
@@ -158,10 +164,9 @@ TEST(BadLine, LateRepliesDoNotCutTheNextChainShort) {
         ExpectRecovery(rig);
         EXPECT_EQ(rig.S().panel.m_Band_sel, "DCS");
         EXPECT_EQ(rig.S().link.m_Type, "RT-DB22");
-        EXPECT_EQ(rig.S().link.g_DeviceSN, "00001");
-        rig.Sent();
         TryARun(rig);
         EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+        EXPECT_EQ(rig.S().link.g_DeviceSN, "00001");
     }
 }
 

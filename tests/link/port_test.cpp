@@ -70,7 +70,7 @@ TEST(Ports, SeveralAreProbedAndTheOperatorChooses) {
     rig.Choose("COM2 (/dev/ttySIM1): RT-K022");
     ASSERT_TRUE(rig.RunUntilReady());
     EXPECT_EQ(rig.S().link.m_Type, "RT-K022");
-    EXPECT_EQ(rig.Sent().size(), 30u);
+    EXPECT_EQ(rig.Sent().size(), 31u);
     EXPECT_EQ(rig.S().link.portButton, PortButton::Close);
     EXPECT_TRUE(rig.S().panel.portButtonShown && !rig.S().panel.portListShown);
 
@@ -151,7 +151,7 @@ TEST(Ports, OneThatCannotBeOpenedIsNamedAndTriedAgain) {
     rig.time.RunFor(10000);
     EXPECT_EQ(program.State().panel.lamp, Lamp::NotReady);
     program.Link().OnButton1(); // "Scannen Port" by hand finds nothing either, and the search goes on
-    rig.port.Replug();
+    rig.ports.Replug(1);
     ports.locked = false;
     EXPECT_TRUE(rig.time.RunUntil([&] { return program.IsReady(); }, 10000));
 }

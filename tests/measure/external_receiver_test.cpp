@@ -35,7 +35,9 @@ public:
         written.emplace_back("<");
         return 0;
     }
-    void ReadMeasurement(std::uint32_t, int, int, double& watts) override { watts = std::pow(10.0, Level() / 10) / 1000; }
+    void ReadMeasurement(std::uint32_t, int, int, double& watts) override {
+        watts = std::pow(10.0, Level() / 10) / 1000;
+    }
 };
 
 struct Kind {
@@ -50,8 +52,8 @@ const std::vector<Kind> Kinds{
     {ReceiverNrp, {"MEAS?", "<"}, {"MEAS?", "<"}},
     {ReceiverSensor, {}, {}},
 };
-const std::vector<std::string> MarkerSetUp{"CALC:MARK1 ON", "INIT;*WAI", "CALC:MARK:STAT ON", "CALC:MARK:TRAC 1",
-                                     "CALC:MARK:MAX:AUTO ON"};
+const std::vector<std::string> MarkerSetUp{"CALC:MARK1 ON", "INIT;*WAI", "CALC:MARK:STAT ON",
+                                           "CALC:MARK:TRAC 1", "CALC:MARK:MAX:AUTO ON"};
 
 struct ExternalRig {
     SeeingReceiver receiver;
@@ -64,7 +66,8 @@ struct ExternalRig {
         rig.program.Stores().Write("AlarmUp.ccz", "-30.0");
     }
     bool Ready(int mode) {
-        return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle();
+        return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
+               rig.RunUntilIdle();
     }
 };
 
@@ -110,6 +113,31 @@ TEST(ExternalReceiver, RepeatedTwoTonePassNeedsNoSettling) {
     EXPECT_NEAR(e.rig.S().curve.g_levelUp[0], -46.9f, 0.001f);
 }
 
+/// The analyser is waited for 300 ms ahead of the first pass of a sweep, 100 ms ahead of a further one.
+TEST(ExternalReceiver, RepeatedSweepWaitsOneTick) {
+    ExternalRig e(ReceiverAnalyser, "4.2");
+    ASSERT_TRUE(e.Ready(ModeSweep));
+    RunState& run = e.rig.S().run;
+    run.tagEndless = run.g_bReplaceData = true;
+    run.EndlessTimes = 1;
+    e.rig.program.OnMeasButton();
+    const auto msToSetUp = [&] {
+        const std::int64_t begin = e.rig.time.NowMs();
+        e.receiver.written.clear();
+        EXPECT_TRUE(e.rig.time.RunUntil(
+            [&] {
+                return std::count(e.receiver.written.begin(), e.receiver.written.end(), "INIT:CONT OFF") > 0;
+            },
+            60000));
+        return e.rig.time.NowMs() - begin;
+    };
+    EXPECT_NEAR(static_cast<double>(msToSetUp()), 300.0, 15.0);
+    ASSERT_TRUE(e.rig.time.RunUntil([&] { return run.passes == 1; }, 60000));
+    EXPECT_NEAR(static_cast<double>(msToSetUp()), 100.0, 15.0);
+    ASSERT_TRUE(e.rig.RunUntilRunIsOver());
+    EXPECT_EQ(e.receiver.reads, 2 * (13 + 15));
+}
+
 TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
     for (const Kind& kind : Kinds) {
         for (const char* const firmware : {"6.2", "3.6", "1.8"}) {
@@ -122,14 +150,16 @@ TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
             // Firmware below 3.7 is told the pass only when its own receiver listens.
             EXPECT_EQ(std::count(sent.begin(), sent.end(), "#MDNL1"), firmware[0] == '6' ? 1 : 0);
 
-            // The analyser is set up 300 ms after the start; a long start of the instrument reaches its first step later.
+            // The analyser is set up 300 ms after the start; a long start of the instrument reaches its first
+            // step later.
             const auto setUp = Chain({{"INIT:CONT OFF"}, MarkerSetUp});
             auto texts = firmware[0] == '6' ? Chain({setUp, Centre(8900)}) : Chain({Centre(8900), setUp});
             std::map<int, float> up;
             std::map<int, float> down;
             for (int f1 = 9250; f1 <= 9370; f1 += 10) {
                 up[2 * f1 - 9600] = static_cast<float>(9600 - 2 * f1) / 200.0f;
-                texts = Chain({texts, f1 > 9250 ? Centre(2 * f1 - 9600) : std::vector<std::string>(), kind.inStep});
+                texts = Chain(
+                    {texts, f1 > 9250 ? Centre(2 * f1 - 9600) : std::vector<std::string>(), kind.inStep});
             }
             for (int f2 = 9600; f2 >= 9460; f2 -= 10) {
                 down[18500 - f2] = static_cast<float>(f2 - 18500) / 200.0f;

@@ -8,10 +8,12 @@ namespace {
 
 bool Ready(Rig& rig, int mode) {
     rig.S().curve.g_testTimeMs = 1000;
-    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle();
+    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
+           rig.RunUntilIdle();
 }
 
-const std::vector<std::string> Sweep = // the steps of the built-in EGSM plan without what stands between the halves
+const std::vector<std::string>
+    Sweep = // the steps of the built-in EGSM plan without what stands between the halves
     Chain({{"#IMP?"}, Steps("#SFA", 9260, 9370, 10)});
 
 std::vector<std::string> Halves(const char* turn) {
@@ -29,7 +31,8 @@ constexpr const char* Turn = "#SPA0 #SPB0 #MDNL1 #SPA1 #SPB1"; // firmware 5.3 a
 
 std::vector<float> Levels(std::span<const float> row) {
     std::vector<float> levels;
-    std::copy_if(row.begin(), row.end(), std::back_inserter(levels), [](float level) { return level != 0.0f; });
+    std::copy_if(row.begin(), row.end(), std::back_inserter(levels),
+                 [](float level) { return level != 0.0f; });
     return levels;
 }
 
@@ -52,7 +55,8 @@ TEST(SweepRuns, TwoRunsWithAndWithoutPause) {
          "#SPA0 #SPB0 #SR*10 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #SMTRA #SFB09600 #SFA09250 #MSWL1", Turn},
         {"6.2", 1, 0x60, 2, "#SAB3 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #RECUT1 #SMREF #SFB09600 #SFA09250 #MSWL1",
          "#MSWL0 #SPA0 #SPB0 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #SFB09600 #SFA09250 #MSWL1", Turn},
-        {"4.2", 1, 0x64, 0, "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR", "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR", ""},
+        {"4.2", 1, 0x64, 0, "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR",
+         "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR", ""},
         {"3.6", 1, 0x60, 3, "#SAB1 #SPA1 #SPB1 #SR #RECUT1 #SMREF #SFB09600 #SFA09250 #MSWL1 #MDNL0",
          "#MSWL0 #SPA0 #SPB0 #SPA1 #SPB1 #SR #SFB09600 #SFA09250 #MSWL1 #MDNL0", "#MDNL1"},
     };
@@ -102,8 +106,9 @@ TEST(SweepRuns, SpectrumAnalyzeEnclosed) {
         rig.Sent();
         ASSERT_TRUE(rig.Measure());
         EXPECT_EQ(Joined(rig.Sent()),
-                  Joined(Chain({Words(sixTwo ? "#MDNL0" : ""), Words("#SFB09600 #SFA09250 #MSWL1 #SR"), Halves(turn),
-                                Words("#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR"), LastHalves(turn)})));
+                  Joined(Chain({Words(sixTwo ? "#MDNL0" : ""), Words("#SFB09600 #SFA09250 #MSWL1 #SR"),
+                                Halves(turn), Words("#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR"),
+                                LastHalves(turn)})));
         const CurveState& curve = rig.S().curve;
         // 890 to 914 by 2 MHz and 890 to 904 by 1 MHz
         EXPECT_EQ(Levels(curve.m_RawUp.Row(0)).size(), 20U);
@@ -132,12 +137,31 @@ TEST(SweepRuns, StopInThePauseIsTheEnd) {
     EXPECT_EQ(rig.S().run.passes, 3);
 }
 
+TEST(SweepRuns, ACablePulledInThePauseIsTheEndToo) {
+    Rig rig;
+    ASSERT_TRUE(Ready(rig, ModeSweep));
+    rig.S().curve.g_runCount = 2;
+    rig.S().run.g_SweepInterval = 30;
+    rig.program.OnMeasButton();
+    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.g_bSweepIntervalOk; }, 60000));
+    ASSERT_TRUE(rig.RunUntilIdle());
+    rig.port.Unplug();
+    rig.time.RunFor(3000);
+    EXPECT_FALSE(rig.S().run.runOn);
+    EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictNone);
+    rig.port.Replug();
+    ASSERT_TRUE(rig.RunUntilReady());
+    rig.time.RunFor(60000);
+    EXPECT_FALSE(rig.S().run.runOn);
+    EXPECT_EQ(rig.S().curve.g_runIndex, 0);
+}
+
 TEST(Endless, PassesFilesAndCommands) {
     struct Case {
         int mode;
         const char* firmware;
         bool replace;
-        int times; ///< 0: until it is stopped
+        int times;         ///< 0: until it is stopped
         const char* again; ///< what a further pass begins with
     };
     static const Case Cases[] = {
@@ -152,8 +176,8 @@ TEST(Endless, PassesFilesAndCommands) {
         {ModeSweep, "4.2", false, 0, "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR"},
     };
     for (const Case& c : Cases) {
-        SCOPED_TRACE(std::string(c.mode == ModeSweep ? "sweep " : "2-tone ") + c.firmware + (c.replace ? " replace " : " files ") +
-                     std::to_string(c.times));
+        SCOPED_TRACE(std::string(c.mode == ModeSweep ? "sweep " : "2-tone ") + c.firmware +
+                     (c.replace ? " replace " : " files ") + std::to_string(c.times));
         Rig rig({.firmware = c.firmware});
         ASSERT_TRUE(Ready(rig, c.mode));
         RunState& run = rig.S().run;
@@ -167,10 +191,10 @@ TEST(Endless, PassesFilesAndCommands) {
         // The second pass, from its first command on.
         rig.Sent();
         ASSERT_TRUE(rig.time.RunUntil([&] { return run.passes == 2 || !run.runOn; }, 60000));
-        const char* const turn = c.mode == ModeTwoTone      ? ""
-                                 : c.firmware[0] == '6'       ? Turn
-                                 : c.firmware[0] == '3'       ? "#MDNL1"
-                                                              : "";
+        const char* const turn = c.mode == ModeTwoTone  ? ""
+                                 : c.firmware[0] == '6' ? Turn
+                                 : c.firmware[0] == '3' ? "#MDNL1"
+                                                        : "";
         const auto pass = c.mode == ModeTwoTone ? Times(13, "#IMP?") : Halves(turn);
         EXPECT_EQ(Joined(rig.Sent()), Joined(Chain({Words(c.again), pass})));
         if (c.replace) { // the pass under way covers the one before it from the left

@@ -6,15 +6,17 @@ namespace qor::test {
 namespace {
 
 bool Ready(Rig& rig, int mode) {
-    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle();
+    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
+           rig.RunUntilIdle();
 }
 
 /// Everything of the curve and of the panel that a late reply could touch.
 std::string Face(Rig& rig) {
     const Session& s = rig.S();
-    std::string face = s.panel.m_f1_text + "|" + s.panel.m_f2_text + "|" + s.panel.m_fIM_text + "|" + s.panel.m_ReadingText +
-                       "|" + s.panel.m_WorstFreqText + "|" + s.panel.m_WorstLevelText + "|" +
-                       std::to_string(s.curve.g_MeasVerdict) + "|" + std::to_string(s.curve.StoreDataPot);
+    std::string face = s.panel.m_f1_text + "|" + s.panel.m_f2_text + "|" + s.panel.m_fIM_text + "|" +
+                       s.panel.m_ReadingText + "|" + s.panel.m_WorstFreqText + "|" +
+                       s.panel.m_WorstLevelText + "|" + std::to_string(s.curve.g_MeasVerdict) + "|" +
+                       std::to_string(s.curve.StoreDataPot);
     for (std::size_t i = 0; i < CurvePoints; ++i)
         if (s.curve.g_levelUp[i] != 0.0f || s.curve.g_levelDown[i] != 0.0f)
             face += " " + std::to_string(s.curve.g_levelUp[i]) + "/" + std::to_string(s.curve.g_levelDown[i]);
@@ -40,7 +42,8 @@ TEST(Stop, InEveryShapeAndPhase) {
     };
     for (const auto& c : Cases) {
         for (int after = 0; after < c.longest; after += 211) {
-            SCOPED_TRACE("mode " + std::to_string(c.mode) + " firmware " + c.firmware + " after " + std::to_string(after));
+            SCOPED_TRACE("mode " + std::to_string(c.mode) + " firmware " + c.firmware + " after " +
+                         std::to_string(after));
             Rig rig({.firmware = c.firmware});
             ASSERT_TRUE(Ready(rig, c.mode));
             rig.program.OnMeasButton();
@@ -52,7 +55,8 @@ TEST(Stop, InEveryShapeAndPhase) {
             EXPECT_FALSE(rig.S().run.runOn);
             EXPECT_EQ(panel.lamp, Lamp::Ready);
             EXPECT_EQ(panel.m_f1_text + " " + panel.m_f2_text, c.tones);
-            EXPECT_EQ(panel.m_ReadingText, panel.m_WorstLevelText.empty() ? "0.0 " : panel.m_WorstLevelText + " ");
+            EXPECT_EQ(panel.m_ReadingText,
+                      panel.m_WorstLevelText.empty() ? "0.0 " : panel.m_WorstLevelText + " ");
             EXPECT_EQ(panel.m_fIM_text, panel.m_WorstFreqText);
             EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
             const std::string face = Face(rig);
@@ -110,8 +114,10 @@ TEST(Start, QueuedCommandsHoldBackOldFirmware) {
         ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.runOn; }, 1000));
         ASSERT_TRUE(rig.RunUntilRunIsOver());
         const auto sent = rig.Sent();
-        EXPECT_EQ(Joined(sent), Joined(Words("#RECUT1 #SPWA00430 #SPWB00430 #USEID3 #SAB1 #M2T1 #SR #RECUT1 #SMREF #SFA09350 "
-                                             "#SFB09600 #IMP?*13 #M2T0 #SMREF")));
+        EXPECT_EQ(
+            Joined(sent),
+            Joined(Words("#RECUT1 #SPWA00430 #SPWB00430 #USEID3 #SAB1 #M2T1 #SR #RECUT1 #SMREF #SFA09350 "
+                         "#SFB09600 #IMP?*13 #M2T0 #SMREF")));
         EXPECT_EQ(rig.S().curve.StoreDataPot, 12);
     }
 }
@@ -125,16 +131,31 @@ TEST(Start, RefusalsSayWhyAndSendNothing) {
     };
     static constexpr int Unchanged = 7;
     static const Case Cases[] = {
-        {"path", [](Rig& r) { r.S().select.m_PathMode = 0; }, "Auswaehlen Uebergeben modell oder reflex modell.", StartRefused},
-        {"no band", [](Rig& r) { r.program.Select().SelectBand(BandTetra390); }, "Auswaehlen Breite", StartRefused},
-        {"TETRA 422", [](Rig& r) { r.S().select.m_BandId = BandTetra422; }, "Auswaehlen Breite", StartRefused},
-        {"order", [](Rig& r) { r.S().select.m_BandId = BandEgsm; r.S().select.m_IMIndex = 6; }, "Auswaehlen IM", StartRefused},
-        {"TETRA 390 at IM9", [](Rig& r) { r.S().select.m_IMIndex = 4; }, "Does not support the current selection!", Unchanged},
-        {"TETRA 392 at IM11", [](Rig& r) { r.S().select.m_BandId = BandTetra392; r.S().select.m_IMIndex = 5; },
+        {"path", [](Rig& r) { r.S().select.m_PathMode = 0; },
+         "Auswaehlen Uebergeben modell oder reflex modell.", StartRefused},
+        {"no band", [](Rig& r) { r.program.Select().SelectBand(BandTetra390); }, "Auswaehlen Breite",
+         StartRefused},
+        {"TETRA 422", [](Rig& r) { r.S().select.m_BandId = BandTetra422; }, "Auswaehlen Breite",
+         StartRefused},
+        {"order",
+         [](Rig& r) {
+             r.S().select.m_BandId = BandEgsm;
+             r.S().select.m_IMIndex = 6;
+         },
+         "Auswaehlen IM", StartRefused},
+        {"TETRA 390 at IM9", [](Rig& r) { r.S().select.m_IMIndex = 4; },
+         "Does not support the current selection!", Unchanged},
+        {"TETRA 392 at IM11",
+         [](Rig& r) {
+             r.S().select.m_BandId = BandTetra392;
+             r.S().select.m_IMIndex = 5;
+         },
          "Does not support the current selection!", Unchanged},
         {"method", [](Rig& r) { r.S().run.g_TestMode = 0; }, "Auswaehlen Messung modell", StartRefused},
-        {"not initialised", [](Rig& r) { r.S().link.g_InitLamp = LampNothing; }, "Initialisieren, bitte warten!", Unchanged},
-        {"in the chain", [](Rig& r) { r.S().link.g_bInitFlush = true; }, "Initialisieren, bitte warten!", Unchanged},
+        {"not initialised", [](Rig& r) { r.S().link.g_InitLamp = LampNothing; },
+         "Initialisieren, bitte warten!", Unchanged},
+        {"in the chain", [](Rig& r) { r.S().link.g_bInitFlush = true; }, "Initialisieren, bitte warten!",
+         Unchanged},
     };
     for (const Case& c : Cases) {
         SCOPED_TRACE(c.name);

@@ -6,8 +6,8 @@ namespace qor::test {
 namespace {
 
 bool ReadySweep(Rig& rig, int band, int imIndex = 1) {
-    return rig.PowerOn() && rig.SelectBand(band) && rig.program.Select().SelectOrder(imIndex) && rig.RunUntilIdle() &&
-           rig.program.Select().SelectMethod(ModeSweep) && rig.RunUntilIdle();
+    return rig.PowerOn() && rig.SelectBand(band) && rig.program.Select().SelectOrder(imIndex) &&
+           rig.RunUntilIdle() && rig.program.Select().SelectMethod(ModeSweep) && rig.RunUntilIdle();
 }
 
 /// The two halves of the built-in EGSM plan at IM3, the first step's reading first.
@@ -34,7 +34,7 @@ TEST(Sweep, CommandsOfEveryFirmwareStatusAndPath) {
     struct Branch {
         const char* firmware;
         const char* band;
-        const char* first;    ///< pass selection ahead of the carriers
+        const char* first; ///< pass selection ahead of the carriers
         const char* recut;
         const char* selector; ///< behind #MSWL1
         const char* turn;     ///< between the halves
@@ -52,7 +52,8 @@ TEST(Sweep, CommandsOfEveryFirmwareStatusAndPath) {
     for (const Branch& b : Branches) {
         for (const bool prepared : {false, true}) {
             for (const int path : {1, 2}) {
-                SCOPED_TRACE(std::string(b.firmware) + (prepared ? " prepared" : "") + " path " + std::to_string(path));
+                SCOPED_TRACE(std::string(b.firmware) + (prepared ? " prepared" : "") + " path " +
+                             std::to_string(path));
                 Rig rig({.firmware = b.firmware});
                 ASSERT_TRUE(ReadySweep(rig, BandEgsm));
                 EXPECT_TRUE(rig.program.Select().SelectPath(path));
@@ -60,15 +61,18 @@ TEST(Sweep, CommandsOfEveryFirmwareStatusAndPath) {
                 rig.S().link.g_InstrStatus = prepared ? 0x64 : 0x60;
                 const std::size_t from = Transfers(rig);
                 const auto sent = SentDuring(rig, [&] { EXPECT_TRUE(rig.Measure()); });
-                const auto end = Chain({EgsmUp(), Words(b.turn), {"#SFA09250"}, EgsmDown(),
+                const auto end = Chain({EgsmUp(),
+                                        Words(b.turn),
+                                        {"#SFA09250"},
+                                        EgsmDown(),
                                         Words("#SPA0 #SPB0 #MSWL0 #SFB09600 #SMREF #SPA0 #SPB0")});
                 const std::string smtra = path == 2 ? "#SMTRA" : "";
                 const std::string smref = path == 1 ? "#SMREF" : "";
                 const auto start =
-                    prepared ? Words(std::string(b.first) + " #SPA1 #SPB1 " + smtra + " #SFB09600 #SFA09250 #MSWL1 " +
-                                     b.selector + " #SR")
-                             : Words(std::string(b.band) + " " + b.first + " #SPA1 #SPB1 #SR " + smtra + " " + b.recut +
-                                     " " + smref + " #SFB09600 #SFA09250 #MSWL1 " + b.selector);
+                    prepared ? Words(std::string(b.first) + " #SPA1 #SPB1 " + smtra +
+                                     " #SFB09600 #SFA09250 #MSWL1 " + b.selector + " #SR")
+                             : Words(std::string(b.band) + " " + b.first + " #SPA1 #SPB1 #SR " + smtra + " " +
+                                     b.recut + " " + smref + " #SFB09600 #SFA09250 #MSWL1 " + b.selector);
                 EXPECT_EQ(Joined(sent), Joined(Chain({start, end})));
                 ExpectCurveIsWhatWasHeard(rig, from, 3);
             }
@@ -85,9 +89,10 @@ TEST(Sweep, FirmwareNotYetIdentified) {
     ASSERT_FLOAT_EQ(rig.S().link.FirmVersion, 1.7f);
     rig.S().link.g_InstrStatus = 0x60;
     const auto sent = SentDuring(rig, [&] { EXPECT_TRUE(rig.Measure()); });
-    EXPECT_EQ(Joined(sent), Joined(Chain({Words("#SAB3 #SPA1 #SPB1 #SR #SMREF #SFB09600 #SFA09250 #MSWL1 #MDNL0 #MUPL1"), EgsmUp(),
-                           Words("#MDNL1 #MUPL0 #SFA09250"), EgsmDown(),
-                           Words("#SPA0 #SPB0 #MSWL0 #SFB09600 #SMREF #SPA0 #SPB0")})));
+    EXPECT_EQ(Joined(sent),
+              Joined(Chain({Words("#SAB3 #SPA1 #SPB1 #SR #SMREF #SFB09600 #SFA09250 #MSWL1 #MDNL0 #MUPL1"),
+                            EgsmUp(), Words("#MDNL1 #MUPL0 #SFA09250"), EgsmDown(),
+                            Words("#SPA0 #SPB0 #MSWL0 #SFB09600 #SMREF #SPA0 #SPB0")})));
 }
 
 TEST(Sweep, PanelAndReportOfARun) {
@@ -102,7 +107,8 @@ TEST(Sweep, PanelAndReportOfARun) {
     ASSERT_TRUE(rig.RunUntilRunIsOver());
     const CurveState& curve = rig.S().curve;
     const float highest =
-        std::max(curve.g_maxUpLevel, curve.g_maxDownLevel > curve.g_maxUpLevel + 0.05f ? curve.g_maxDownLevel : -999.0f);
+        std::max(curve.g_maxUpLevel,
+                 curve.g_maxDownLevel > curve.g_maxUpLevel + 0.05f ? curve.g_maxDownLevel : -999.0f);
     EXPECT_NEAR(std::stof(panel.m_WorstLevelText), highest, 0.051);
     EXPECT_EQ(panel.m_ReadingText, panel.m_WorstLevelText);
     EXPECT_EQ(panel.m_fIM_text, panel.m_WorstFreqText);
@@ -130,16 +136,21 @@ TEST(Sweep, EveryStepLandsAtItsPlace) {
         {"RT-DB22", BandDigDiv, 2, nullptr, nullptr, 16, 11},
         {"RT-DB22", BandLte700U, 1, nullptr, nullptr, 17, 9},
         {"RT-DB22", BandLte700U, 5, nullptr, nullptr, 4, 4},
-        {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000937009460000050925009600", 25, 29},
-        {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000937009460000010925009600", 121, 141},
-        {"RT-DB22", BandEgsm, 2, "egsm_im5_setup.ccz", "093400960009340094700939009460000010925009600", 51, 11},
+        {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000937009460000050925009600", 25,
+         29},
+        {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000937009460000010925009600", 121,
+         141},
+        {"RT-DB22", BandEgsm, 2, "egsm_im5_setup.ccz", "093400960009340094700939009460000010925009600", 51,
+         11},
         // A plan that ends where it begins is one step a half.
         {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000925009600000100925009600", 1, 1},
         // A step that does not divide its range: no step beyond the stop.
-        {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000937009460000070925009600", 18, 21},
+        {"RT-DB22", BandEgsm, 1, "egsm_im3_setup.ccz", "093500960009250096000937009460000070925009600", 18,
+         21},
     };
     for (const auto& c : Cases) {
-        SCOPED_TRACE(std::string(BandText(c.band)) + " IM " + std::to_string(c.imIndex) + " " + (c.plan ? c.plan : ""));
+        SCOPED_TRACE(std::string(BandText(c.band)) + " IM " + std::to_string(c.imIndex) + " " +
+                     (c.plan ? c.plan : ""));
         Rig rig({.model = c.model});
         if (c.store)
             rig.program.Stores().Write(c.store, c.plan);
@@ -193,8 +204,11 @@ TEST(Spectrum, CommandsOfAPassAndItsRepeats) {
             ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.passes == 2; }, 60000));
             const auto sent = rig.Sent();
             const auto steps = Chain({EgsmUp(), Words("#SFA09250 #IMP? #SPA0 #SPB0 #MSWL0 #SFB09600")});
-            EXPECT_EQ(Joined(sent), Joined(Chain({Words(b.start), {"#SFB09600", "#SFA09250"}, steps,
-                                                  {"#SFB09600", "#SFA09250", "#SR"}, steps})));
+            EXPECT_EQ(Joined(sent), Joined(Chain({Words(b.start),
+                                                  {"#SFB09600", "#SFA09250"},
+                                                  steps,
+                                                  {"#SFB09600", "#SFA09250", "#SR"},
+                                                  steps})));
             EXPECT_TRUE(rig.S().run.runOn);
             EXPECT_EQ(rig.instrument.Settings().carrier1 + rig.instrument.Settings().carrier2, 0);
             const CurveState& curve = rig.S().curve;

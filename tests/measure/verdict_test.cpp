@@ -6,12 +6,14 @@ namespace {
 
 bool Ready(Rig& rig, int mode) {
     rig.S().curve.g_testTimeMs = 1000;
-    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle();
+    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
+           rig.RunUntilIdle();
 }
 
 float Highest(const CurveState& curve) {
     float highest = -999;
-    for (const auto& levels : {std::span(curve.g_levelUp).first(CurvePoints), std::span(curve.g_levelDown).first(CurvePoints)})
+    for (const auto& levels :
+         {std::span(curve.g_levelUp).first(CurvePoints), std::span(curve.g_levelDown).first(CurvePoints)})
         for (const float level : levels)
             if (level != 0.0f)
                 highest = std::max(highest, level);
@@ -32,12 +34,14 @@ TEST(Verdict, LimitIsExceededByMoreThanAHundredth) {
             bool alarmOff, dbc;
             int verdict;
         } Cases[] = {
-            {0.0f, false, false, VerdictPassed},  {0.01f, false, false, VerdictPassed}, {0.02f, false, false, VerdictFailed},
-            {0.01f, false, true, VerdictPassed},  {0.02f, false, true, VerdictFailed},  {20.0f, true, false, VerdictPassed},
+            {0.0f, false, false, VerdictPassed},  {0.01f, false, false, VerdictPassed},
+            {0.02f, false, false, VerdictFailed}, {0.01f, false, true, VerdictPassed},
+            {0.02f, false, true, VerdictFailed},  {20.0f, true, false, VerdictPassed},
             {-0.1f, false, false, VerdictPassed},
         };
         for (const auto& c : Cases) {
-            SCOPED_TRACE(std::to_string(c.below) + " below " + std::to_string(highest) + (c.dbc ? " dBc" : ""));
+            SCOPED_TRACE(std::to_string(c.below) + " below " + std::to_string(highest) +
+                         (c.dbc ? " dBc" : ""));
             Rig rig;
             ASSERT_TRUE(Ready(rig, mode));
             CurveState& curve = rig.S().curve;
@@ -88,7 +92,8 @@ TEST(Verdict, OneRunAboveTheLimitFailsAllRuns) {
     EXPECT_NEAR(std::stof(rig.S().panel.m_WorstLevelText), -60.0f, 0.5f);
 }
 
-/// An error the instrument reports outranks the limit, ends the readings of its run and leaves the next alone.
+/// An error the instrument reports outranks the limit, ends the readings of its run and leaves the next
+/// alone.
 TEST(Verdict, ErrorRepliesAndTheRunAfter) {
     static constexpr struct {
         sim::FaultKind kind;
@@ -99,7 +104,8 @@ TEST(Verdict, ErrorRepliesAndTheRunAfter) {
     for (const auto& c : Cases) {
         for (const int mode : {ModeTwoTone, ModeSweep}) {
             for (const int at : {0, 3, 20, 50}) { // during the start, in the up half, in the down half
-                SCOPED_TRACE(std::to_string(c.verdict) + " mode " + std::to_string(mode) + " at " + std::to_string(at));
+                SCOPED_TRACE(std::to_string(c.verdict) + " mode " + std::to_string(mode) + " at " +
+                             std::to_string(at));
                 Rig rig;
                 ASSERT_TRUE(Ready(rig, mode));
                 rig.S().curve.g_testTimeMs = 5000;
@@ -134,7 +140,8 @@ TEST(Verdict, LostContactIsNeverAPass) {
                 ASSERT_TRUE(Ready(rig, mode));
                 rig.S().curve.g_testTimeMs = 5000;
                 rig.S().curve.g_alarmLevel = over ? -150.0f : -90.0f;
-                rig.line.Add({pulled ? sim::FaultKind::Unplug : sim::FaultKind::Silence, rig.line.CommandCount() + 34});
+                rig.line.Add({pulled ? sim::FaultKind::Unplug : sim::FaultKind::Silence,
+                              rig.line.CommandCount() + 34});
                 rig.program.OnMeasButton();
                 ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.runOn; }, 20000));
                 EXPECT_EQ(rig.S().curve.g_MeasVerdict, over ? VerdictFailed : VerdictNone);

@@ -111,6 +111,15 @@ TEST(DataFile, BytesOnDiskHaveCarriageReturnsAndADatExchangedNibbles) {
     }
 }
 
+TEST(DataFile, ADatScrambledWithItsCarriageReturnsIsReadToo) {
+    std::string bytes = EncodeResult(TwoToneText, false);
+    for (char& c : bytes)
+        c = EncodeResult({&c, 1}, true).back();
+    const ParsedResult parsed = ParseResult(bytes);
+    ASSERT_TRUE(parsed.file) << parsed.problem;
+    EXPECT_EQ(FormatResult(*parsed.file), TwoToneText);
+}
+
 TEST(DataFile, AFileReadAndWrittenAgainIsTheSame) {
     for (const std::string& text :
          {std::string(TwoToneText), Sweep(), With("IM3", "IM11"), With("dBm 2", "dBc 2"),

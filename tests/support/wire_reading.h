@@ -27,8 +27,8 @@ template <class Act> std::vector<std::string> SentDuring(Rig& rig, Act act) {
 /// The curve as an onlooker at the wire draws it: he follows both tones, works out the product, and puts down
 /// every level that the instrument gives.
 struct OverheardCurve {
-    std::vector<float> trace;   ///< all levels in time order, the first one of a start included
-    std::map<int, float> up;    ///< level by frequency in tenths of MHz, last one wins
+    std::vector<float> trace; ///< all levels in time order, the first one of a start included
+    std::map<int, float> up;  ///< level by frequency in tenths of MHz, last one wins
     std::map<int, float> down;
     int levels = 0;
 };
