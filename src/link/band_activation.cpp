@@ -109,8 +109,8 @@ void BandActivation::TakeFrequencies(std::string_view prefix) {
     queue.Append(WithTenths("#SWA", stored->step));
 }
 
-bool BandActivation::QueuePower(std::string_view command, const std::string& stored, const std::string& compensation,
-                                std::string_view refusal) {
+bool BandActivation::QueuePower(std::string_view command, const std::string& stored,
+                                const std::string& compensation, std::string_view refusal) {
     const double dBm = NumberIn(stored) / 10.0 + NumberIn(compensation);
     if (ToTenths(dBm) > HighestTenths) {
         m_Platform.user.Message(refusal);
@@ -125,7 +125,7 @@ void BandActivation::ResetPlot() {
     const PlanState& plan = m_Session.plan;
     Panel& panel = m_Session.panel;
     const int band = m_Session.select.m_BandId;
-    const FrequencyPlan working{plan.g_f1,    plan.g_f2,    plan.g_f1Start, plan.g_f1Stop,    plan.g_f2Fix,
+    const FrequencyPlan working{plan.g_f1,      plan.g_f2,     plan.g_f1Start, plan.g_f1Stop,    plan.g_f2Fix,
                                 plan.g_f2Start, plan.g_f2Stop, plan.g_f1Fix,   curve.g_SweepStep};
     const ImCoefficients c{plan.g_IMCoefHigh, plan.g_IMCoefLow};
     float imFrequency = 0;

@@ -46,11 +46,11 @@ class Channel {
 public:
     Channel(Session& session, const Platform& platform, ChannelEvents& events, RunControl& run);
 
-    void Start();        ///< starts commsendtimer
-    void OnSendTimer();  ///< commsendtimer
-    void OnWaitTimer();  ///< WaitCommTimer
+    void Start();         ///< starts commsendtimer
+    void OnSendTimer();   ///< commsendtimer
+    void OnWaitTimer();   ///< WaitCommTimer
     void OnStatusTimer(); ///< settingchecktimer: the heartbeat of the idle link
-    void OnComm();       ///< the serial control's event
+    void OnComm();        ///< the serial control's event
 
     /// Empties the queue and forgets the transaction in flight.
     void Reset();
@@ -86,9 +86,9 @@ private:
     const Platform& m_Platform;
     ChannelEvents& m_Events;
     RunControl& m_Run;
-    std::string m_Input; ///< the piece just read
+    std::string m_Input;            ///< the piece just read
     std::int64_t m_DeafSinceMs = 0; ///< when the last reply that was understood had gone out
-    int m_IdleTicks = 0; ///< send ticks for which the chain has waited for nothing
+    int m_IdleTicks = 0;            ///< send ticks for which the chain has waited for nothing
 };
 
 } // namespace qor

@@ -67,8 +67,8 @@ void Channel::ReceiveText() {
         link.m_revdatastr.erase(0, link.m_revdatastr.size() - LongestText / 2);
     link.tagtemp += static_cast<int>(std::min(piece.size(), LongestText));
 
-    if (!link.TagWaitTimerIsKilled &&
-        (link.TagCurrentCommand == "IDN" || link.m_revdatastr.find(link.TagCurrentCommand) != std::string::npos)) {
+    if (!link.TagWaitTimerIsKilled && (link.TagCurrentCommand == "IDN" ||
+                                       link.m_revdatastr.find(link.TagCurrentCommand) != std::string::npos)) {
         // The wait goes on as a watch over a reply that begins and never completes.
         link.CommPendCt = 0;
         link.TagWaitTimerIsKilled = true;
@@ -124,8 +124,8 @@ void Channel::Dispatch() {
         PowerReply('A', link.g_PowerTextA);
     } else if (holds("SPWB")) {
         PowerReply('B', link.g_PowerTextB);
-    } else if (const std::size_t at = text.find("SAB");
-               at != std::string::npos && at + 3 < text.size() && text[at + 3] >= '0' && text[at + 3] <= '9') {
+    } else if (const std::size_t at = text.find("SAB"); at != std::string::npos && at + 3 < text.size() &&
+                                                        text[at + 3] >= '0' && text[at + 3] <= '9') {
         const std::string_view digits = std::string_view(text).substr(at + 3);
         const bool twoDigits = digits.starts_with("10") || digits.starts_with("11");
         const int position = twoDigits ? 10 + (digits[1] - '0') : digits[0] - '0';
@@ -162,7 +162,8 @@ void Channel::StatusReply() {
     link.tagCommPend = 0;
     link.tagtemp = 0;
     // Behind "SST" itself: an echo of #SMTRA or #STA may stand before it in the text.
-    const std::string_view rest = std::string_view(link.m_revdatastr).substr(link.m_revdatastr.find("SST") + 3);
+    const std::string_view rest =
+        std::string_view(link.m_revdatastr).substr(link.m_revdatastr.find("SST") + 3);
     if (!rest.empty() && rest != "\r\n")
         link.g_InstrStatus = static_cast<std::uint8_t>(rest.front());
     link.m_revdatastr.clear();

@@ -10,18 +10,18 @@ namespace qor {
 /// How the reply to a queued command is treated. Sweep readings are queued 20 up and lowered when sent.
 enum Tag : int {
     TagPlain = 0,
-    TagLevel = 1,          ///< level stored as the next point of a 2-tone run
-    TagStepUp = 2,         ///< #SFA of a sweep step
-    TagStepDown = 3,       ///< #SFB of a sweep step
+    TagLevel = 1,     ///< level stored as the next point of a 2-tone run
+    TagStepUp = 2,    ///< #SFA of a sweep step
+    TagStepDown = 3,  ///< #SFB of a sweep step
     TagTableHigh = 4, ///< calibration table write, bytes counted
     TagTableLow = 5,  ///< the same; returns the port to text input
     TagMemoryEditor = 6,
     TagSerialHigh = 7,
     TagSerialLow = 8,
     TagPathTable = 9,
-    TagPrimed = 11,        ///< a level that makes no point
-    TagLevelUp = 12,       ///< level of an up step
-    TagLevelDown = 13,     ///< level of a down step
+    TagPrimed = 11,    ///< a level that makes no point
+    TagLevelUp = 12,   ///< level of an up step
+    TagLevelDown = 13, ///< level of a down step
     TagOption = 14,
     TagReceiverCalFirst = 15,
     TagReceiverCalDone = 16,

@@ -14,7 +14,8 @@ bool Holds(std::string_view text, std::string_view part) {
 
 /// Address letter of a byte-coded memory command "$KVTRE" or "$KVTWE" page address, 0 when it is none.
 char AddressOf(std::string_view command) {
-    return command.size() > 7 && (command.starts_with("$KVTRE") || command.starts_with("$KVTWE")) ? command[7] : '\0';
+    return command.size() > 7 && (command.starts_with("$KVTRE") || command.starts_with("$KVTWE")) ? command[7]
+                                                                                                  : '\0';
 }
 
 } // namespace
@@ -59,7 +60,8 @@ int ReplyLength(std::string_view command, int tag) {
     if (command == "#ADC?")
         return length + 4;
     const char address = command.starts_with("$KVTRE") ? AddressOf(command) : '\0';
-    const bool open = command == "#SST?" || command == "#IDN?" || (tag >= TagMemoryEditor && tag <= TagPathTable) ||
+    const bool open = command == "#SST?" || command == "#IDN?" ||
+                      (tag >= TagMemoryEditor && tag <= TagPathTable) ||
                       (tag >= TagOption && tag <= TagReceiverCalLast) || address == 'x' || address == 'y' ||
                       address == 't' || Holds(command, "#KVTRE,");
     return open ? OpenReply : length;

@@ -12,7 +12,8 @@ namespace qor {
 /// Length of a reply that is told by its line end or by the wait, not by its bytes.
 inline constexpr int OpenReply = 1000;
 
-/// Command text and a frequency in MHz or a power in dBm as five digits of tenths: "#SFA" 869 gives "#SFA08690".
+/// Command text and a frequency in MHz or a power in dBm as five digits of tenths: "#SFA" 869 gives
+/// "#SFA08690".
 [[nodiscard]] std::string WithTenths(std::string_view command, double value);
 /// "#SAB" and the band switch position.
 [[nodiscard]] std::string SelectPosition(int position);

@@ -19,8 +19,8 @@ namespace qor {
 namespace {
 
 constexpr int HighestPort = 16;
-constexpr int IdentityTicks = 10;  ///< of the connection watch: one second
-constexpr int CloseTicks = 20;     ///< of the housekeeping timer
+constexpr int IdentityTicks = 10; ///< of the connection watch: one second
+constexpr int CloseTicks = 20;    ///< of the housekeeping timer
 constexpr const char* SlowSettings = "9600,n,8,1";
 constexpr const char* FastSettings = "115200,n,8,1";
 

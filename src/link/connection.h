@@ -15,7 +15,8 @@ class Connection {
 public:
     enum class Search { Failed = -1, OperatorChooses = 0, Opened = 1 };
 
-    Connection(Session& session, const Platform& platform, Channel& channel, Initialisation& init, RunControl& run);
+    Connection(Session& session, const Platform& platform, Channel& channel, Initialisation& init,
+               RunControl& run);
 
     /// A search without success goes on every two seconds.
     Search ScanComm();
@@ -25,10 +26,10 @@ public:
     /// Connects for the start button, whose question comes with the port closed. True when a port was opened.
     bool ConnectDev();
 
-    void OnSearchTimer();       ///< scanCommtimer
-    void OnProbeTimer();        ///< ReadEachType
+    void OnSearchTimer();           ///< scanCommtimer
+    void OnProbeTimer();            ///< ReadEachType
     void OnConnectWatch(int timer); ///< commScan or openWatch: waits for the identity
-    void OnHousekeepingTimer(); ///< close countdown
+    void OnHousekeepingTimer();     ///< close countdown
 
 private:
     bool Press();

@@ -205,7 +205,8 @@ void Initialisation::MemoryReply() {
         } else if (!FirmwareFrom(link.FirmVersion, 61)) {
             NextStep();
         }
-    } else if (link.g_init >= InitSerial && link.g_isSWStart && tag >= TagSerialFirst && tag <= TagSerialLast) {
+    } else if (link.g_init >= InitSerial && link.g_isSWStart && tag >= TagSerialFirst &&
+               tag <= TagSerialLast) {
         if (tag == TagSerialFirst)
             link.serialRead.clear(); // the reading may have been begun again while one was under way
         if (isCharacter)

@@ -37,13 +37,13 @@ struct LinkState {
     CommandQueue queue;
     int g_CurTag = 0;
     float g_CurParam = 0;
-    int tagCommPend = 0;           ///< reply bytes awaited; 0 idle; 1000 and up: the length is not known
-    int tagtemp = 0;               ///< reply bytes counted
-    std::string TagCurrentCommand; ///< text that identifies the reply
-    int CommPendCt = 0;            ///< ticks of the wait since the command went out or was recognised
+    int tagCommPend = 0;              ///< reply bytes awaited; 0 idle; 1000 and up: the length is not known
+    int tagtemp = 0;                  ///< reply bytes counted
+    std::string TagCurrentCommand;    ///< text that identifies the reply
+    int CommPendCt = 0;               ///< ticks of the wait since the command went out or was recognised
     bool TagWaitTimerIsKilled = true; ///< the reply's text has been seen, or nothing is in flight
-    std::string m_revdatastr;      ///< reply text assembled so far
-    std::int64_t firstSendMs = 0;  ///< when the first command after an initialisation went out
+    std::string m_revdatastr;         ///< reply text assembled so far
+    std::int64_t firstSendMs = 0;     ///< when the first command after an initialisation went out
     bool firstSendArmed = false;
 
     // Identity.
@@ -54,14 +54,14 @@ struct LinkState {
     std::string g_EqName;
     std::string g_IMType;
     std::string m_devSN;
-    std::string serialRead;   ///< characters of the serial number as they come
+    std::string serialRead;    ///< characters of the serial number as they come
     bool memoryMissed = false; ///< a character of the text being read was never answered
     std::string g_DeviceSN = "00000";
     std::uint8_t g_InstrStatus = 0x64;
-    std::string g_BandCmd;       ///< the last #SABn
-    int bandOfCommand = 14;      ///< the band that g_BandCmd stands for, 14 when it is not known
-    int g_bAwsChosen = 1;        ///< where PCS and AWS share a position: 1 is AWS
-    std::string g_PowerTextA;    ///< power the instrument echoed, dBm
+    std::string g_BandCmd;    ///< the last #SABn
+    int bandOfCommand = 14;   ///< the band that g_BandCmd stands for, 14 when it is not known
+    int g_bAwsChosen = 1;     ///< where PCS and AWS share a position: 1 is AWS
+    std::string g_PowerTextA; ///< power the instrument echoed, dBm
     std::string g_PowerTextB;
     bool TagStartMeasStart = false; ///< flips with each M2T reply
 

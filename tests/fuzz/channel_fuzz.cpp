@@ -1,5 +1,6 @@
-// An instrument that answers anything at any time: silence, other bytes, pieces, its reply late or twice, a line
-// that goes away. The program neither breaks nor hangs, and once the instrument behaves again it is ready.
+// An instrument that answers anything at any time: silence, other bytes, pieces, its reply late or twice, a
+// line that goes away. The program neither breaks nor hangs, and once the instrument behaves again it is
+// ready.
 
 #include "core/program.h"
 #include "display/curve_store.h"
@@ -93,7 +94,9 @@ private:
         case 3: // something else in a line of its own
             return Deliver(m_Bytes.Take(how / 8) + "\r\n", ms);
         case 4: // the reply with something in it
-            return Deliver(reply.substr(0, how / 32) + m_Bytes.Take(2) + reply.substr(std::min<std::size_t>(reply.size(), how / 32)), ms);
+            return Deliver(reply.substr(0, how / 32) + m_Bytes.Take(2) +
+                               reply.substr(std::min<std::size_t>(reply.size(), how / 32)),
+                           ms);
         case 5: // one byte spoilt
             if (!reply.empty()) {
                 std::string spoilt = reply;
@@ -195,7 +198,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzedLine line(bytes, time, config);
     OnePort ports(line);
     Quiet user;
-    const auto program = std::make_unique<Program>(Platform{line, ports, time.timers, time.clock, user}, StoreDirectory());
+    const auto program =
+        std::make_unique<Program>(Platform{line, ports, time.timers, time.clock, user}, StoreDirectory());
     Session& session = program->State();
     program->Start(false);
     program->SearchNow();
@@ -211,14 +215,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(session.curve.StoreDataPot <= static_cast<int>(session.curve.g_levelUp.size()));
     }
 
-    // The instrument behaves, and the operator stops what runs and opens the port if need be.
+    // The instrument behaves; the operator opens the port if need be and stops what runs.
     bytes.size = 0;
+    time.RunFor(10000); // what is under way still comes, a loss too
     line.plugged = true;
-    time.RunFor(20000);
-    if (session.run.runOn)
-        program->StopMeas();
+    time.RunFor(10000);
     if (!line.GetPortOpen() && session.link.portButton == PortButton::Open)
         program->Link().OnButton1();
-    Require(time.RunUntil([&] { return program->IsReady() && session.panel.lamp == Lamp::Ready; }, 180000));
+    const auto isReady = [&] {
+        if (session.run.runOn)
+            program->StopMeas();
+        return program->IsReady() && session.panel.lamp == Lamp::Ready;
+    };
+    Require(time.RunUntil(isReady, 180000));
     return 0;
 }

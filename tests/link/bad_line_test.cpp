@@ -1,34 +1,14 @@
 // A line that spoils, cuts, delays or floods what the instrument says. The program comes to ready or keeps
 // searching, and is ready soon after the line is good again.
 #include "display/curve_store.h"
-#include "support/rig.h"
-
-#include <sstream>
+#include "link/recovery.h"
 
 namespace qor::test {
 namespace {
 
 using sim::FaultKind;
 
-constexpr const char* Firmwares[] = {"3.4", "4.0", "4.9", "6.0", "6.1", "6.2"};
-
-sim::InstrumentConfig With(const char* firmware, std::uint64_t seed = 1) {
-    sim::InstrumentConfig config;
-    config.firmware = firmware;
-    config.position = 4;
-    config.seed = seed;
-    return config;
-}
-
-int CommandsToReady(const char* firmware) {
-    Rig rig(With(firmware));
-    EXPECT_TRUE(rig.PowerOn());
-    return rig.line.CommandCount();
-}
-
-bool BecomesReady(Rig& rig, std::int64_t limitMs) {
-    return rig.time.RunUntil([&] { return rig.S().panel.lamp == Lamp::Ready && rig.program.IsReady(); }, limitMs);
-}
+constexpr const char* Firmwares[] = {"3.4", "4.9", "6.1", "6.2"};
 
 /// Tries a run of some seconds, whatever state the line has left the program in.
 void TryARun(Rig& rig) {
@@ -49,9 +29,9 @@ void TryARun(Rig& rig) {
 void ExpectRecovery(Rig& rig) {
     rig.line.ClearFaults();
     ASSERT_TRUE(BecomesReady(rig, 90000))
-        << "g_init " << rig.S().link.g_init << ", lamp " << rig.S().link.g_InitLamp << ", model " << rig.S().link.m_Type
-        << ", " << rig.S().panel.m_Band_sel << "\n" << [&] { const auto log = rig.wire.Recent(); return log.substr(log.size() - std::min<std::size_t>(log.size(), 2500)); }();
-    ASSERT_TRUE(rig.program.IsReady());
+        << "g_init " << rig.S().link.g_init << ", g_InitLamp " << rig.S().link.g_InitLamp << ", "
+        << rig.S().link.m_Type << ", " << rig.S().panel.m_Band_sel << "\n"
+        << rig.wire.Recent();
 }
 
 TEST(BadLine, SingleBytesChangeNothing) {
@@ -60,7 +40,7 @@ TEST(BadLine, SingleBytesChangeNothing) {
         std::vector<std::vector<std::string>> sent;
         std::vector<std::array<float, CurvePoints + 1>> curves;
         for (const bool pieces : {false, true}) {
-            Rig rig(With(firmware));
+            Rig rig(AtDcs(firmware));
             if (pieces)
                 rig.line.Add({FaultKind::Pieces, 0});
             ASSERT_TRUE(rig.PowerOn());
@@ -78,19 +58,15 @@ TEST(BadLine, SingleBytesChangeNothing) {
     }
 }
 
-struct Spoilt {
-    FaultKind kind;
-    int number;
-};
-
 // From power-on, and from the middle of the chain, of an idle link, of a run.
 TEST(BadLine, WhateverHappensItRecovers) {
-    for (const FaultKind kind : {FaultKind::Garble, FaultKind::EarlyEnd, FaultKind::Endless, FaultKind::Silence}) {
+    for (const FaultKind kind :
+         {FaultKind::Garble, FaultKind::EarlyEnd, FaultKind::Endless, FaultKind::Silence}) {
         for (const char* firmware : Firmwares) {
-            for (int at = 0; at < 44; ++at) {
-                SCOPED_TRACE(std::string(sim::Faults[static_cast<std::size_t>(kind)].name) + " " + firmware + " from command " +
-                             std::to_string(at));
-                Rig rig(With(firmware, static_cast<std::uint64_t>(at) + 1));
+            for (int at = 0; at < 44; at += kind == FaultKind::Garble ? 1 : 3) {
+                SCOPED_TRACE(std::string(sim::Faults[static_cast<std::size_t>(kind)].name) + " " + firmware +
+                             " from command " + std::to_string(at));
+                Rig rig(AtDcs(firmware, static_cast<std::uint64_t>(at) + 1));
                 rig.line.Add({kind, at});
                 rig.program.Start(false);
                 if (BecomesReady(rig, 40000))
@@ -107,9 +83,10 @@ TEST(BadLine, WhateverHappensItRecovers) {
 TEST(BadLine, AnErrorReplyInTheChainDoesNotStopIt) {
     for (const FaultKind kind : {FaultKind::SyntaxError, FaultKind::Pll}) {
         for (const char* firmware : Firmwares) {
-            for (int at = 0; at < CommandsToReady(firmware); ++at) {
+            const int commands = CommandsToReady(firmware);
+            for (int at = 0; at < commands; ++at) {
                 SCOPED_TRACE(std::string(firmware) + " at command " + std::to_string(at));
-                Rig rig(With(firmware));
+                Rig rig(AtDcs(firmware));
                 rig.line.Add({kind, at});
                 rig.program.Start(false);
                 ASSERT_TRUE(BecomesReady(rig, 80000));
@@ -131,10 +108,11 @@ TEST(BadLine, ASlowLineIsWaitedForOrSearchedAgain) {
         int slowMs;
         bool ready; ///< the identity is there within its second
     };
-    for (const Case& c : {Case{100, true}, Case{300, true}, Case{700, false}, Case{2500, false}, Case{4100, false}, Case{7000, false}}) {
+    for (const Case& c : {Case{100, true}, Case{300, true}, Case{700, false}, Case{2500, false},
+                          Case{4100, false}, Case{7000, false}}) {
         for (const char* firmware : {"3.4", "5.7", "6.2"}) {
             SCOPED_TRACE(std::string(firmware) + " " + std::to_string(c.slowMs) + " ms");
-            Rig rig(With(firmware));
+            Rig rig(AtDcs(firmware));
             rig.line.Add({FaultKind::Slow, c.slowMs});
             rig.program.Start(false);
             EXPECT_EQ(BecomesReady(rig, c.ready ? 60000 : 15000), c.ready);
@@ -142,7 +120,8 @@ TEST(BadLine, ASlowLineIsWaitedForOrSearchedAgain) {
                 ASSERT_TRUE(rig.SelectBand(BandUmts));
                 ASSERT_TRUE(rig.Measure());
                 EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
-                EXPECT_LE(rig.S().curve.StoreDataPot, 52 * 100 / c.slowMs + 1) << "the time of a point follows the line";
+                EXPECT_LE(rig.S().curve.StoreDataPot, 52 * 100 / c.slowMs + 1)
+                    << "the time of a point follows the line";
             }
             ExpectRecovery(rig);
             TryARun(rig);
@@ -151,11 +130,12 @@ TEST(BadLine, ASlowLineIsWaitedForOrSearchedAgain) {
     }
 }
 
-// The line becomes slow, or silent for a while, on a ready link: a late reply must not count for the next command.
+// The line becomes slow, or silent for a while, on a ready link: a late reply must not count for the next
+// command.
 TEST(BadLine, LateRepliesDoNotCutTheNextChainShort) {
     for (const int slowMs : {2100, 2600, 3900, 4300, 4900, 6000}) {
         SCOPED_TRACE(slowMs);
-        Rig rig(With("5.7"));
+        Rig rig(AtDcs("5.7"));
         ASSERT_TRUE(rig.PowerOn());
         rig.program.ArmStatusPoll();
         rig.time.RunFor(5000);

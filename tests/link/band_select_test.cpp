@@ -11,8 +11,8 @@ class BandSelect : public testing::TestWithParam<const char*> {};
 /// What a refused or a kept choice must not have touched.
 auto Untouched(Rig& rig) {
     const Session& s = rig.S();
-    return std::make_tuple(s.select.m_BandId, s.panel.m_Band_sel, s.link.g_BandCmd, s.plan.g_f1, s.curve.g_freqGrid,
-                           s.panel.m_fIM_text, rig.instrument.Settings().position);
+    return std::make_tuple(s.select.m_BandId, s.panel.m_Band_sel, s.link.g_BandCmd, s.plan.g_f1,
+                           s.curve.g_freqGrid, s.panel.m_fIM_text, rig.instrument.Settings().position);
 }
 
 TEST_P(BandSelect, TheInstrumentIsSwitchedAndTheEchoKeepsTheBand) {
@@ -52,8 +52,8 @@ TEST_P(BandSelect, TheInstrumentIsSwitchedAndTheEchoKeepsTheBand) {
             EXPECT_EQ(rig.S().panel.m_Band_sel, BandText(band));
             EXPECT_TRUE(rig.user.messages.empty());
             // An instrument that has no such position says so and stays where it is.
-            EXPECT_EQ(rig.instrument.Settings().position, *position < model.positions ? *position
-                                                                                      : std::get<6>(before));
+            EXPECT_EQ(rig.instrument.Settings().position,
+                      *position < model.positions ? *position : std::get<6>(before));
         }
     }
 }

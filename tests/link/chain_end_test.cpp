@@ -1,15 +1,9 @@
-// The end of the chain: what the operator may do while the lamp is green already, and bands that have no plan.
-#include "support/rig.h"
+// The end of the chain: what the operator may do while the lamp is green already, and bands that have no
+// plan.
+#include "link/recovery.h"
 
 namespace qor::test {
 namespace {
-
-sim::InstrumentConfig AtDcs(const char* firmware) {
-    sim::InstrumentConfig config;
-    config.firmware = firmware;
-    config.position = 4;
-    return config;
-}
 
 // The lamp turns green with the echo of #RECUT1 while the serial number is still being read.
 TEST(ChainEnd, AChoiceMadeWhileTheSerialNumberIsReadReachesTheInstrument) {
@@ -31,7 +25,9 @@ TEST(ChainEnd, AChoiceMadeWhileTheSerialNumberIsReadReachesTheInstrument) {
             EXPECT_EQ(rig.instrument.Settings().power2, 410);
             EXPECT_EQ(rig.instrument.Settings().order, 5);
             EXPECT_EQ(rig.S().panel.m_Band_sel, "EGSM");
-            EXPECT_EQ(rig.S().link.g_DeviceSN, *firmware == '3' ? "00000" : firmware == std::string("6.2") ? "SIM01" : "00001");
+            EXPECT_EQ(rig.S().link.g_DeviceSN, *firmware == '3'                 ? "00000"
+                                               : firmware == std::string("6.2") ? "SIM01"
+                                                                                : "00001");
             EXPECT_TRUE(rig.Measure());
         }
     }
@@ -57,7 +53,8 @@ TEST(ChainEnd, AnotherOrderChosenEarlierInAReconnectionIsNotLostEither) {
     }
 }
 
-// Positions that carry no plan take no part in band activation, and must not keep the operator from the others.
+// Positions that carry no plan take no part in band activation, and must not keep the operator from the
+// others.
 TEST(ChainEnd, ABandWithoutAPlanInPositionLeavesTheOthersToChoose) {
     struct Case {
         const char* model;
@@ -65,7 +62,8 @@ TEST(ChainEnd, ABandWithoutAPlanInPositionLeavesTheOthersToChoose) {
         const char* shown;
         int other;
     };
-    for (const Case& c : {Case{"RT-N026", 1, "Wifi", BandUmts2}, Case{"RT-C010", 10, "FQ-C010", BandTetra390}}) {
+    for (const Case& c :
+         {Case{"RT-N026", 1, "Wifi", BandUmts2}, Case{"RT-C010", 10, "FQ-C010", BandTetra390}}) {
         SCOPED_TRACE(c.model);
         sim::InstrumentConfig config;
         config.model = c.model;
@@ -84,7 +82,8 @@ TEST(ChainEnd, AfterAPowerAboveTheLimitAnotherBandEndsTheChain) {
     rig.program.Stores().Write("dcs_pow_setup.ccz", "0045000450");
     rig.S().plan.m_power2_compensation = "1.1";
     EXPECT_FALSE(rig.PowerOn());
-    EXPECT_EQ(rig.user.messages, (std::vector<std::string>{"f2The maximum value cannot be greater than 46dbm"}));
+    EXPECT_EQ(rig.user.messages,
+              (std::vector<std::string>{"f2The maximum value cannot be greater than 46dbm"}));
     EXPECT_EQ(rig.instrument.Settings().power2, 430) << "nothing above the limit went out";
     ASSERT_TRUE(rig.program.Select().SelectBand(BandEgsm));
     ASSERT_TRUE(rig.RunUntilReady());

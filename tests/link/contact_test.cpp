@@ -1,22 +1,10 @@
 // The instrument goes away and comes back, at every moment that matters.
 #include "core/timer_ids.h"
 #include "display/curve_store.h"
-#include "support/rig.h"
+#include "link/recovery.h"
 
 namespace qor::test {
 namespace {
-
-sim::InstrumentConfig With(const char* firmware) {
-    sim::InstrumentConfig config;
-    config.firmware = firmware;
-    config.position = 4;
-    return config;
-}
-
-/// Ready by itself, with a green lamp: contact that was just lost is not ready.
-bool BecomesReady(Rig& rig, std::int64_t limitMs = 120000) {
-    return rig.time.RunUntil([&] { return rig.S().panel.lamp == Lamp::Ready && rig.program.IsReady(); }, limitMs);
-}
 
 /// Everything an operator does first with an instrument that has just come back.
 void ExpectUsable(Rig& rig) {
@@ -35,23 +23,23 @@ void ExpectUsable(Rig& rig) {
 }
 
 TEST(Contact, UnpluggedAtAnyCommandOfTheChain) {
-    for (const char* firmware : {"3.4", "4.9", "6.0", "6.1", "6.2"}) {
-        int commands = 0;
-        {
-            Rig whole(With(firmware));
-            ASSERT_TRUE(whole.PowerOn());
-            commands = whole.line.CommandCount();
-        }
+    struct Case {
+        const char* firmware;
+        const char* serial;
+    };
+    for (const Case& c :
+         {Case{"3.4", "00000"}, Case{"4.9", "00001"}, Case{"6.1", "SIM01"}, Case{"6.2", "SIM01"}}) {
+        const char* const firmware = c.firmware;
+        const int commands = CommandsToReady(firmware);
         for (int at = 0; at < commands; ++at) {
             SCOPED_TRACE(std::string(firmware) + " at command " + std::to_string(at));
-            Rig rig(With(firmware));
+            Rig rig(AtDcs(firmware));
             rig.line.Add({sim::FaultKind::Unplug, at});
             rig.line.Add({sim::FaultKind::Replug, 3});
             rig.program.Start(false);
-            ASSERT_TRUE(BecomesReady(rig));
+            ASSERT_TRUE(BecomesReady(rig, 120000));
             EXPECT_GT(rig.S().link.contactLosses, 0);
-            const std::string expected = *firmware == '3' ? "00000" : *firmware == '4' ? "00001" : "SIM01";
-            EXPECT_EQ(rig.S().link.g_DeviceSN, firmware == std::string("6.0") ? "00001" : expected);
+            EXPECT_EQ(rig.S().link.g_DeviceSN, c.serial);
             if (at % 5 == 0)
                 ExpectUsable(rig);
         }
@@ -61,14 +49,15 @@ TEST(Contact, UnpluggedAtAnyCommandOfTheChain) {
 // The instrument is switched off and on with its cable in: only the wait timer tells.
 TEST(Contact, SilentFromAnyCommandOfTheChain) {
     for (const char* firmware : {"3.4", "4.9", "6.1", "6.2"}) {
-        for (int at = 0; at < 31; ++at) {
+        const int commands = CommandsToReady(firmware);
+        for (int at = 0; at < commands; ++at) {
             SCOPED_TRACE(std::string(firmware) + " from command " + std::to_string(at));
-            Rig rig(With(firmware));
+            Rig rig(AtDcs(firmware));
             rig.line.Add({sim::FaultKind::Silence, at});
             rig.program.Start(false);
             rig.time.RunFor(20000 + at * 500);
             rig.line.ClearFaults();
-            ASSERT_TRUE(BecomesReady(rig));
+            ASSERT_TRUE(BecomesReady(rig, 120000));
             if (at % 5 == 0)
                 ExpectUsable(rig);
         }
@@ -76,7 +65,7 @@ TEST(Contact, SilentFromAnyCommandOfTheChain) {
 }
 
 TEST(Contact, SilentAgainWhenTheIdentityIsAskedTheSecondTime) {
-    Rig rig(With("6.2"));
+    Rig rig(AtDcs("6.2"));
     rig.line.Add({sim::FaultKind::Unplug, 5}); // the model is known by then
     rig.line.Add({sim::FaultKind::Replug, 1});
     rig.line.Add({sim::FaultKind::Silence, 7}); // the second #IDN?
@@ -84,14 +73,14 @@ TEST(Contact, SilentAgainWhenTheIdentityIsAskedTheSecondTime) {
     ASSERT_TRUE(rig.time.RunUntil([&] { return rig.line.CommandCount() == 8; }, 20000));
     rig.time.RunFor(15000);
     rig.line.ClearFaults();
-    EXPECT_TRUE(BecomesReady(rig));
+    EXPECT_TRUE(BecomesReady(rig, 120000));
     ExpectUsable(rig);
 }
 
 TEST(Contact, UnpluggedWhileIdle) {
     for (const int awayMs : {10, 1900, 2100, 60000}) {
         SCOPED_TRACE(awayMs);
-        Rig rig(With("6.2"));
+        Rig rig(AtDcs("6.2"));
         ASSERT_TRUE(rig.PowerOn());
         rig.program.ArmStatusPoll();
         rig.time.RunFor(7000);
@@ -102,7 +91,8 @@ TEST(Contact, UnpluggedWhileIdle) {
         EXPECT_TRUE(rig.Sent().empty()) << "nothing is written to a line that is gone";
         rig.port.Replug();
         ASSERT_TRUE(BecomesReady(rig, 10000));
-        EXPECT_EQ(rig.Sent(), (std::vector<std::string>{"#SR", "#SMREF", "#SAB?", "#USEID3", "#SPWA00430", "#SPWB00430"}))
+        EXPECT_EQ(rig.Sent(),
+                  (std::vector<std::string>{"#SR", "#SMREF", "#SAB?", "#USEID3", "#SPWA00430", "#SPWB00430"}))
             << "the short chain of a reconnection";
         EXPECT_EQ(rig.S().link.g_DeviceSN, "SIM01");
         EXPECT_EQ(rig.S().link.contactLosses, 1);
@@ -112,7 +102,7 @@ TEST(Contact, UnpluggedWhileIdle) {
 }
 
 TEST(Contact, TheHeartbeatNoticesSilenceWhileIdle) {
-    Rig rig(With("6.2"));
+    Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.PowerOn());
     rig.program.ArmStatusPoll();
     rig.time.RunFor(5000);
@@ -136,7 +126,7 @@ class ContactInRun : public testing::TestWithParam<RunCase> {};
 
 TEST_P(ContactInRun, ThePartialRunStaysAndNeverPasses) {
     const RunCase c = GetParam();
-    Rig rig(With("6.2"));
+    Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.program.Select().SelectMethod(c.mode));
     rig.program.OnMeasButton();
@@ -181,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(Runs, ContactInRun,
 TEST(Contact, UnpluggedAtAnyCommandOfAStart) {
     for (int at = 0; at < 12; ++at) {
         SCOPED_TRACE(at);
-        Rig rig(With("6.2"));
+        Rig rig(AtDcs("6.2"));
         ASSERT_TRUE(rig.PowerOn());
         rig.line.Add({sim::FaultKind::Unplug, rig.line.CommandCount() + at});
         rig.line.Add({sim::FaultKind::Replug, 1});
@@ -194,7 +184,7 @@ TEST(Contact, UnpluggedAtAnyCommandOfAStart) {
 }
 
 TEST(Contact, WithTwoPortsTheOtherIsTriedAndTheInstrumentFoundAgain) {
-    Rig rig(With("6.2"));
+    Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.PowerOn());
     sim::Instrument deaf{{}};
     sim::Line deafLine(deaf);
@@ -202,7 +192,8 @@ TEST(Contact, WithTwoPortsTheOtherIsTriedAndTheInstrumentFoundAgain) {
     rig.ports.Add(deafLine, "/dev/ttySIM1");
     rig.program.ArmStatusPoll();
     rig.line.Add({sim::FaultKind::Silence, 0});
-    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.g_LastPort == 2; }, 10000)) << "the port that is not the last one";
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.g_LastPort == 2; }, 10000))
+        << "the port that is not the last one";
     rig.line.ClearFaults();
     ASSERT_TRUE(BecomesReady(rig, 20000));
     EXPECT_EQ(rig.S().link.g_LastPort, 1);

@@ -2,12 +2,11 @@
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
 
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <array>
+#include <gtest/gtest.h>
 #include <pty.h>
 #include <termios.h>
 #include <unistd.h>
@@ -97,7 +96,8 @@ TEST_F(SerialPort, CarriesEveryByteBothWays) {
     port.SetOutput("$KVTRE");
     port.SetOutput(std::string_view("}\0\xff\x11\x13", 5));
     port.SetOutput("\r");
-    EXPECT_EQ(pty.Written(), std::string("$KVTRE}\0\xff\x11\x13\r", 12)) << "out at once, in order, none eaten";
+    EXPECT_EQ(pty.Written(), std::string("$KVTRE}\0\xff\x11\x13\r", 12))
+        << "out at once, in order, none eaten";
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
         all += static_cast<char>(byte);

@@ -3,9 +3,8 @@
 #include "support/temp_dir.h"
 #include "support/virtual_time.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
+#include <gtest/gtest.h>
 
 namespace qor::test {
 namespace {
@@ -22,7 +21,8 @@ TEST(WireLog, OneLineATransferWithEscapes) {
     log.Record('<', std::string_view("a\\\r\n\0\x1f\x7f\x80\xff~ ", 11));
     log.Record('<', std::string(100, 'x'));
     const std::string lines = "1234 < a\\\\\\r\\n\\x00\\x1f\\x7f\\x80\\xff~ \n";
-    EXPECT_EQ(FileText(dir / "wire"), lines + "1234 < " + std::string(100, 'x') + "\n") << "whole, and out at once";
+    EXPECT_EQ(FileText(dir / "wire"), lines + "1234 < " + std::string(100, 'x') + "\n")
+        << "whole, and out at once";
     EXPECT_EQ(log.Recent(), "0 > #SR\n" + lines + "1234 < " + std::string(46, 'x') + "\n");
     EXPECT_TRUE(log.FileIsWhole());
 }
