@@ -100,4 +100,9 @@ enum Verdict : int {
     VerdictPassed = 1001,
 };
 
+/// True for a verdict that an error reply of the instrument has set.
+[[nodiscard]] constexpr bool IsInstrumentError(int verdict) {
+    return verdict >= VerdictSyntaxError && verdict <= VerdictPllNotLocked;
+}
+
 } // namespace qor

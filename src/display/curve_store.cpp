@@ -34,7 +34,7 @@ double LimitInDbm(const CurveState& curve) {
 void JudgeRow(CurveState& curve, std::span<const float> levels) {
     // An instrument error outranks the limit.
     if (curve.g_alarmOff ||
-        (curve.g_MeasVerdict >= VerdictSyntaxError && curve.g_MeasVerdict <= VerdictPllNotLocked))
+        IsInstrumentError(curve.g_MeasVerdict))
         return;
     const double limit = LimitInDbm(curve);
     if (std::any_of(levels.begin(), levels.end(), [limit](float level) { return Exceeds(level, limit); }))
@@ -191,7 +191,7 @@ void SettleVerdict(CurveState& curve) {
     int& verdict = curve.g_MeasVerdict;
     if (verdict == VerdictOverLimit || verdict == VerdictFailed)
         verdict = VerdictFailed;
-    else if (verdict < VerdictSyntaxError || verdict > VerdictPllNotLocked)
+    else if (!IsInstrumentError(verdict))
         verdict = VerdictPassed;
 }
 

@@ -3,6 +3,7 @@
 #include "bands/catalogue.h"
 #include "bands/setup_store.h"
 #include "bands/tenths.h"
+#include "bands/working_plan.h"
 #include "core/session.h"
 #include "core/text_format.h"
 #include "display/curve_store.h"
@@ -65,19 +66,6 @@ void BandActivation::TakeLimits() {
     plan.m_rxCalF2 = std::to_string(limits->txHigh);
 }
 
-void BandActivation::TakePlan(const FrequencyPlan& from) {
-    PlanState& plan = m_Session.plan;
-    plan.g_f1 = from.f1;
-    plan.g_f2 = from.f2;
-    plan.g_f1Start = from.f1Start;
-    plan.g_f1Stop = from.f1Stop;
-    plan.g_f2Fix = from.f2Fix;
-    plan.g_f2Start = from.f2Start;
-    plan.g_f2Stop = from.f2Stop;
-    plan.g_f1Fix = from.f1Fix;
-    m_Session.curve.g_SweepStep = from.step;
-}
-
 void BandActivation::TakeFrequencies(std::string_view prefix) {
     PlanState& plan = m_Session.plan;
     const int band = m_Session.select.m_BandId;
@@ -91,14 +79,14 @@ void BandActivation::TakeFrequencies(std::string_view prefix) {
         return; // measured at these two tones only
     }
     if (const auto builtIn = ActivationPlan(band, imIndex, plan.g_bridge3dB))
-        TakePlan(*builtIn);
+        SetWorkingPlan(m_Session, *builtIn);
     else
         m_Platform.user.Message("Not Supported");
 
     const auto stored = ReadPlanStore(m_Store, prefix, imIndex);
     if (!stored)
         return; // the built-in values reach the instrument with the first run
-    TakePlan(*stored);
+    SetWorkingPlan(m_Session, *stored);
     CommandQueue& queue = m_Session.link.queue;
     queue.Append(WithTenths("#SFA", stored->f1));
     queue.Append(WithTenths("#SFB", stored->f2));
@@ -125,8 +113,7 @@ void BandActivation::ResetPlot() {
     const PlanState& plan = m_Session.plan;
     Panel& panel = m_Session.panel;
     const int band = m_Session.select.m_BandId;
-    const FrequencyPlan working{plan.g_f1,      plan.g_f2,     plan.g_f1Start, plan.g_f1Stop,    plan.g_f2Fix,
-                                plan.g_f2Start, plan.g_f2Stop, plan.g_f1Fix,   curve.g_SweepStep};
+    const FrequencyPlan working = WorkingPlan(m_Session);
     const ImCoefficients c{plan.g_IMCoefHigh, plan.g_IMCoefLow};
     float imFrequency = 0;
 

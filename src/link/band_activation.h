@@ -24,7 +24,6 @@ public:
 
 private:
     void TakeLimits();
-    void TakePlan(const FrequencyPlan& plan);
     void TakeFrequencies(std::string_view prefix);
     [[nodiscard]] bool QueuePower(std::string_view command, const std::string& stored,
                                   const std::string& compensation, std::string_view refusal);

@@ -183,7 +183,8 @@ void Channel::Write(const std::string& text, std::string_view payload) {
 }
 
 void Channel::OnStatusTimer() {
-    if (m_Platform.comm.GetPortOpen())
+    // The chain has a watch of its own, which the answers to a poll would hold off.
+    if (m_Platform.comm.GetPortOpen() && !m_Session.link.g_bInitFlush)
         m_Session.link.queue.Append("#SST?");
 }
 

@@ -50,7 +50,6 @@ private:
     void StartFirstRun();
     [[nodiscard]] bool TakePath();
     [[nodiscard]] bool TakeBandAndPlan(std::string& prefix);
-    void TakePlan(const FrequencyPlan& plan);
     void FillFixedReportTexts();
     void FillSweepReport();
     void StartTwoTone();
@@ -70,7 +69,6 @@ private:
     void SetUpAnalyser();
     [[nodiscard]] float ImOf(float f1, float f2) const;
     [[nodiscard]] float SpectrumIm(float f1, float f2) const;
-    [[nodiscard]] FrequencyPlan WorkingPlan() const;
     [[nodiscard]] bool Internal() const;
 
     void QueueStep(std::string_view command, float frequency, int tag, float imFrequency);

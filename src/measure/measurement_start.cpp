@@ -1,5 +1,6 @@
 // From the press of the start button to the choice of a shape: guards, band, plan and corrections.
 #include "bands/tenths.h"
+#include "bands/working_plan.h"
 #include "core/session.h"
 #include "core/text_format.h"
 #include "core/timer_ids.h"
@@ -34,13 +35,6 @@ float Measurement::ImOf(float f1, float f2) const {
 
 float Measurement::SpectrumIm(float f1, float f2) const {
     return ImFrequency(m_Session.plan.g_MeasBand, {2, 1}, f1, f2);
-}
-
-FrequencyPlan Measurement::WorkingPlan() const {
-    const PlanState& plan = m_Session.plan;
-    return {plan.g_f1,     plan.g_f2,    plan.g_f1Start,
-            plan.g_f1Stop, plan.g_f2Fix, plan.g_f2Start,
-            plan.g_f2Stop, plan.g_f1Fix, m_Session.curve.g_SweepStep};
 }
 
 void Measurement::OnMeasButton(Connection& connection) {
@@ -231,12 +225,12 @@ bool Measurement::TakeBandAndPlan(std::string& prefix) {
     }
     prefix = band->prefix;
     if (builtIn)
-        TakePlan(*builtIn);
+        SetWorkingPlan(m_Session, *builtIn);
     if (number == BandTdScdmaA) {
         plan.g_f1 = ReadTdScdmaAF1(m_Store);
         plan.g_f2 = 2025.0f;
     } else if (const auto stored = ReadPlanStore(m_Store, prefix, imIndex)) {
-        TakePlan(*stored);
+        SetWorkingPlan(m_Session, *stored);
     }
     const ImCoefficients c = CoefficientsOf(imIndex);
     plan.g_IMCoefHigh = c.high;
@@ -246,19 +240,6 @@ bool Measurement::TakeBandAndPlan(std::string& prefix) {
     lines[ReportBand] = std::string(band->reportText) + "/" + m_Session.link.g_ModelName + "/";
     lines[ReportIM] = "IM" + std::to_string(OrderOf(imIndex));
     return true;
-}
-
-void Measurement::TakePlan(const FrequencyPlan& from) {
-    PlanState& plan = m_Session.plan;
-    plan.g_f1 = from.f1;
-    plan.g_f2 = from.f2;
-    plan.g_f1Start = from.f1Start;
-    plan.g_f1Stop = from.f1Stop;
-    plan.g_f2Fix = from.f2Fix;
-    plan.g_f2Start = from.f2Start;
-    plan.g_f2Stop = from.f2Stop;
-    plan.g_f1Fix = from.f1Fix;
-    m_Session.curve.g_SweepStep = from.step;
 }
 
 } // namespace qor

@@ -1,5 +1,6 @@
 // The commands and ticks that each shape of run begins with, and those of its further passes.
 #include "bands/tenths.h"
+#include "bands/working_plan.h"
 #include "core/session.h"
 #include "core/text_format.h"
 #include "core/timer_ids.h"
@@ -97,6 +98,7 @@ void Measurement::StartTwoTone() {
 void Measurement::RepeatTwoTone() {
     CurveState& curve = m_Session.curve;
     curve.StoreDataPot = 0;
+    m_Session.run.ticks = 0;
     UpdateTimePerPoint(curve, Internal());
     if (Internal())
         m_Session.link.queue.Append("#IMP?", TagPrimeQueued);
@@ -143,7 +145,7 @@ void Measurement::StartSweep(bool prepared) {
     curve.g_worstFreq = 0;
     curve.g_worstLevel = 0;
     FillSweepReport();
-    BuildSweepGrid(curve, plan.g_MeasBand, {plan.g_IMCoefHigh, plan.g_IMCoefLow}, WorkingPlan());
+    BuildSweepGrid(curve, plan.g_MeasBand, {plan.g_IMCoefHigh, plan.g_IMCoefLow}, WorkingPlan(m_Session));
     ClearForSweep();
     if (run.g_FirstRun && !prepared)
         QueueBandReselection();
@@ -190,7 +192,7 @@ void Measurement::StartSpectrum() {
     curve.g_worstFreq = 0;
     curve.g_worstLevel = 0;
     FillSweepReport();
-    BuildSpectrumGrid(curve, plan.g_MeasBand, WorkingPlan());
+    BuildSpectrumGrid(curve, plan.g_MeasBand, WorkingPlan(m_Session));
     ClearForSweep();
     if (run.g_FirstRun)
         QueueBandReselection();

@@ -34,6 +34,7 @@ struct RunState {
 
     // The run in progress.
     int curvepointcounter = 0;
+    int ticks = 0; ///< of the 2-tone pass in progress
     int g_SettleTicks = 0;
     int g_SweepPhase = PhaseIdle;
     int stepIndex = 0; ///< of the next step; g_f1Now and g_f2Now follow from it without adding up errors

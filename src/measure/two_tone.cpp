@@ -25,10 +25,13 @@ void Measurement::OnTwoToneTimer() {
         curve.tone2SetTimes = curve.RealReceiveTime;
     curve.tone2SetTimes = std::max(curve.tone2SetTimes, 100);
     run.curvepointcounter = curve.g_testTimeMs / curve.tone2SetTimes + 1 + (Internal() ? 1 : 0);
-    if (curve.StoreDataPot >= run.curvepointcounter) {
+    // After an error reply no level counts any more: the run then ends by its time, as an instrument error.
+    const bool timeIsUp = IsInstrumentError(curve.g_MeasVerdict) && run.ticks > run.curvepointcounter;
+    if (curve.StoreDataPot >= run.curvepointcounter || timeIsUp) {
         DecideTwoToneEnd();
         return;
     }
+    ++run.ticks;
     std::string reading;
     if (Internal())
         m_Session.link.queue.Append("#IMP?", TagLevel);

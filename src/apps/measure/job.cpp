@@ -18,10 +18,6 @@ constexpr int IdentityLimitMs = 12000;
 /// The last commands of a run are answered well before this.
 constexpr int DrainLimitMs = 3000;
 
-bool IsInstrumentError(int verdict) {
-    return verdict >= VerdictSyntaxError && verdict <= VerdictPllNotLocked;
-}
-
 const char* ErrorWords(int verdict) {
     switch (verdict) {
     case VerdictSyntaxError:
