@@ -10,9 +10,8 @@
 
 #include <QCoreApplication>
 
-#include <benchmark/benchmark.h>
-
 #include <array>
+#include <benchmark/benchmark.h>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>

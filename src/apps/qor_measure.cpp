@@ -1,9 +1,9 @@
 // qor-measure: one measurement from the shell, its verdict as the exit status.
-#include "core/program.h"
 #include "apps/measure/console.h"
 #include "apps/measure/job.h"
 #include "apps/measure/options.h"
 #include "apps/measure/outcome.h"
+#include "core/program.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
@@ -54,7 +54,8 @@ template <typename Line> int Run(QCoreApplication& application, const app::Optio
     LoggedComm comm(line.comm, wire);
     QtTimers timers;
     Program program({comm, line.ports, timers, programClock, console}, options.dataDirectory);
-    app::Job job(program, options, console, wire, [] { return g_StopAsked != 0; }, [&] { application.quit(); });
+    app::Job job(
+        program, options, console, wire, [] { return g_StopAsked != 0; }, [&] { application.quit(); });
     job.Start();
     QCoreApplication::exec();
 
@@ -83,7 +84,8 @@ int main(int argc, char* argv[]) {
     if (!parsed.options) {
         std::fprintf(stderr, "qor-measure: %s\n", parsed.text.c_str());
         if (parsed.json)
-            std::fputs(app::ToJson({app::BadRequest, parsed.text, {}, false}, nullptr, nullptr).c_str(), stdout);
+            std::fputs(app::ToJson({app::BadRequest, parsed.text, {}, false}, nullptr, nullptr).c_str(),
+                       stdout);
         return app::BadRequest;
     }
     std::signal(SIGINT, [](int) { g_StopAsked = 1; });

@@ -13,8 +13,8 @@ struct Session;
 /// initialisation from being disturbed. A refusal is told to the operator and changes nothing.
 class Selection {
 public:
-    Selection(Session& session, const Platform& platform, SetupStore& store, Channel& channel, Initialisation& init,
-              Connection& connection);
+    Selection(Session& session, const Platform& platform, SetupStore& store, Channel& channel,
+              Initialisation& init, Connection& connection);
 
     /// The band selected already is deselected, as a second click on its menu item means it.
     bool SelectBand(int band);

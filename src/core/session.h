@@ -30,6 +30,8 @@ struct Session {
 };
 
 /// Order number of an order index: 3, 5, 7, 9, 11.
-[[nodiscard]] constexpr int OrderOf(int imIndex) { return 2 * imIndex + 1; }
+[[nodiscard]] constexpr int OrderOf(int imIndex) {
+    return 2 * imIndex + 1;
+}
 
 } // namespace qor

@@ -40,7 +40,9 @@ void LoadScale(CurveState& curve, const SetupStore& store) {
     if (const auto text = store.Read("dbmset.ccz", 40)) {
         const std::size_t line = text->find('\n');
         const auto bottom = static_cast<float>(NumberIn(*text));
-        const auto top = line == std::string::npos ? 0.0f : static_cast<float>(NumberIn(std::string_view(*text).substr(line)));
+        const auto top = line == std::string::npos
+                             ? 0.0f
+                             : static_cast<float>(NumberIn(std::string_view(*text).substr(line)));
         if (bottom != 0.0f || top != 0.0f) {
             curve.g_plotBottom = bottom;
             curve.g_plotTop = top;
@@ -66,8 +68,8 @@ void LoadAlarm(CurveState& curve, Panel& panel, const SetupStore& store) {
 
 void ForgetLastSession(SetupStore& store) {
     for (const std::string_view name :
-         {"testmode.ccz", "reftrans.ccz", "unit.ccz", "histogram.ccz", "dbmset.ccz", "Sweeptime.ccz", "Resolution.ccz",
-          "TagImageOnly.ccz", "skin.ccz"})
+         {"testmode.ccz", "reftrans.ccz", "unit.ccz", "histogram.ccz", "dbmset.ccz", "Sweeptime.ccz",
+          "Resolution.ccz", "TagImageOnly.ccz", "skin.ccz"})
         store.Remove(name);
 }
 
@@ -87,7 +89,8 @@ void LoadStores(Session& session, SetupStore& store) {
     const std::string info = store.Read("Install_info.ccz", 3).value_or("");
     if (info.size() > 2 && WholeNumberIn(std::string_view(info).substr(2)) == 0)
         plan.g_port2Loss = 0; // an installation without a second port
-    if (const auto path = store.Read("LastLoadPath.ccz", LongestPath); path && path->find('"') == std::string::npos)
+    if (const auto path = store.Read("LastLoadPath.ccz", LongestPath);
+        path && path->find('"') == std::string::npos)
         session.results.LastLoadPath = *path;
     plan.rxLoss = ParseRxLoss(store.Read("loss.conf", LongestPath).value_or(""));
     LoadAlarm(curve, session.panel, store);

@@ -33,8 +33,7 @@ double LimitInDbm(const CurveState& curve) {
 
 void JudgeRow(CurveState& curve, std::span<const float> levels) {
     // An instrument error outranks the limit.
-    if (curve.g_alarmOff ||
-        IsInstrumentError(curve.g_MeasVerdict))
+    if (curve.g_alarmOff || IsInstrumentError(curve.g_MeasVerdict))
         return;
     const double limit = LimitInDbm(curve);
     if (std::any_of(levels.begin(), levels.end(), [limit](float level) { return Exceeds(level, limit); }))

@@ -146,14 +146,11 @@ void Connection::TakeProbeAnswer() {
         entry.text += ": ";
         entry.text += label;
         link.m_PortSettings[entry.number] = link.m_comm_settings;
-        ++link.g_ProbeIndex;
-    } else if (link.tagCommPend == 0) {
-        ++link.g_ProbeIndex; // not asked, or the identity handling has taken the answer
-    } else if (link.g_bProbeSlow) {
-        link.g_bProbeSlow = false; // the same port once more at the other speed
-    } else {
-        ++link.g_ProbeIndex;
+    } else if (link.tagCommPend != 0 && link.g_bProbeSlow) {
+        link.g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
+        return;
     }
+    ++link.g_ProbeIndex; // answered, not asked, or the identity handling has taken the answer
 }
 
 void Connection::ProbeNext() {

@@ -13,7 +13,8 @@ bool FirmwareFrom(float firmVersion, int tenths) {
 std::optional<float> VersionInBanner(std::string_view banner) {
     std::string sought;
     // Stepped in 32-bit floats on purpose: the value is the one all firmware thresholds were set against.
-    for (float candidate = 1.0f; candidate < 20.0f; candidate += 0.1f) { // NOLINT(cert-flp30-c)
+    for (float candidate = 1.0f; candidate < 20.0f;
+         candidate += 0.1f) { // NOLINT(clang-analyzer-security.FloatLoopCounter)
         sought = "v";
         AppendFixed(sought, static_cast<double>(candidate), 1);
         const std::size_t at = banner.find(sought);

@@ -35,10 +35,12 @@ struct Class {
 };
 
 constexpr Class Classes[] = {
-    {"1.8", 18, BandEgsm, "egsm_"},     {"3.4", 34, BandEgsm, "egsm_"},     {"3.5", 35, BandEgsm, "egsm_"},
-    {"4.0", 40, BandEgsm, "egsm_"},     {"4.1", 41, BandEgsm, "egsm_"},     {"4.9", 49, BandEgsm, "egsm_"},
-    {"5.0", 50, BandDigDiv, "dig-div_"}, {"5.6", 56, BandDigDiv, "dig-div_"}, {"5.7", 57, BandDigDiv, "dig-div_"},
-    {"6.0", 60, BandDigDiv, "dig-div_"}, {"6.1", 61, BandDigDiv, "dig-div_"}, {"6.2", 62, BandDigDiv, "dig-div_"},
+    {"1.8", 18, BandEgsm, "egsm_"},      {"3.4", 34, BandEgsm, "egsm_"},
+    {"3.5", 35, BandEgsm, "egsm_"},      {"4.0", 40, BandEgsm, "egsm_"},
+    {"4.1", 41, BandEgsm, "egsm_"},      {"4.9", 49, BandEgsm, "egsm_"},
+    {"5.0", 50, BandDigDiv, "dig-div_"}, {"5.6", 56, BandDigDiv, "dig-div_"},
+    {"5.7", 57, BandDigDiv, "dig-div_"}, {"6.0", 60, BandDigDiv, "dig-div_"},
+    {"6.1", 61, BandDigDiv, "dig-div_"}, {"6.2", 62, BandDigDiv, "dig-div_"},
     {"6.9", 69, BandDigDiv, "dig-div_"}, {"ev2.0", 120, BandDigDiv, "dig-div_"},
 };
 
@@ -64,7 +66,8 @@ TEST(PowerOn, EachFirmwareClassIsWalkedToReadyByItsOwnSequence) {
                 rig.program.Stores().Write(c.prefix + std::string("im3_setup.ccz"),
                                            "079310819007940081500800008100000050079300819");
                 rig.program.Stores().Write(c.prefix + std::string("pow_setup.ccz"), "0043100460");
-                plan = {"#SFA07931", "#SFB08190", "#SSA07940", "#SSB08150", "#STA08000", "#STB08100", "#SWA00005"};
+                plan = {"#SFA07931", "#SFB08190", "#SSA07940", "#SSB08150",
+                        "#STA08000", "#STB08100", "#SWA00005"};
                 power1 = "00431";
                 power2 = "00460";
             }

@@ -4,10 +4,11 @@
 #include "platform/scheduler.h"
 #include "platform/timers.h"
 
+#include <queue>
+
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <queue>
 #include <vector>
 
 namespace qor::test {

@@ -33,8 +33,8 @@ const char* ErrorWords(int verdict) {
 
 Job::Job(Program& program, const Options& options, Console& console, const WireLog& wire,
          std::function<bool()> stopAsked, std::function<void()> finished)
-    : m_Program(program), m_Options(options), m_Console(console), m_Wire(wire), m_StopAsked(std::move(stopAsked)),
-      m_Finished(std::move(finished)) {
+    : m_Program(program), m_Options(options), m_Console(console), m_Wire(wire),
+      m_StopAsked(std::move(stopAsked)), m_Finished(std::move(finished)) {
     QObject::connect(&m_Timer, &QTimer::timeout, [this] { Look(); });
 }
 
@@ -68,7 +68,8 @@ double Job::ExpectedSeconds() const {
     double run = session.curve.g_testTimeMs / 1000.0;
     if (m_Options.method != ModeTwoTone) {
         const auto plan = DefaultPlan(m_Options.band, m_Options.imIndex, 1);
-        const double span = plan ? static_cast<double>(plan->f1Stop - plan->f1Start + plan->f2Start - plan->f2Stop) : 0;
+        const double span =
+            plan ? static_cast<double>(plan->f1Stop - plan->f1Start + plan->f2Start - plan->f2Stop) : 0;
         run = 5.0 + 0.15 * span / (plan ? static_cast<double>(plan->step) : 1.0);
         run = run * m_Options.runs + (m_Options.interval + 1.0) * (m_Options.runs - 1);
     }
@@ -80,12 +81,14 @@ bool Job::ContactWasLost() const {
 }
 
 void Job::Look() {
-    const double limit = m_Options.timeoutSeconds ? *m_Options.timeoutSeconds : 3.0 * ExpectedSeconds() + 60.0;
+    const double limit =
+        m_Options.timeoutSeconds ? *m_Options.timeoutSeconds : 3.0 * ExpectedSeconds() + 60.0;
     if (m_Phase != Phase::Exit && m_Phase != Phase::Drain) {
         if (m_StopAsked())
             return Finish(NoInstrument, "Interrupted before the measurement was complete.");
         if (static_cast<double>(m_Since.elapsed()) > limit * 1000.0)
-            return Finish(NoInstrument, "The time of " + Fixed(limit, 0) + " s was up before the measurement was complete.");
+            return Finish(NoInstrument, "The time of " + Fixed(limit, 0) +
+                                            " s was up before the measurement was complete.");
     }
     switch (m_Phase) {
     case Phase::Search:
@@ -134,8 +137,9 @@ void Job::WaitIdle() {
 
 void Job::Choose() {
     if (!SelectAll())
-        return Finish(BadRequest, m_Console.LastMessage().empty() ? "This instrument does not carry the selection."
-                                                                   : m_Console.LastMessage());
+        return Finish(BadRequest, m_Console.LastMessage().empty()
+                                      ? "This instrument does not carry the selection."
+                                      : m_Console.LastMessage());
     m_Phase = Phase::Settle;
 }
 
@@ -144,13 +148,14 @@ bool Job::SelectAll() {
     Selection& select = m_Program.Select();
     const std::string band(BandText(m_Options.band));
     if (session.select.m_BandId != m_Options.band && !select.SelectBand(m_Options.band)) {
-        m_Console.Message("Band " + band + " is not carried by " + session.link.g_ModelName + " with firmware " +
-                          Fixed(static_cast<double>(session.link.FirmVersion), 1) + ".");
+        m_Console.Message("Band " + band + " is not carried by " + session.link.g_ModelName +
+                          " with firmware " + Fixed(static_cast<double>(session.link.FirmVersion), 1) + ".");
         return false;
     }
     const bool fixedTones = m_Options.band == BandTdScdmaA;
-    const bool hasOrder = fixedTones ? m_Options.imIndex == 1
-                                     : StartPlan(m_Options.band, m_Options.imIndex, session.plan.g_bridge3dB).has_value();
+    const bool hasOrder =
+        fixedTones ? m_Options.imIndex == 1
+                   : StartPlan(m_Options.band, m_Options.imIndex, session.plan.g_bridge3dB).has_value();
     if (!hasOrder || (fixedTones && m_Options.method != ModeTwoTone)) {
         m_Console.Message("Band " + band + " has no IM" + std::to_string(OrderOf(m_Options.imIndex)) +
                           " measurement by this method.");
@@ -180,8 +185,8 @@ void Job::Watch() {
     const Session& session = m_Program.State();
     const CurveState& curve = session.curve;
     if (ContactWasLost())
-        return Finish(NoInstrument, "Contact with the instrument was lost after " + std::to_string(PointsIn(session)) +
-                                        " points.");
+        return Finish(NoInstrument, "Contact with the instrument was lost after " +
+                                        std::to_string(PointsIn(session)) + " points.");
     if (IsInstrumentError(curve.g_MeasVerdict))
         return Finish(InstrumentError, ErrorWords(curve.g_MeasVerdict));
     if (session.run.runOn && session.run.g_TestMode == ModeSpectrum && session.run.passes > 0)
@@ -192,8 +197,8 @@ void Job::Watch() {
         m_Phase = Phase::Drain;
         return;
     }
-    m_Console.Progress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText + ", worst " +
-                       session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
+    m_Console.Progress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText +
+                       ", worst " + session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
 }
 
 void Job::Drain() {

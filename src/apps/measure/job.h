@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/program.h"
 #include "apps/measure/console.h"
 #include "apps/measure/options.h"
 #include "apps/measure/outcome.h"
+#include "core/program.h"
 #include "platform/wire_log.h"
 
 #include <QElapsedTimer>

@@ -146,7 +146,8 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
     result.json = parser.isSet("json");
     if (parser.isSet("help") || parser.isSet("version")) {
         result.isAnswer = true;
-        result.text = parser.isSet("help") ? parser.helpText().toStdString() : "qor-measure " QOR_VERSION "\n";
+        result.text =
+            parser.isSet("help") ? parser.helpText().toStdString() : "qor-measure " QOR_VERSION "\n";
         return result;
     }
     Reader reader(parser);
@@ -166,7 +167,8 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
             reader.Fail("--limit takes a level from 0 to -200 dBm, not \"" + reader.Text("limit") + "\".");
         options.limitDbm = limit;
     }
-    options.dataDirectory = reader.Has("data-dir") ? std::filesystem::path(reader.Text("data-dir")) : DefaultDataDirectory();
+    options.dataDirectory =
+        reader.Has("data-dir") ? std::filesystem::path(reader.Text("data-dir")) : DefaultDataDirectory();
     options.idleSeconds = reader.Whole("idle", 0, 9999999).value_or(0);
     options.timeoutSeconds = reader.Whole("timeout", 1, 99999999);
     options.wireFile = reader.Text("wire");

@@ -13,7 +13,7 @@ namespace qor::app {
 
 /// What the command line of qor-measure asks for, checked.
 struct Options {
-    std::string port;                            ///< serial device; empty with `simulate`
+    std::string port;                              ///< serial device; empty with `simulate`
     std::optional<sim::InstrumentConfig> simulate; ///< an instrument in this process
     int band = 0;
     int imIndex = 1;
@@ -34,7 +34,7 @@ struct Options {
 
 struct ParsedOptions {
     std::optional<Options> options;
-    std::string text;   ///< help or version to print, or what is wrong
+    std::string text;      ///< help or version to print, or what is wrong
     bool isAnswer = false; ///< `text` is what was asked for
     bool json = false;
 };

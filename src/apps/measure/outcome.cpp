@@ -1,8 +1,8 @@
 #include "apps/measure/outcome.h"
 
+#include "apps/measure/options.h"
 #include "core/session.h"
 #include "core/text_format.h"
-#include "apps/measure/options.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -87,15 +87,16 @@ std::string ToJson(const Outcome& outcome, const Options* options, const Session
 }
 
 std::string ToText(const Outcome& outcome, const Options& options, const Session& session) {
-    std::string text = std::string(BandText(options.band)) + " IM" + std::to_string(OrderOf(options.imIndex)) + " " +
-                       MethodWord(options.method) + " " + (options.path == 1 ? "reflection" : "transmission") + ": " +
+    std::string text = std::string(BandText(options.band)) + " IM" +
+                       std::to_string(OrderOf(options.imIndex)) + " " + MethodWord(options.method) + " " +
+                       (options.path == 1 ? "reflection" : "transmission") + ": " +
                        VerdictWord(outcome, &session);
     const CurveState& curve = session.curve;
     if (curve.g_worstLevel != 0.0f)
         text += ", worst " + Fixed(InDbm(curve, curve.g_worstLevel), 1) + " dBm at " +
                 Fixed(static_cast<double>(curve.g_worstFreq), 1) + " MHz";
-    text += ", limit " + Fixed(InDbm(curve, curve.g_alarmLevel), 1) + " dBm, " + std::to_string(PointsIn(session)) +
-            " points\n";
+    text += ", limit " + Fixed(InDbm(curve, curve.g_alarmLevel), 1) + " dBm, " +
+            std::to_string(PointsIn(session)) + " points\n";
     for (const std::string& file : outcome.files)
         text += file + "\n";
     return text;

@@ -31,7 +31,8 @@ void QtTimers::timerEvent(QTimerEvent* event) {
 
 void QtScheduler::At(std::int64_t microseconds, std::function<void()> action) {
     const std::int64_t wait = std::max<std::int64_t>(0, microseconds - NowMicroseconds());
-    QTimer::singleShot(std::chrono::milliseconds((wait + 999) / 1000), Qt::PreciseTimer, this, std::move(action));
+    QTimer::singleShot(std::chrono::milliseconds((wait + 999) / 1000), Qt::PreciseTimer, this,
+                       std::move(action));
 }
 
 } // namespace qor

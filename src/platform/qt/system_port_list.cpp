@@ -35,7 +35,8 @@ std::vector<SerialDevice> SystemPortList::List() {
     std::vector<SerialDevice> list;
     for (const std::string& device : devices) {
         const int number = NumberOf(device);
-        const bool listed = std::any_of(list.begin(), list.end(), [&](const auto& d) { return d.number == number; });
+        const bool listed =
+            std::any_of(list.begin(), list.end(), [&](const auto& d) { return d.number == number; });
         if (!listed)
             list.push_back({number, device});
     }
