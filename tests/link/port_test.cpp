@@ -17,6 +17,7 @@ struct PortsRig : Rig {
             ports.Add(lines.back(), "/dev/ttySIM" + std::to_string(lines.size()));
         }
     }
+    ~PortsRig() { port.SetPortOpen(false); } // the lines below go before the port does
     std::deque<sim::Instrument> instruments;
     std::deque<sim::Line> lines;
 
