@@ -220,7 +220,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     time.RunFor(10000); // what is under way still comes, a loss too
     line.plugged = true;
     time.RunFor(10000);
-    if (!line.GetPortOpen() && session.link.portButton == PortButton::Open)
+    if (!line.GetPortOpen() && session.link.portButton != PortButton::Close)
         program->Link().OnButton1();
     const auto isReady = [&] {
         if (session.run.runOn)
