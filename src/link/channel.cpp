@@ -75,6 +75,13 @@ void Channel::OnSendTimer() {
         return;
     }
     m_IdleTicks = 0;
+    const std::int64_t now = m_Platform.clock.TickMs();
+    if (link.TagWaitTimerIsKilled) {
+        m_DeafSinceMs = now; // the last reply was understood
+    } else if (now - m_DeafSinceMs > DeafMs) {
+        LoseContact(true);
+        return;
+    }
     m_Events.BeforeSend();
     if (!link.queue.Empty())
         CommSend();
@@ -105,13 +112,6 @@ void Channel::CommSend() {
         EndOfChain();
         return;
     }
-    const std::int64_t now = m_Platform.clock.TickMs();
-    if (link.TagWaitTimerIsKilled) {
-        m_DeafSinceMs = now; // the last reply was understood
-    } else if (now - m_DeafSinceMs > DeafMs) {
-        LoseContact(true);
-        return;
-    }
     if (head.tag == TagSerialHigh)
         ReopenBinary();
     if (head.text == "#NULL") {
@@ -124,7 +124,7 @@ void Channel::CommSend() {
 
     if (link.firstSendArmed) {
         link.firstSendArmed = false;
-        link.firstSendMs = now;
+        link.firstSendMs = m_Platform.clock.TickMs();
     }
     const int tag = TagAsSent(head.tag);
     ApplyMemoryPage(head.text, link.FirmVersion);

@@ -185,7 +185,8 @@ void Channel::LevelOrOrder() {
     if (link.m_SetIMOrder == "0") {
         const std::string level(LevelText(link.m_revdatastr)); // at most ten characters: no allocation
         link.m_revdatastr.clear();
-        m_Events.LevelReply(level);
+        if (!level.empty()) // a spoilt one makes no point
+            m_Events.LevelReply(level);
         return;
     }
     const std::size_t at = link.m_revdatastr.find('P');

@@ -18,6 +18,18 @@ char AddressOf(std::string_view command) {
                                                                                                   : '\0';
 }
 
+/// Blanks, a sign, digits and a point: nothing else, so that a spoilt "-9x.3" never counts as -9.
+bool IsDecimal(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    if (text.starts_with('-') || text.starts_with('+'))
+        text.remove_prefix(1);
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    return std::any_of(text.begin(), text.end(), isDigit) && std::count(text.begin(), text.end(), '.') <= 1 &&
+           std::all_of(text.begin(), text.end(), [&](char c) { return isDigit(c) || c == '.'; });
+}
+
 } // namespace
 
 std::string WithTenths(std::string_view command, double value) {
@@ -98,7 +110,7 @@ std::string_view LevelText(std::string_view reply) {
     if (text.size() > 10)
         text.remove_prefix(text.size() - 10);
     text.remove_suffix(std::min<std::size_t>(3, text.size()));
-    return text;
+    return IsDecimal(text) ? text : std::string_view();
 }
 
 } // namespace qor

@@ -35,7 +35,8 @@ void ReplyText(std::string_view command, std::string& text);
 
 /// Number behind the last comma of a text-form memory reply.
 [[nodiscard]] int MemoryValue(std::string_view reply);
-/// Decimal text of the level in a reply that holds "dBm", blanks in front kept.
+/// Decimal text of the level in a reply that holds "dBm", blanks in front kept; empty when what stands there
+/// is no decimal.
 [[nodiscard]] std::string_view LevelText(std::string_view reply);
 
 } // namespace qor

@@ -79,6 +79,22 @@ TEST(BadLine, WhateverHappensItRecovers) {
     }
 }
 
+// Readings that come spoilt are no levels, whatever number can be read out of a part of them.
+TEST(BadLine, ASpoiltReadingMakesNoPoint) {
+    for (const FaultKind kind : {FaultKind::EarlyEnd, FaultKind::Garble}) {
+        Rig rig(AtDcs("6.2"));
+        ASSERT_TRUE(rig.PowerOn());
+        ASSERT_TRUE(rig.SelectBand(BandUmts));
+        rig.line.Add({kind, rig.line.CommandCount()});
+        TryARun(rig);
+        for (const float level : rig.S().curve.g_levelUp) {
+            EXPECT_LE(level, 0.0f);
+            EXPECT_TRUE(level == 0.0f || kind == FaultKind::Garble) << level;
+        }
+        ExpectRecovery(rig);
+    }
+}
+
 // One error reply at any command of the chain: the instrument did not understand one command, once.
 TEST(BadLine, AnErrorReplyInTheChainDoesNotStopIt) {
     for (const FaultKind kind : {FaultKind::SyntaxError, FaultKind::Pll}) {
