@@ -55,8 +55,8 @@ bool Program::LineIsIdle() const {
 
 bool Program::IsReady() const {
     const LinkState& link = m_Session.link;
-    return m_Platform.comm.GetPortOpen() && link.g_init >= InitSerial && !link.g_bInitFlush &&
-           link.g_InitLamp > LampNothing && LineIsIdle();
+    return m_Platform.comm.GetPortOpen() && m_Session.panel.lamp != Lamp::NotReady &&
+           link.g_init >= InitSerial && !link.g_bInitFlush && link.g_InitLamp > LampNothing && LineIsIdle();
 }
 
 void Program::Initialised() {

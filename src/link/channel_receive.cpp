@@ -1,4 +1,5 @@
 // The receiving half of the channel: from bytes on the line to what they mean.
+#include "bands/tenths.h"
 #include "core/run_control.h"
 #include "core/session.h"
 #include "core/timer_ids.h"
@@ -15,6 +16,9 @@ namespace {
 
 /// A line that never ends must not fill the memory: no reply that means anything is longer.
 constexpr std::size_t LongestText = 4096;
+/// No receiver reads beyond these, dBm: a level that does has lost its sign or its point on the line.
+constexpr double LowestLevel = -250.0;
+constexpr double HighestLevel = 100.0;
 
 bool EndsLine(std::string_view piece) {
     return piece.ends_with('\n') || piece.ends_with('\r');
@@ -185,7 +189,8 @@ void Channel::LevelOrOrder() {
     if (link.m_SetIMOrder == "0") {
         const std::string level(LevelText(link.m_revdatastr)); // at most ten characters: no allocation
         link.m_revdatastr.clear();
-        if (!level.empty()) // a spoilt one makes no point
+        const double dBm = NumberIn(level);
+        if (!level.empty() && dBm > LowestLevel && dBm < HighestLevel) // a spoilt one makes no point
             m_Events.LevelReply(level);
         return;
     }

