@@ -45,12 +45,14 @@ int RunLength(const CurveState& curve) {
     return curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
 }
 
-/// Index of the last point the plot's width holds.
+/// Index of the last point that a maximum may stand at. In a sweep it is the whole grid: where its two lists
+/// lie between each other it has more entries than the plot has steps, and the worst may be among the last.
 std::size_t LastPoint(const CurveState& curve) {
-    const int count = IsSweepCurve(curve)
-                          ? static_cast<int>(static_cast<float>(curve.g_plotWidth) / curve.g_pxPerStep) + 1
-                          : RunLength(curve) / std::max(curve.tone2SetTimes, 1) + 1;
-    return static_cast<std::size_t>(std::clamp(count, 0, static_cast<int>(CurvePoints) - 1));
+    constexpr int Last = static_cast<int>(CurvePoints) - 1;
+    if (IsSweepCurve(curve))
+        return CurvePoints - 1;
+    return static_cast<std::size_t>(
+        std::clamp(RunLength(curve) / std::max(curve.tone2SetTimes, 1) + 1, 0, Last));
 }
 
 struct Maximum {
@@ -65,16 +67,25 @@ void SearchRow(std::span<const float> row, std::size_t last, std::optional<Maxim
     }
 }
 
+/// Row of the run in progress. Runs beyond the matrices share their last row.
+std::size_t CurrentRow(const CurveState& curve) {
+    return static_cast<std::size_t>(std::clamp(curve.g_runIndex, 0, static_cast<int>(CurveRuns) - 1));
+}
+
+/// Row of the only run in view; nothing when all are.
+std::optional<std::size_t> SingleRow(const CurveState& curve) {
+    if (curve.g_shownRun < 1 || curve.g_shownRun > static_cast<int>(CurveRuns))
+        return std::nullopt;
+    return static_cast<std::size_t>(curve.g_shownRun) - 1;
+}
+
 std::optional<Maximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix) {
     const std::size_t last = LastPoint(curve);
+    const auto single = SingleRow(curve);
+    const std::size_t end = single.value_or(CurrentRow(curve));
     std::optional<Maximum> best;
-    if (curve.g_shownRun != 0 || curve.g_runIndex == 0) {
-        const int row = curve.g_shownRun != 0 ? curve.g_shownRun - 1 : curve.g_runIndex;
-        SearchRow(matrix.Row(static_cast<std::size_t>(row)), last, best);
-        return best;
-    }
-    for (int row = 0; row <= curve.g_runIndex; ++row) {
-        SearchRow(matrix.Row(static_cast<std::size_t>(row)), last, best);
+    for (std::size_t row = single.value_or(0); row <= end; ++row) {
+        SearchRow(matrix.Row(row), last, best);
         if (!best)
             return best; // without a first run there is nothing to compare with
     }
@@ -136,8 +147,7 @@ void UpdateTimePerPoint(CurveState& curve, bool internalReceiver) {
 
 void UpdateCurveArrays(CurveState& curve, bool internalReceiver) {
     UpdateTimePerPoint(curve, internalReceiver);
-    const auto run =
-        static_cast<std::size_t>(std::clamp(curve.g_runIndex, 0, static_cast<int>(CurveRuns) - 1));
+    const std::size_t run = CurrentRow(curve);
     curve.m_RowsUsed = std::max(curve.m_RowsUsed, static_cast<int>(run) + 1);
     if (!IsSweepCurve(curve)) {
         CopyRow(curve.g_levelUp, curve.m_LevelUp.Row(run));
@@ -147,8 +157,8 @@ void UpdateCurveArrays(CurveState& curve, bool internalReceiver) {
     CopyRow(curve.g_levelUp, curve.m_RawUp.Row(run));
     CopyRow(curve.g_levelDown, curve.m_RawDown.Row(run));
     std::size_t checked = run;
-    if (curve.g_shownRun > 0 && curve.g_shownRun <= static_cast<int>(CurveRuns)) {
-        checked = static_cast<std::size_t>(curve.g_shownRun) - 1;
+    if (const auto single = SingleRow(curve)) {
+        checked = *single;
         for (std::size_t row = 0; row <= run; ++row) {
             std::ranges::fill(curve.m_LevelUp.Row(row), 0.0f);
             std::ranges::fill(curve.m_LevelDown.Row(row), 0.0f);

@@ -51,6 +51,9 @@ inline constexpr std::size_t RowsBefore = 33797;
 /// A longer file is no result: a sweep of 2000 points up and down, with its comment, stays below.
 inline constexpr std::size_t LongestResultFile = 65536;
 
+/// True for a number as the files hold it: digits with at most one point and an optional minus.
+[[nodiscard]] bool IsDecimal(std::string_view text);
+
 /// The text of a result in its line-feed form, header offsets to the byte.
 [[nodiscard]] std::string FormatResult(const ResultFile& result);
 /// Bytes on disk: line ends CR LF, and for a .dat the nibbles of each byte up to the first zero exchanged.

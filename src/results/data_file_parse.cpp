@@ -102,9 +102,13 @@ bool TakeNumber(std::string_view& line, std::string_view label, float& value) {
 }
 
 bool ReadTone(std::string_view line, std::string_view name, ResultFile::Tone& tone) {
-    return line.starts_with(name) && TakeNumber(line, name, tone.fix) &&
-           TakeNumber(line, "START ", tone.start) && TakeNumber(line, "STOP ", tone.stop) &&
-           TakeNumber(line, "POWER +", tone.power);
+    if (!line.starts_with(name) || !TakeNumber(line, name, tone.fix) ||
+        !TakeNumber(line, "START ", tone.start) || !TakeNumber(line, "STOP ", tone.stop) ||
+        !TakeNumber(line, "POWER +", tone.power))
+        return false;
+    // A load puts the power into a store of five characters each, and the next run sends what stands there.
+    const int tenths = ToTenths(static_cast<double>(tone.power));
+    return tenths >= -9999 && tenths <= 99999;
 }
 
 std::string_view Trimmed(std::string_view text) {
@@ -181,12 +185,16 @@ RowsEnd ReadRows(Lines& lines, std::vector<ResultFile::Row>& rows) {
     return RowsEnd::CutShort;
 }
 
-/// Splits the rows of a sweep: the up curve rises, whatever follows is the down curve. A row without a
-/// frequency ends the list.
-void SplitSweep(ResultFile& file) {
-    std::vector<ResultFile::Row>& rows = file.up;
+/// A row without a frequency ends the list of a sweep.
+void EndAtFrequency(std::vector<ResultFile::Row>& rows) {
     rows.erase(std::find_if(rows.begin(), rows.end(), [](const auto& row) { return row.x <= 0.1; }),
                rows.end());
+}
+
+/// Splits the rows of a sweep: the up curve rises, whatever follows is the down curve.
+void SplitSweep(ResultFile& file) {
+    std::vector<ResultFile::Row>& rows = file.up;
+    EndAtFrequency(rows);
     const auto turn = std::adjacent_find(rows.begin(), rows.end(),
                                          [](const auto& a, const auto& b) { return b.x < a.x - 0.1; });
     if (turn == rows.end())
@@ -293,13 +301,15 @@ public:
             m_At += 9;
             if (!ReadLevels(frequencies, false, file.down))
                 return Refused("The file ends in the middle of its data.");
+            EndAtFrequency(file.up);
+            EndAtFrequency(file.down);
         }
         return {std::move(file), {}};
     }
 
 private:
     static constexpr std::size_t FieldWidth = 6;
-    static constexpr std::size_t MostFields = 1000;
+    static constexpr std::size_t MostFields = 2000; ///< as many as a curve has points
 
     [[nodiscard]] std::string_view Field() const { return m_Text.substr(m_At, FieldWidth); }
 
@@ -320,6 +330,11 @@ private:
 };
 
 } // namespace
+
+bool IsDecimal(std::string_view text) {
+    double ignored = 0;
+    return ReadDecimal(text, ignored);
+}
 
 ParsedResult ParseResult(std::string_view bytes) {
     if (bytes.empty())

@@ -127,7 +127,9 @@ std::optional<ResultFile> ResultFiles::Collect() {
         file.up = SweepRows(curve, curve.g_levelUp, reference);
         file.down = SweepRows(curve, curve.g_levelDown, reference);
     }
-    file.limitText = OneLine(m_Session.panel.m_AlarmText);
+    file.limitText = m_Session.panel.m_AlarmText;
+    if (!IsDecimal(file.limitText)) // a field left empty would make a file that cannot be read back
+        file.limitText = Fixed(static_cast<double>(curve.g_alarmLevel), 1);
     file.dutSerial = OneLine(results.m_DutSerial);
     file.comment = results.g_comment;
     std::erase_if(file.comment, [](char c) { return c == '\r' || c == '\0'; });

@@ -22,6 +22,8 @@ namespace qor {
 
 namespace {
 
+constexpr double LongestRun = 2147483; ///< s, what the set-up of a run allows
+
 /// Band of a file by its two fixed tones, MHz. The two LTE 700 half bands share their tones with others, so
 /// one that is selected stays.
 int BandOfTones(float f1, float f2, int selected) {
@@ -71,6 +73,14 @@ bool ReadBytes(const std::filesystem::path& path, std::string& bytes, std::strin
         return false;
     }
     return true;
+}
+
+/// Power as one group of a store: five characters, the sign among them.
+std::string StoredPower(float power) {
+    std::string text = TenthsText(static_cast<double>(power));
+    if (text.size() > 5)
+        text.erase(1, text.size() - 5); // zeros behind a minus
+    return text;
 }
 
 std::string WithCarriageReturns(const std::string& text) {
@@ -147,8 +157,8 @@ void ResultFiles::ApplyHeader(const ResultFile& file) {
     results.g_bKeepSerial = !file.dutSerial.empty();
     m_Store.Write("Add_comments.ccz", WithCarriageReturns(file.comment));
 
-    plan.strpow1 = TenthsText(static_cast<double>(file.tone1.power));
-    plan.strpow2 = TenthsText(static_cast<double>(file.tone2.power));
+    plan.strpow1 = StoredPower(file.tone1.power);
+    plan.strpow2 = StoredPower(file.tone2.power);
     panel.m_f1_text = Fixed(static_cast<double>(file.tone1.fix), 1);
     panel.m_f2_text = Fixed(static_cast<double>(file.tone2.fix), 1);
     SelectionState& select = m_Session.select;
@@ -207,7 +217,7 @@ void ResultFiles::ApplyTwoTone(const ResultFile& file) {
         curve.g_levelUp[i] = file.up[i].level + reference;
     curve.StoreDataPot = static_cast<int>(count);
     const auto ms = [&file](std::size_t i) {
-        return static_cast<int>(std::lround(std::min(file.up[i].x, 2e6) * 1000));
+        return static_cast<int>(std::lround(std::min(file.up[i].x, LongestRun) * 1000));
     };
     curve.g_testTimeMs = count > 0 && ms(count - 1) > 0 ? ms(count - 1) : 1000;
     if (count > 1)

@@ -139,16 +139,36 @@ TEST(CurveRuns, OneRunIsShownAloneAndAllComeBack) {
     EXPECT_EQ(shown(2), std::vector<float>(8));
 }
 
+TEST(CurveMaxima, EveryPointOfAnUnevenGridIsSearched) {
+    auto curve = NewCurve();
+    // The falling list lies 0.4 MHz beside the rising one.
+    curve->g_SweepStep = 1;
+    BuildSweepGrid(*curve, BandEgsm, {2, 1}, {0, 0, 925.0f, 935.0f, 960.0f, 960.0f, 940.0f, 925.2f, 1.0f});
+    const std::size_t length = GridLength(curve->g_freqGrid);
+    ASSERT_GT(static_cast<float>(length), 800.0f / curve->g_pxPerStep + 1.0f);
+    curve->g_levelUp[0] = -110.0f;
+    curve->g_levelUp[length - 1] = -90.5f;
+    UpdateCurveArrays(*curve, true);
+    SearchMaxima(*curve);
+    EXPECT_EQ(curve->g_worstLevel, -90.5f);
+    EXPECT_EQ(curve->g_worstFreq, curve->g_freqGrid[length - 1]);
+}
+
 TEST(CurveRuns, TheLastRowHoldsEveryRunBeyondIt) {
     auto curve = NewCurve(true);
-    curve->g_levelUp[1999] = -90.5f;
-    for (const int run : {999, 1000, 100000}) {
-        curve->g_runIndex = run;
+    for (curve->g_runIndex = 0; curve->g_runIndex < 1003; ++curve->g_runIndex) {
+        curve->g_levelUp[1999] = curve->g_runIndex == 1002 ? -90.5f : -100.0f;
         UpdateCurveArrays(*curve, true);
     }
-    EXPECT_EQ(curve->m_LevelUp.Row(999)[1999], -90.5f);
-    SearchMaxima(*curve);
     EXPECT_EQ(curve->m_RowsUsed, 1000);
+    for (const int runIndex : {1002, 100000, -1}) {
+        for (const int shown : {0, 1000, 1001, 100000, -1}) {
+            curve->g_runIndex = runIndex;
+            curve->g_shownRun = shown;
+            SearchMaxima(*curve);
+            EXPECT_EQ(curve->g_maxUpLevel, runIndex < 0 && shown != 1000 ? -100.0f : -90.5f) << shown;
+        }
+    }
 }
 
 /// Memory of this process that is really there, bytes.

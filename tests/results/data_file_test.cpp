@@ -138,23 +138,49 @@ TEST(DataFile, AFileReadAndWrittenAgainIsTheSame) {
     EXPECT_EQ(ParseResult(With("+43.0", "+9.5")).file->tone1.power, 9.5f);
 }
 
+/// A wide header with each part put at the byte where it stands, and its rows behind.
+std::string Wide(std::size_t serialAt, std::string_view serial) {
+    std::string text(204, ' ');
+    const auto put = [&text](std::size_t at, std::string_view part) { text.replace(at, part.size(), part); };
+    for (const std::size_t at : {62U, 125U, 149U, 187U, 202U, 203U})
+        text[at] = '\n';
+    for (const auto& [at, part] :
+         {std::pair{0, "f1 0935.0 MHz START 0925.0 MHz STOP 0937.0 MHz POWER +43.0 dBm"},
+          {63, "f2 0960.0 MHz START 0960.0 MHz STOP 0946.0 MHz POWER +42.5 dBm"},
+          {126, "MEAS IM3 UNIT dBm SWEEP"},
+          {150, "Model Nr. RT-DB22, SERIAL "},
+          {188, "20260307"},
+          {197, "09:05"}})
+        put(static_cast<std::size_t>(at), part);
+    put(serialAt, serial);
+    return text + "0890.0;-098.70\n0890.5;-120.50\n0890.0;-099.00\n\n\nLimit Line: -90.0\nSer No: A17\n";
+}
+
 TEST(DataFile, TheWiderHeaderIsReadWithItsSerialWhereverItStands) {
     struct Case {
-        std::string_view place; ///< eleven characters behind ", SERIAL "
+        std::size_t at;
         std::string_view serial;
     };
-    for (const Case& c : {Case{"       1234", "1234"}, Case{"      12345", "12345"},
-                          Case{"12345678901", "12345678901"}, Case{"1234567    ", "1234567"}}) {
-        const std::string text = With("SIM01", c.place);
-        ASSERT_EQ(text.substr(188, 16), "20260307 09:05\n\n");
-        for (const std::string& form : {text, With("IM3", "IM11", text)}) {
-            const ParsedResult parsed = ParseResult(EncodeResult(form, true));
+    for (const Case& c :
+         {Case{183, "1234"}, Case{182, "12345"}, Case{176, "12345678901"}, Case{176, "1234567"}}) {
+        for (const bool twoDigits : {false, true}) {
+            std::string text = Wide(c.at, c.serial);
+            if (twoDigits)
+                text.replace(133, 1, "11"); // the second digit moves the rest of the header
+            const ParsedResult parsed = ParseResult(EncodeResult(text, true));
             ASSERT_TRUE(parsed.file) << parsed.problem;
-            EXPECT_EQ(parsed.file->form, ResultFile::Form::WideHeader);
-            EXPECT_EQ(parsed.file->serial, c.serial);
-            EXPECT_EQ(parsed.file->model, "RT-DB22");
-            EXPECT_EQ(parsed.file->date, "20260307");
-            EXPECT_EQ(parsed.file->up.size(), 3U);
+            const ResultFile& file = *parsed.file;
+            EXPECT_EQ(file.form, ResultFile::Form::WideHeader);
+            EXPECT_EQ(file.order, twoDigits ? 11 : 3);
+            EXPECT_EQ(file.serial, c.serial);
+            EXPECT_EQ(file.model, "RT-DB22");
+            EXPECT_EQ(file.date + file.time, "2026030709:05");
+            EXPECT_EQ(file.tone1.stop, 937.0f);
+            EXPECT_EQ(file.tone2.power, 42.5f);
+            EXPECT_EQ(Points(file.up), (Rows{{890, -98.7f}, {890.5, -120.5f}}));
+            EXPECT_EQ(Points(file.down), (Rows{{890, -99.0f}}));
+            EXPECT_EQ(file.limit, -90.0f);
+            EXPECT_EQ(file.dutSerial, "A17");
         }
     }
     EXPECT_EQ(ParseResult(TwoToneText).file->form, ResultFile::Form::Current);
@@ -177,6 +203,22 @@ TEST(DataFile, TheOldestFormIsColumnsOfFrequenciesAndLevels) {
     ASSERT_EQ(timed.file->up.size(), 3U);
     EXPECT_NEAR(timed.file->up[2].x, 0.2, 1e-9);
     EXPECT_EQ(timed.file->up[2].level, -99.9f);
+
+    const ParsedResult ended = ParseResult(EncodeResult(
+        "8 chars 0890.0;0000.0;0891.0;\n  -100.1;-100.2;-100.3;123456789-110.1;-110.2;-110.3", true));
+    ASSERT_TRUE(ended.file) << ended.problem;
+    EXPECT_EQ(Points(ended.file->up), (Rows{{890, -100.1f}})) << "a frequency of 0 ends the grid";
+    EXPECT_EQ(Points(ended.file->down), (Rows{{890, -110.1f}}));
+
+    for (const int points : {2000, 2001}) { // a curve has room for 2000
+        std::string text = "8 chars ";
+        for (int i = 0; i < points; ++i)
+            text += "0000.0;";
+        text += "\n  ";
+        for (int i = 0; i < points; ++i)
+            text += "-100.1;";
+        EXPECT_EQ(ParseResult(EncodeResult(text, true)).file.has_value(), points == 2000);
+    }
 }
 
 TEST(DataFile, ListsEndWhereTheyShould) {

@@ -1,4 +1,5 @@
 #include "display/curve_store.h"
+#include "display/level_unit.h"
 #include "support/rig.h"
 
 #include <cmath>
@@ -155,6 +156,58 @@ TEST(ResultFiles, AMeasurementComesBackAsItWas) {
     }
 }
 
+TEST(ResultFiles, ARunOfTheInstrumentIsTheSameCurveAgain) {
+    for (const int mode : {ModeTwoTone, ModeSweep}) {
+        for (const bool dbc : {false, true}) {
+            SCOPED_TRACE("mode " + std::to_string(mode) + (dbc ? " dBc" : " dBm"));
+            Rig rig;
+            ASSERT_TRUE(rig.PowerOn() && rig.SelectBand(BandEgsm) &&
+                        rig.program.Select().SelectMethod(mode) && rig.RunUntilIdle());
+            if (dbc) {
+                ASSERT_TRUE(SetLevelUnit(true, rig.S(),
+                                         {rig.comm, rig.ports, rig.time.timers, rig.time.clock, rig.user},
+                                         rig.program.Stores()));
+            }
+            ASSERT_TRUE(rig.Measure());
+            const CurveState& was = rig.S().curve;
+            ASSERT_TRUE(HoldsPoints(was));
+            ASSERT_TRUE(rig.program.Files().DataSave(rig.dir / "run.dat"));
+
+            Rig other;
+            ASSERT_TRUE(other.program.Files().CurrentShow(rig.dir / "run.dat"));
+            const CurveState& is = other.S().curve;
+            // A 2-tone run counts one reading more than its file has rows.
+            const std::size_t points = mode == ModeSweep ? CurvePoints : 51;
+            EXPECT_EQ(Levels(is, is.g_levelUp), Levels(was, std::span(was.g_levelUp).first(points)));
+            EXPECT_EQ(Levels(is, is.g_levelDown), Levels(was, was.g_levelDown));
+            EXPECT_EQ(is.g_UnitDbc, dbc);
+            EXPECT_EQ(is.g_MeasVerdict == VerdictOverLimit, was.g_MeasVerdict == VerdictFailed);
+            EXPECT_EQ(other.S().panel.m_WorstLevelText, rig.S().panel.m_WorstLevelText);
+            EXPECT_EQ(other.S().panel.m_WorstFreqText, rig.S().panel.m_WorstFreqText);
+            EXPECT_EQ(other.S().panel.m_AlarmText, rig.S().panel.m_AlarmText);
+            EXPECT_EQ(other.S().results.g_reportLines[ReportBand], "EGSM 900/RT-DB22/SIM01");
+        }
+    }
+}
+
+TEST(ResultFiles, WhatIsSavedCanBeShownAndUsedWhateverThePanelHolds) {
+    Bench bench;
+    bench.S().curve.g_alarmLevel = -97.5f;
+    for (const char* limit : {"", "high", "-97,5", "-9\n7"}) {
+        bench.S().panel.m_AlarmText = limit;
+        ASSERT_TRUE(bench.Save("run.txt"));
+        ASSERT_TRUE(bench.Show("run.txt")) << limit;
+        EXPECT_EQ(bench.S().panel.m_AlarmText, "-97.5") << limit;
+    }
+    // More path loss than power: the sign belongs to the five characters of the store.
+    bench.S().curve.g_fromFile = 0;
+    bench.program.Stores().Write("egsm_pow_setup.ccz", "0010000430");
+    bench.S().plan.g_powerOffset = 20.0f;
+    ASSERT_TRUE(bench.Save("run.txt"));
+    ASSERT_TRUE(bench.Show("run.txt"));
+    EXPECT_EQ(bench.program.Stores().Read("egsm_pow_setup.ccz", 20), "-010000230");
+}
+
 TEST(ResultFiles, TheCurveShownIsJudgedByTheLimitOfItsFile) {
     Bench bench;
     bench.S().panel.m_AlarmText = "-100.3";
@@ -276,6 +329,7 @@ TEST(ResultFiles, AFileThatIsNoWholeResultChangesNothing) {
         {"tones exchanged", with("f1 0", "f2 0")},
         {"no power", with("POWER +", "POWER -")},
         {"frequency gone", with("0925.0 MHz", "       MHz")},
+        {"power no store can hold", with("POWER +43.0", "POWER +12000.0")},
         {"no order", with("MEAS IM3", "MEAS XY3")},
         {"no unit", with(" UNIT ", " ")},
         {"no model", with("Model Nr.", "Modell")},
@@ -320,6 +374,8 @@ TEST(ResultFiles, ASaveThatFailsSaysWhyAndLeavesTheDiskAsItWas) {
     refused("no/run.dat",
             "Speichern file misserfolg\n" + (bench.dir / "no/run.dat").string() + ": No such file");
     refused("run.dat/run.txt", ": Not a directory");
+    EXPECT_FALSE(bench.program.Files().DataSave("/proc/run.dat")) << "nobody writes there, root neither";
+    EXPECT_TRUE(bench.user.WasTold("Speichern file misserfolg\n/proc/run.dat: "));
     refused("run.xls", "run.xls: results are saved as .dat or .txt.");
     bench.S().select.m_BandId = bench.S().plan.g_MeasBand = BandTetra390;
     bench.S().select.m_IMIndex = 4;
