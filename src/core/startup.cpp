@@ -34,6 +34,7 @@ void LoadSelection(Session& session, const SetupStore& store) {
     session.select.m_PathMode = Digit(store, "reftrans.ccz") == 2 ? 2 : 1;
     session.panel.m_Path_sel = session.select.m_PathMode == 2 ? TransmissionText : ReflectionText;
     session.curve.g_UnitDbc = Digit(store, "unit.ccz") == 1 ? 1 : 0;
+    session.curve.g_histogramOn = Digit(store, "histogram.ccz") == 0 ? 0 : 1;
 }
 
 void LoadScale(CurveState& curve, const SetupStore& store) {

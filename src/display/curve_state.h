@@ -64,6 +64,7 @@ struct CurveState {
     int g_testTimeMs = 5000;    ///< length of a 2-tone run
     float g_pxPerStep = 0;      ///< pixels per sweep step; above 0.9 marks a sweep
     float g_SweepStep = 1;      ///< MHz
+    int g_histogramOn = 0;      ///< 1: the level bar stands at the left of the plot
     int g_forcedMsPerPoint = 0; ///< from a loaded file; overrides every other rule when not 0
     int RealReceiveTime = 0;    ///< ms, measured once after initialisation
 

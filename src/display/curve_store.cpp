@@ -137,6 +137,8 @@ void ClearLevels(CurveState& curve) {
 }
 
 void UpdateTimePerPoint(CurveState& curve, bool internalReceiver) {
+    if (curve.StoreDataPot > 0 && !IsSweepCurve(curve) && curve.g_forcedMsPerPoint == 0)
+        return;
     const int width = std::clamp(curve.g_plotWidth, 1, static_cast<int>(CurvePoints));
     int time = RunLength(curve) / width + 1;
     if (internalReceiver && curve.RealReceiveTime != 0)

@@ -30,7 +30,8 @@ void ResetCurve(CurveState& curve);
 void ClearLevels(CurveState& curve);
 
 /// ms between 2-tone points from the run's length, the plot's width, the receiver's reply time
-/// (`internalReceiver`) and a loaded file's own time; at least 100 but for the last.
+/// (`internalReceiver`) and a loaded file's own time; at least 100 but for the last. Points taken keep the
+/// time they were taken at, however the window is resized.
 void UpdateTimePerPoint(CurveState& curve, bool internalReceiver);
 
 /// Copies the live layer to the display layer and checks the row in view against the limit: a level below

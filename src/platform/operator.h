@@ -1,10 +1,15 @@
 #pragma once
 
+#include <filesystem>
 #include <string_view>
+#include <vector>
 
 namespace qor {
 
+enum class Answer { Yes, No, Cancel };
+
 /// The person in front of the program. Nothing else in the program ever asks or tells anybody anything.
+/// Where nobody sits, as in a script, choices that need a window come back empty.
 class Operator {
 public:
     Operator() = default;
@@ -16,6 +21,32 @@ public:
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
     /// A question with Yes and No; true is Yes.
     [[nodiscard]] virtual bool Ask(std::string_view text, std::string_view title) = 0;
+    /// A question that can also be left open.
+    [[nodiscard]] virtual Answer AskOrCancel(std::string_view /*text*/, std::string_view /*title*/) {
+        return Answer::Cancel;
+    }
+    /// Files to open, beginning in `folder`; `endings` as "*.dat *.txt". None: the operator has thought
+    /// better of it.
+    [[nodiscard]] virtual std::vector<std::filesystem::path>
+    FilesToOpen(std::string_view /*title*/, const std::filesystem::path& /*folder*/,
+                std::string_view /*endings*/) {
+        return {};
+    }
+    /// Where to save; empty: nowhere. The first ending is added to a name that has none. A file that exists
+    /// is not asked about here.
+    [[nodiscard]] virtual std::filesystem::path FileToSave(std::string_view /*title*/,
+                                                           const std::filesystem::path& /*suggestion*/,
+                                                           std::string_view /*endings*/) {
+        return {};
+    }
+    /// A folder; empty: none.
+    [[nodiscard]] virtual std::filesystem::path Folder(std::string_view /*title*/,
+                                                       const std::filesystem::path& /*start*/) {
+        return {};
+    }
+    /// Long work goes on: `done` of `total` steps, the last call with done equal to total. False once the
+    /// operator wants it to end.
+    virtual bool Progress(std::string_view /*what*/, int /*done*/, int /*total*/) { return true; }
 };
 
 } // namespace qor

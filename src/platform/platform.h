@@ -3,9 +3,11 @@
 namespace qor {
 
 class CMSComm;
+class Launcher;
 class Operator;
 class PortList;
 class PowerSensorLibrary;
+class Speaker;
 class VisaLibrary;
 class WallClock;
 class WindowTimers;
@@ -19,6 +21,8 @@ struct Platform {
     Operator& user;
     VisaLibrary* visa = nullptr;          ///< none: every transfer fails
     PowerSensorLibrary* sensor = nullptr; ///< none: every reading stays without a result
+    Speaker* speaker = nullptr;           ///< none: silence
+    Launcher* launcher = nullptr;         ///< none: nothing else can be started
 };
 
 } // namespace qor

@@ -23,6 +23,23 @@ public:
         questions.emplace_back(text);
         return answer;
     }
+    [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view) override {
+        questions.emplace_back(text);
+        return choice;
+    }
+    [[nodiscard]] std::vector<std::filesystem::path>
+    FilesToOpen(std::string_view, const std::filesystem::path&, std::string_view) override {
+        return filesToOpen;
+    }
+    [[nodiscard]] std::filesystem::path FileToSave(std::string_view, const std::filesystem::path& suggestion,
+                                                   std::string_view) override {
+        suggestions.push_back(suggestion);
+        return fileToSave;
+    }
+    [[nodiscard]] std::filesystem::path Folder(std::string_view, const std::filesystem::path&) override {
+        return folder;
+    }
+    bool Progress(std::string_view, int done, int) override { return done < cancelAt; }
     [[nodiscard]] bool WasTold(std::string_view part) const {
         return std::any_of(messages.begin(), messages.end(),
                            [part](const std::string& m) { return m.find(part) != std::string::npos; });
@@ -31,6 +48,12 @@ public:
     std::vector<std::string> messages;
     std::vector<std::string> questions;
     bool answer = true;
+    Answer choice = Answer::Yes;
+    std::vector<std::filesystem::path> filesToOpen;
+    std::filesystem::path fileToSave;
+    std::vector<std::filesystem::path> suggestions;
+    std::filesystem::path folder;
+    int cancelAt = 1 << 30; ///< step at which a long work is given up
 };
 
 /// A whole program on virtual time with a simulated instrument at the other end of its line.

@@ -21,7 +21,7 @@ bool Console::Ask(std::string_view, std::string_view) {
     return true;
 }
 
-void Console::Progress(const std::string& line) {
+void Console::ShowProgress(const std::string& line) {
     if (!m_Terminal)
         return;
     std::fprintf(stderr, "\r%s\x1b[K", line.c_str());

@@ -17,7 +17,7 @@ public:
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
 
     /// Replaces the progress line; nothing on a pipe.
-    void Progress(const std::string& line);
+    void ShowProgress(const std::string& line);
     void EndProgress();
 
     [[nodiscard]] const std::string& LastMessage() const { return m_Last; }

@@ -197,7 +197,7 @@ void Job::Watch() {
         m_Phase = Phase::Drain;
         return;
     }
-    m_Console.Progress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText +
+    m_Console.ShowProgress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText +
                        ", worst " + session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
 }
 

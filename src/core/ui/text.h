@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace qor::ui {
+
+/// Text of the engine as Qt has it; nothing is translated.
+[[nodiscard]] inline QString Plain(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+[[nodiscard]] inline std::string Utf8(const QString& text) {
+    return text.toStdString();
+}
+
+/// A text of the program in the language in force. The German text in the source is its key.
+[[nodiscard]] inline QString Tr(std::string_view text) {
+    return QCoreApplication::translate("qor", std::string(text).c_str());
+}
+
+} // namespace qor::ui

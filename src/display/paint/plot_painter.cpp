@@ -1,0 +1,1 @@
+// The plot's painter.

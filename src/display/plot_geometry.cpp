@@ -1,0 +1,61 @@
+#include "display/plot_geometry.h"
+
+#include "display/curve_store.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qor {
+
+namespace {
+
+constexpr int AxisRoom = 45; ///< for the labels under the axis
+constexpr int BarRoom = 70;  ///< for the level bar at the left
+constexpr int WidestPlot = 2000;
+
+} // namespace
+
+int PlotGeometry::FreeHeightOf(float level) const {
+    const double pixels = static_cast<double>(level - plotBottom) * pxPerDb;
+    return static_cast<int>(std::clamp(pixels, -1e6, 1e6));
+}
+
+int PlotGeometry::HeightOf(float level) const {
+    return std::clamp(FreeHeightOf(level), 1, axis - top - 1);
+}
+
+PlotGeometry ComputeLayout(CurveState& curve, int width, int height) {
+    PlotGeometry plot;
+    plot.width = width;
+    plot.height = height;
+    plot.marginX = std::clamp(width / 10, 10, 20);
+    plot.marginY = std::clamp(height / 10, 5, 10);
+    plot.left = 3 * plot.marginX + (curve.g_histogramOn ? BarRoom : 0);
+    plot.right = std::max(width - 2 * plot.marginX, plot.left + 1);
+    plot.top = 3 * plot.marginY;
+    plot.bottom = height - plot.marginY;
+    plot.axis = std::max(plot.bottom - AxisRoom, plot.top + 2);
+    plot.plotBottom = curve.g_plotBottom;
+    const float range = curve.g_plotTop - curve.g_plotBottom;
+    plot.pxPerDb = range > 0 ? static_cast<double>(plot.axis - plot.top) / static_cast<double>(range) : 0;
+
+    curve.g_plotWidth = std::min(plot.Span(), WidestPlot);
+    if (IsSweepCurve(curve))
+        UpdatePixelsPerStep(curve);
+    return plot;
+}
+
+int XOfPoint(const CurveState& curve, const PlotGeometry& plot, std::size_t index) {
+    double offset = 0;
+    if (IsSweepCurve(curve)) {
+        const double steps =
+            static_cast<double>((curve.g_freqGrid[index] - curve.g_freqGrid[0]) / curve.g_SweepStep);
+        offset = steps * static_cast<double>(curve.g_pxPerStep);
+    } else {
+        const int length = curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
+        offset = static_cast<double>(index) * curve.tone2SetTimes * curve.g_plotWidth / length;
+    }
+    return plot.left + static_cast<int>(std::clamp(offset, 0.0, static_cast<double>(plot.Span())));
+}
+
+} // namespace qor
