@@ -17,7 +17,8 @@ constexpr int WidestPlot = 2000;
 
 int PlotGeometry::FreeHeightOf(float level) const {
     const double pixels = static_cast<double>(level - plotBottom) * pxPerDb;
-    return static_cast<int>(std::clamp(pixels, -1e6, 1e6));
+    constexpr double Far = 1e6;
+    return pixels > -Far ? static_cast<int>(std::min(pixels, Far)) : static_cast<int>(-Far);
 }
 
 int PlotGeometry::HeightOf(float level) const {
@@ -52,10 +53,10 @@ int XOfPoint(const CurveState& curve, const PlotGeometry& plot, std::size_t inde
             static_cast<double>((curve.g_freqGrid[index] - curve.g_freqGrid[0]) / curve.g_SweepStep);
         offset = steps * static_cast<double>(curve.g_pxPerStep);
     } else {
-        const int length = curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
-        offset = static_cast<double>(index) * curve.tone2SetTimes * curve.g_plotWidth / length;
+        offset = static_cast<double>(index) * curve.tone2SetTimes * curve.g_plotWidth / RunLength(curve);
     }
-    return plot.left + static_cast<int>(std::clamp(offset, 0.0, static_cast<double>(plot.Span())));
+    return offset > 0 ? plot.left + static_cast<int>(std::min(offset, static_cast<double>(plot.Span())))
+                      : plot.left;
 }
 
 } // namespace qor
