@@ -61,4 +61,7 @@ private:
 /// x of a point: its place in time in a 2-tone run, on the frequency grid in a sweep.
 [[nodiscard]] int XOfPoint(const CurveState& curve, const PlotGeometry& plot, std::size_t index);
 
+/// False for a point of a sweep whose steps run out of the plot, which shows no less than a pixel a step.
+[[nodiscard]] bool IsOnPlot(const CurveState& curve, const PlotGeometry& plot, std::size_t index);
+
 } // namespace qor
