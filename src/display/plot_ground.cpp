@@ -68,7 +68,7 @@ struct Ground {
                         i * spacing * static_cast<double>(curve.g_SweepStep) +
                             static_cast<double>(curve.g_freqGrid[0]));
             const double next = (i + 1) * spacing * perStep;
-            if (next < plot.Span())
+            if (next < plot.Span() - 0.5) // pixels per step err by a hair
                 Upright(plot.left + static_cast<int>(next), colours.grid);
         }
     }
