@@ -20,8 +20,7 @@ std::vector<std::string> Drawn(const std::vector<paint::TracePoint>& points, con
     std::vector<std::uint32_t> pixels(Width * Height);
     TraceColumns trace;
     trace.Reset(Width);
-    for (const auto& point : points)
-        trace.Add(point);
+    trace.Draw(points);
     trace.Paint({pixels.data(), Width}, {0, 0, Width, Height}, pen);
     std::vector<std::string> rows;
     for (std::size_t y = 0; y < Height; ++y) {
