@@ -151,12 +151,12 @@ void PlotPainter::FinishRuns(const CurveState& curve, std::vector<PixelRect>& ch
 
 void PlotPainter::TakeLive(const CurveState& curve, std::vector<PixelRect>& changed) {
     Collapse(m_Scratch, curve.m_LevelUp.Row(m_LiveRun));
-    changed.push_back(m_Scratch.Difference(m_LiveUp, UpPen(0).width));
+    changed.push_back(m_Scratch.Difference(m_LiveUp, UpPen(m_LiveRun)));
     std::swap(m_Scratch, m_LiveUp);
     if (!m_Sweep)
         return;
     Collapse(m_Scratch, curve.m_LevelDown.Row(m_LiveRun));
-    changed.push_back(m_Scratch.Difference(m_LiveDown, DownPen(0).width));
+    changed.push_back(m_Scratch.Difference(m_LiveDown, DownPen(m_LiveRun)));
     std::swap(m_Scratch, m_LiveDown);
 }
 

@@ -102,22 +102,26 @@ void TraceColumns::CoverLine(TracePoint from, TracePoint to) {
     Cover(to.x, {std::min(enter, to.y), std::max(enter, to.y)});
 }
 
-PixelRect TraceColumns::Difference(const TraceColumns& other, int penWidth) const {
+PixelRect TraceColumns::Difference(const TraceColumns& other, const TracePen& pen) const {
     const int from = std::min(m_From, other.m_From);
     const int to = std::max(m_To, other.m_To);
+    // Dots are counted from the upper end of what the pen covers, which takes in the columns beside.
+    const int beside = pen.dot == 0 ? 0 : pen.width - 1;
     PixelRect changed;
     for (int column = from; column <= to; ++column) {
-        const auto at = static_cast<std::size_t>(column);
-        const Rows mine = at < m_Columns.size() ? m_Columns[at] : Rows{};
-        const Rows theirs = at < other.m_Columns.size() ? other.m_Columns[at] : Rows{};
-        if (!(mine == theirs))
+        if (At(column) == other.At(column))
+            continue;
+        for (int near = column - beside; near <= column + beside; ++near) {
+            const Rows mine = At(near);
+            const Rows theirs = other.At(near);
             changed.Join(
                 {column, std::min(mine.low, theirs.low), column + 1, std::max(mine.high, theirs.high) + 1});
+        }
     }
     if (changed.Empty())
         return {};
-    return {changed.left - penWidth, changed.top - penWidth, changed.right + penWidth,
-            changed.bottom + penWidth};
+    return {changed.left - pen.width, changed.top - pen.width, changed.right + pen.width,
+            changed.bottom + pen.width};
 }
 
 void TraceColumns::Paint(Pixels pixels, const PixelRect& clip, const TracePen& pen) const {

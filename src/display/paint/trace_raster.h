@@ -57,8 +57,8 @@ public:
     void Draw(std::span<const TracePoint> points);
 
     [[nodiscard]] bool Empty() const { return m_From > m_To; }
-    /// What a pen of this width covers where the two differ.
-    [[nodiscard]] PixelRect Difference(const TraceColumns& other, int penWidth) const;
+    /// Where the two come out differently.
+    [[nodiscard]] PixelRect Difference(const TraceColumns& other, const TracePen& pen) const;
     void Paint(Pixels pixels, const PixelRect& clip, const TracePen& pen) const;
 
 private:
@@ -72,6 +72,11 @@ private:
         bool operator==(const Rows&) const = default;
     };
 
+    [[nodiscard]] Rows At(int column) const {
+        return column >= 0 && column < static_cast<int>(m_Columns.size())
+                   ? m_Columns[static_cast<std::size_t>(column)]
+                   : Rows{};
+    }
     void Cover(int column, const Rows& rows) {
         Rows& there = m_Columns[static_cast<std::size_t>(column)];
         there.low = std::min(there.low, rows.low);
