@@ -107,6 +107,7 @@ Guards GuardsOf(Command command) {
     case Command::InterBand:
     case Command::RunSetup:
     case Command::PlotRange:
+    case Command::RunNumber:
     case Command::Compensation:
     case Command::PathCableLoss:
     case Command::Language: // it ends the program
