@@ -21,6 +21,7 @@ struct DialogOf {
     std::string_view failure; ///< said when the dialog cannot be opened
 };
 
+// shown to the operator
 constexpr DialogOf DialogsOf[] = {
     {Command::RunSetup, DialogId::RunSetup, "Einbauen misserfolg"},
     {Command::PlotRange, DialogId::PlotRange, "Einbauen misserfolg"},
@@ -37,42 +38,30 @@ constexpr DialogOf DialogsOf[] = {
     {Command::Calculator, DialogId::Calculator, "Einbauen misserfolg"},
 };
 
+struct BandFailure {
+    int band;
+    std::string_view text;
+};
+
+// shown to the operator
+constexpr BandFailure NoSetup[] = {
+    {BandAmps, "Nichts einbauen AMPS."},         {BandLte, "Nichts einbauen LTE."},
+    {BandEgsm, "Nichts einbauen EGSM."},         {BandDcs, "Nichts einbauen DCS."},
+    {BandPcs, "Nichts einbauen PCS."},           {BandTdScdmaA, "Nichts einbauen TD-SCDMA."},
+    {BandTdScdmaF, "Nichts einbauen TD-SCDMA."}, {BandTdScdmaE, "Nichts einbauen TD-SCDMA."},
+    {BandUmts, "Nichts einbauen UMTS."},         {BandWiMax, "Nichts einbauen WiMax."},
+    {BandUmts2, "Nichts einbauen UMTS2."},       {BandAws, "Nichts einbauen AWS."},
+    {BandWifi, "Nichts einbauen WIFI."},         {BandDigDiv, "Can not setup DIG-DIV."},
+    {BandLte700L, "Can not setup LTE 700 L."},   {BandLte700U, "Can not setup LTE 700 U."},
+};
+
 /// Said when the set-up dialog of a band cannot be opened.
 std::string_view NoBandSetup(int band) {
-    switch (band) {
-    case BandAmps:
-        return "Nichts einbauen AMPS.";
-    case BandLte:
-        return "Nichts einbauen LTE.";
-    case BandEgsm:
-        return "Nichts einbauen EGSM.";
-    case BandDcs:
-        return "Nichts einbauen DCS.";
-    case BandPcs:
-        return "Nichts einbauen PCS.";
-    case BandTdScdmaA:
-    case BandTdScdmaF:
-    case BandTdScdmaE:
-        return "Nichts einbauen TD-SCDMA.";
-    case BandUmts:
-        return "Nichts einbauen UMTS.";
-    case BandWiMax:
-        return "Nichts einbauen WiMax.";
-    case BandUmts2:
-        return "Nichts einbauen UMTS2.";
-    case BandAws:
-        return "Nichts einbauen AWS.";
-    case BandWifi:
-        return "Nichts einbauen WIFI.";
-    case BandDigDiv:
-        return "Can not setup DIG-DIV.";
-    case BandLte700L:
-        return "Can not setup LTE 700 L.";
-    case BandLte700U:
-        return "Can not setup LTE 700 U.";
-    default:
-        return "Einbauen misserfolg";
+    for (const BandFailure& failure : NoSetup) {
+        if (failure.band == band)
+            return failure.text;
     }
+    return "Einbauen misserfolg";
 }
 
 /// What this program cannot do yet.

@@ -131,14 +131,16 @@ void Selection::UseInternalReceiver() {
 void Selection::ShowRepetition() {
     const RunState& run = m_Session.run;
     std::string& text = m_Session.panel.m_SweepKind_text;
+    // shown to the operator
+    static constexpr std::string_view Kinds[] = {"Endless", "SA Enclosed", "Multi-times", "Single"};
     if (run.tagEndless || run.g_TestMode == ModeSpectrum)
-        text = "Endless";
+        text = Kinds[0];
     else if (run.g_TestMode == ModeSweep && run.g_bSaEnclosed)
-        text = "SA Enclosed";
+        text = Kinds[1];
     else if (run.g_TestMode == ModeSweep && m_Session.curve.g_runCount > 1)
-        text = "Multi-times";
+        text = Kinds[2];
     else
-        text = "Single";
+        text = Kinds[3];
 }
 
 bool Selection::SelectPath(int path) {

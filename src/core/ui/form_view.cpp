@@ -13,6 +13,9 @@ namespace qor::ui {
 
 namespace {
 
+// shown to the operator
+constexpr std::string_view MarkerTitles[] = {"----- Marker 1 ------", "----- Marker 2 ------",
+                                             "----- Marker 3 ------"};
 constexpr int SettleMs = 400; ///< a window manager answers a resize within this
 
 /// Text into a field unless it stands there; a field that is being typed in is left alone.
@@ -100,6 +103,7 @@ void CTestSDIFormView::BuildCells() {
         m_ListRow[row]->setFocusPolicy(Qt::StrongFocus);
         m_ListRow[row]->installEventFilter(this);
     }
+    // shown to the operator
     static constexpr std::pair<std::string_view, std::string_view> Buttons[] = {
         {"|<", "Zum Anfang der Liste"},
         {"<<", "Einen Eintrag zurueck"},
@@ -158,7 +162,7 @@ void CTestSDIFormView::BuildMarkers() {
     for (std::size_t n = 0; n < m_Marker.size(); ++n) {
         MarkerRow& row = m_Marker[n];
         const std::string number = std::to_string(n + 1);
-        row.box = new QGroupBox(Tr("----- Marker " + number + " ------"), this);
+        row.box = new QGroupBox(Tr(MarkerTitles[n]), this);
         row.on = AddButton({}, "Marker ein- und ausschalten", [this, n] { ToggleMarker(n); });
         row.on->setAccessibleName("Marker " + QString::number(n + 1));
         row.on->setObjectName(QStringLiteral("small"));
@@ -267,6 +271,7 @@ void CTestSDIFormView::RefreshCells() {
 void CTestSDIFormView::RefreshPort() {
     const Session& session = m_Program.State();
     const LinkState& link = session.link;
+    // shown to the operator
     static constexpr std::string_view Captions[] = {"Scannen Port", "Oeffnen Port", "Ausschalten Port"};
     const QString caption = Tr(Captions[static_cast<int>(link.portButton)]);
     if (m_PortButton->text() != caption) {
