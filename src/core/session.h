@@ -27,6 +27,7 @@ struct Session {
     ResultState results;
     ReceiverState receiver;
     Panel panel;
+    bool g_factoryMode = false; ///< the maker's own commands are offered
 };
 
 /// Order number of an order index: 3, 5, 7, 9, 11.
