@@ -1,5 +1,6 @@
 #include "core/commands.h"
 
+#include "bands/path_loss.h"
 #include "bands/setup_store.h"
 #include "core/appearance.h"
 #include "core/dialogs.h"
@@ -159,6 +160,8 @@ void Commands::Execute(Command command, int argument) {
         return;
     case Command::LoadData:
         return LoadData();
+    case Command::LoadRxLoss:
+        return static_cast<void>(LoadRxLoss(session, m_Program.Parts(), store));
     case Command::SaveData:
         return SaveData();
     case Command::LevelUnit:

@@ -28,6 +28,7 @@ struct Panel {
     std::string m_WorstFreqText;
     std::string m_WorstLevelText;
     std::string m_AlarmText = "-90.0";
+    std::string m_lossInfo; ///< compensation and cable loss, empty until one is set
     Lamp lamp = Lamp::NotReady;
     bool portButtonShown = false;
     bool portListShown = false;

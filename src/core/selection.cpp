@@ -50,12 +50,9 @@ bool Selection::SelectBand(int band) {
         m_Session.panel.m_Band_sel = NoBandText;
         return true;
     }
-    if (link.m_Type != "RT-C010") {
-        const std::string info = m_Store.Read("Install_info.ccz", 7).value_or("");
-        if (info.size() > 2 && WholeNumberIn(std::string_view(info).substr(2)) == 0) {
-            m_Connection.ScanComm();
-            return false;
-        }
+    if (link.m_Type != "RT-C010" && LacksSecondPort(m_Store)) {
+        m_Connection.ScanComm();
+        return false;
     }
     const auto position = BandPosition(band, link.m_Type, link.FirmVersion);
     if (!position) {

@@ -29,6 +29,7 @@ struct Session {
     ReceiverState receiver;
     Panel panel;
     AppearanceState appearance;
+    bool g_factoryMode = false; ///< the maker's own commands are offered
 };
 
 /// Order number of an order index: 3, 5, 7, 9, 11.
