@@ -42,7 +42,6 @@ void Program::Start(bool keepLastSession) {
     m_Session.link.g_isSWStart = true;
     m_Selection.ShowRepetition();
     m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
-    m_Platform.timers.SetTimer(HousekeepingTimer, HousekeepingPeriod);
 }
 
 void Program::SearchNow() {

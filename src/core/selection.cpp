@@ -2,7 +2,6 @@
 
 #include "bands/catalogue.h"
 #include "bands/setup_store.h"
-#include "bands/tenths.h"
 #include "core/guards.h"
 #include "core/session.h"
 #include "core/timer_ids.h"
