@@ -32,6 +32,11 @@ struct Session {
     bool g_factoryMode = false; ///< the maker's own commands are offered
 };
 
+/// True once the chain from power-on is over: a run can begin.
+[[nodiscard]] inline bool IsInitialised(const Session& session) {
+    return session.link.g_InitLamp >= LampStatus && !session.link.g_bInitFlush;
+}
+
 /// Order number of an order index: 3, 5, 7, 9, 11.
 [[nodiscard]] constexpr int OrderOf(int imIndex) {
     return 2 * imIndex + 1;

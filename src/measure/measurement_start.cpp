@@ -85,7 +85,7 @@ void Measurement::StartAfterConnect() {
 
 void Measurement::BeginRun() {
     LinkState& link = m_Session.link;
-    if (link.g_InitLamp < LampStatus || link.g_bInitFlush) {
+    if (!IsInitialised(m_Session)) {
         m_Platform.user.Message("Initialisieren, bitte warten!");
         return;
     }

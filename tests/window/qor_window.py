@@ -116,7 +116,7 @@ class QorWindow:
         run("xdotool", "key", "--delay", "30", *keys)
 
     def type(self, text):
-        run("xdotool", "type", "--delay", "15", text)
+        run("xdotool", "type", "--delay", "15", "--", text)
 
     def menu(self, *path):
         """Goes down the menu by the mouse: menu, submenus, item. Captions without mnemonics."""
@@ -124,13 +124,17 @@ class QorWindow:
             self.click(caption)
             time.sleep(0.15)
 
+    def open_dialog(self):
+        """The dialog or message box that is open, or None."""
+        found = [w for w in children(self.application)
+                 if w and w.get_role() in (Atspi.Role.DIALOG, Atspi.Role.ALERT, Atspi.Role.FILE_CHOOSER)
+                 and is_showing(w)]
+        return found[-1] if found else None
+
     def dialog(self, seconds=5):
-        """The dialog or message box that is open."""
-        def found():
-            return [w for w in children(self.application)
-                    if w and w.get_role() in (Atspi.Role.DIALOG, Atspi.Role.ALERT) and is_showing(w)]
-        self.wait(lambda: found(), seconds, "a dialog opens")
-        return found()[-1]
+        self.wait(lambda: self.open_dialog() is not None, seconds, "a dialog opens")
+        time.sleep(0.2)  # until it has the keyboard
+        return self.open_dialog()
 
     def message(self):
         """Text of the message box that is open, all its labels."""

@@ -225,13 +225,18 @@ void CTestSDIFormView::LeaveFields() {
         TakeLimit();
 }
 
-QString CTestSDIFormView::StateText() const {
+/// The lamp as it is shown: green only when a press of the start button would start a run.
+Lamp CTestSDIFormView::ShownLamp() const {
     const Session& session = m_Program.State();
+    if (session.run.runOn)
+        return Lamp::Running;
+    return session.panel.lamp == Lamp::Ready && IsInitialised(session) ? Lamp::Ready : Lamp::NotReady;
+}
+
+QString CTestSDIFormView::StateText() const {
     if (m_Program.IsLeaving())
         return Tr("Programm wird beendet");
-    if (session.run.runOn)
-        return Tr("Messung laeuft");
-    switch (session.panel.lamp) {
+    switch (ShownLamp()) {
     case Lamp::Ready:
         return Tr("Bereit");
     case Lamp::Running:
@@ -262,7 +267,7 @@ void CTestSDIFormView::RefreshCells() {
     m_Serial->setVisible(session.appearance.serialShown);
     m_SerialLabel->setVisible(session.appearance.serialShown);
     m_Path->Show(session.select.m_PathMode == 1);
-    m_Lamp->Show(session.run.runOn ? Lamp::Running : panel.lamp, state);
+    m_Lamp->Show(ShownLamp(), state);
     m_Start->Show(session.run.runOn, m_Layout.picture == StartPicture::Small,
                   session.run.runOn ? Tr("Halten Messung") : Tr("Beginnen Messung"));
     m_Start->setAccessibleName(m_Start->text());

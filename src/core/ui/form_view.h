@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/panel.h"
 #include "core/panel_layout.h"
 
 #include <QTimer>
@@ -82,6 +83,7 @@ private:
     void TakeMarkerChecks(std::size_t n);
     void TakeMarkerPosition(std::size_t n);
     void Pressed(const std::function<void()>& what);
+    [[nodiscard]] Lamp ShownLamp() const;
     [[nodiscard]] QString StateText() const;
     void Place(QWidget* widget, Control control);
     void PlaceMarkerRow(const MarkerRow& row, const PanelRect& box);
