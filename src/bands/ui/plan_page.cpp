@@ -26,9 +26,7 @@ QString Translated(std::string_view text) {
 
 } // namespace
 
-PlanPage::PlanPage(FormDialog& dialog, PlanSetup setup, std::string_view saveCaption,
-                   std::string_view standardCaption)
-    : m_Dialog(dialog), m_Setup(std::move(setup)) {
+PlanPage::PlanPage(FormDialog& dialog, PlanSetup setup) : m_Dialog(dialog), m_Setup(std::move(setup)) {
     auto* column = new QVBoxLayout(this);
     column->addWidget(new QLabel(Plain(m_Setup.BandRangesText())));
     column->addWidget(MakeFields());
@@ -37,7 +35,7 @@ PlanPage::PlanPage(FormDialog& dialog, PlanSetup setup, std::string_view saveCap
     m_checkText->setAccessibleName(Tr("Ueberpruefen ").trimmed());
     m_checkText->setTabChangesFocus(true);
     column->addWidget(m_checkText, 1);
-    column->addWidget(MakeButtons(saveCaption, standardCaption));
+    column->addWidget(MakeButtons());
     ShowPlan();
 }
 
@@ -79,11 +77,12 @@ void PlanPage::AddStretchedForms(QGroupBox* group, std::initializer_list<QFormLa
 
 void PlanPage::AddField(QFormLayout* form, std::string_view caption, PlanValue value) {
     QLineEdit* const edit = m_Dialog.AddField(form, caption, {}, "MHz");
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("00000.000"));
     m_Fields[m_FieldCount++] = {value, edit};
     connect(edit, &QLineEdit::textEdited, this, [this] { OnEdited(); });
 }
 
-QWidget* PlanPage::MakeButtons(std::string_view saveCaption, std::string_view standardCaption) {
+QWidget* PlanPage::MakeButtons() {
     auto* buttons = new QWidget;
     auto* row = new QHBoxLayout(buttons);
     row->setContentsMargins({});
@@ -94,8 +93,8 @@ QWidget* PlanPage::MakeButtons(std::string_view saveCaption, std::string_view st
         row->addWidget(button);
         return button;
     };
-    m_Save = add(saveCaption, [this] { WithPlan([this] { m_Setup.Save(); }); });
-    add(standardCaption, [this] {
+    m_Save = add("Einbauen", [this] { WithPlan([this] { m_Setup.Save(); }); });
+    add("Standard", [this] {
         m_Setup.Standard();
         ShowPlan();
     });
