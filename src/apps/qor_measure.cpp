@@ -1,15 +1,13 @@
 // qor-measure: one measurement from the shell, its verdict as the exit status.
+#include "apps/common/instrument_line.h"
 #include "apps/measure/console.h"
 #include "apps/measure/job.h"
 #include "apps/measure/options.h"
 #include "apps/measure/outcome.h"
 #include "core/program.h"
 #include "platform/posix/posix_clock.h"
-#include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
-#include "platform/qt/system_port_list.h"
 #include "platform/wire_log.h"
-#include "sim/simulated_port.h"
 
 #include <QCoreApplication>
 
@@ -22,26 +20,7 @@ volatile std::sig_atomic_t g_StopAsked = 0;
 
 using namespace qor;
 
-/// The line to the instrument: a serial device, or a simulated instrument in this process.
-struct RealLine {
-    explicit RealLine(const app::Options& options) : ports({options.port}, true), comm(ports) {}
-    SystemPortList ports;
-    QtSerialPort comm;
-};
-
-struct SimulatedLine {
-    explicit SimulatedLine(const app::Options& options)
-        : instrument(*options.simulate), line(instrument), ports(later), comm(ports, later) {
-        ports.Add(line);
-    }
-    QtScheduler later;
-    sim::Instrument instrument;
-    sim::Line line;
-    sim::SimulatedPortList ports;
-    sim::SimulatedPort comm;
-};
-
-template <typename Line> int Run(QCoreApplication& application, const app::Options& options) {
+template <typename Line> int Run(QCoreApplication& application, const app::Options& options, Line& line) {
     app::Console console;
     const PosixClock clock;
     WireLog wire(clock);
@@ -50,7 +29,6 @@ template <typename Line> int Run(QCoreApplication& application, const app::Optio
         return app::FileFailed;
     }
     PosixClock programClock;
-    Line line(options);
     LoggedComm comm(line.comm, wire);
     QtTimers timers;
     Program program({comm, line.ports, timers, programClock, console}, options.dataDirectory);
@@ -90,6 +68,10 @@ int main(int argc, char* argv[]) {
     }
     std::signal(SIGINT, [](int) { g_StopAsked = 1; });
     std::signal(SIGTERM, [](int) { g_StopAsked = 1; });
-    return parsed.options->simulate ? Run<SimulatedLine>(application, *parsed.options)
-                                    : Run<RealLine>(application, *parsed.options);
+    if (parsed.options->simulate) {
+        app::SimulatedLine line(*parsed.options->simulate);
+        return Run(application, *parsed.options, line);
+    }
+    app::RealLine line({parsed.options->port}, true);
+    return Run(application, *parsed.options, line);
 }

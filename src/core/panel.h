@@ -34,10 +34,15 @@ struct Panel {
     bool portListShown = false;
 };
 
+// shown to the operator
 inline constexpr std::string_view ReflectionText = "Reflex Modell";
+// shown to the operator
 inline constexpr std::string_view TransmissionText = "Uegerbegen Modell";
+// shown to the operator
 inline constexpr std::string_view TwoToneText = "2 Ton Modell";
+// shown to the operator
 inline constexpr std::string_view SweepText = "Scannen Modell";
+// shown to the operator
 inline constexpr std::string_view SpectrumText = "Spectrum Mode";
 
 } // namespace qor

@@ -65,14 +65,19 @@ void Program::Initialised() {
     StartAfterConnect();
 }
 
-bool Program::OnExitButton(std::function<void(int)> quit) {
+bool Program::OnExitButton() {
     if (m_Session.run.runOn) {
         m_Platform.user.Message("Sich?\nHalten Messung erst!");
         return false;
     }
-    if (!m_Platform.user.Ask("Sich?", "Sich"))
+    if (m_Leaving || !m_Platform.user.Ask("Sich?", "Sich"))
         return false;
-    m_Quit = std::move(quit);
+    Leave();
+    return true;
+}
+
+void Program::Leave() {
+    m_Leaving = true;
     m_Channel.PauseStatusPoll();
     m_Platform.timers.KillTimer(restarttimer); // a run that waits for its turn does not begin any more
     if (m_Platform.visa && m_Session.receiver.g_VisaRM != 0) {
@@ -81,7 +86,6 @@ bool Program::OnExitButton(std::function<void(int)> quit) {
     }
     m_CloseTicks = 0;
     m_Platform.timers.SetTimer(CloseQOR, ClosePeriod);
-    return true;
 }
 
 /// Waits for the queue, switches the carriers off, and ends.

@@ -38,8 +38,14 @@ public:
     /// The start button.
     void OnMeasButton() { m_Measurement.OnMeasButton(m_Connection); }
     void StopMeas() { m_Measurement.StopMeas(); }
-    /// The exit button: refused during a run, asks otherwise; then carriers off, port closed, `quit`.
-    bool OnExitButton(std::function<void(int exitCode)> quit);
+    /// What ends the application once the program has ended in order.
+    void SetQuit(std::function<void(int exitCode)> quit) { m_Quit = std::move(quit); }
+    /// The exit button: refused during a run, asks otherwise; then Leave.
+    bool OnExitButton();
+    /// Ends in order: carriers off, port closed, `quit`.
+    void Leave();
+    /// True from the exit button on.
+    [[nodiscard]] bool IsLeaving() const { return m_Leaving; }
     /// The status poll of an idle link, in case nothing has armed it yet.
     void ArmStatusPoll() { m_Channel.ArmStatusPoll(); }
 
@@ -87,6 +93,7 @@ private:
     std::function<void(int)> m_Quit;
     int m_CloseTicks = 0;
     bool m_CarriersOff = false;
+    bool m_Leaving = false;
 };
 
 } // namespace qor

@@ -2,6 +2,8 @@
 
 #include "bands/catalogue.h"
 #include "bands/setup_store.h"
+#include "bands/tenths.h"
+#include "core/guards.h"
 #include "core/session.h"
 #include "core/timer_ids.h"
 #include "display/curve_store.h"
@@ -22,20 +24,6 @@ Selection::Selection(Session& session, const Platform& platform, SetupStore& sto
     : m_Session(session), m_Platform(platform), m_Store(store), m_Channel(channel), m_Init(init),
       m_Connection(connection) {}
 
-bool Selection::RunIsOff() {
-    if (m_Session.run.runOn)
-        m_Platform.user.Message("\nHalten Messung erst!");
-    return !m_Session.run.runOn;
-}
-
-bool Selection::PortIsOpen() {
-    const bool open = m_Platform.comm.GetPortOpen();
-    if (!open)
-        m_Platform.user.Message("Oeffnen port erst!");
-    return open;
-}
-
-/// A new plot for what has just been chosen: its frequencies, powers and axis become the working set.
 void Selection::ResetPlot() {
     LinkState& link = m_Session.link;
     const int step = link.g_init;
@@ -51,7 +39,7 @@ void Selection::ResetPlot() {
 bool Selection::SelectBand(int band) {
     SelectionState& select = m_Session.select;
     LinkState& link = m_Session.link;
-    if (!RunIsOff())
+    if (!RunIsOff(m_Session, m_Platform))
         return false;
     if (m_Session.panel.lamp == Lamp::NotReady) {
         m_Platform.user.Message("Please select band after initailization completed.");
@@ -96,12 +84,12 @@ bool Selection::SelectBand(int band) {
 }
 
 bool Selection::SelectOrder(int imIndex) {
-    if (!RunIsOff())
+    if (!RunIsOff(m_Session, m_Platform) || !MayChangeSetup(m_Session, m_Platform))
         return false;
     m_Session.select.m_IMIndex = imIndex;
     m_Session.panel.m_IM_sel = "IM" + std::to_string(OrderOf(imIndex));
     ResetPlot();
-    if (!PortIsOpen())
+    if (!PortIsOpen(m_Platform))
         return false;
     if (m_Session.receiver.tagReceiver == 1)
         m_Session.link.queue.Append(UseReceiver(imIndex));
@@ -109,12 +97,14 @@ bool Selection::SelectOrder(int imIndex) {
 }
 
 bool Selection::SelectMethod(int mode) {
-    if (!RunIsOff() || (mode != ModeTwoTone && m_Session.select.m_BandId == BandTdScdmaA))
-        return false;
     if (mode == ModeSweep && m_Session.link.g_InitLamp < LampStatus) {
         m_Platform.user.Message("Initialisieren, bitte warten!");
         return false;
     }
+    if (!RunIsOff(m_Session, m_Platform) || !MayChangeSetup(m_Session, m_Platform))
+        return false;
+    if (mode != ModeTwoTone && m_Session.select.m_BandId == BandTdScdmaA)
+        return false;
     static constexpr std::string_view Texts[] = {TwoToneText, SweepText, SpectrumText};
     RunState& run = m_Session.run;
     const bool changed = run.g_TestMode != mode;
@@ -128,21 +118,30 @@ bool Selection::SelectMethod(int mode) {
     return true;
 }
 
+void Selection::UseInternalReceiver() {
+    m_Session.receiver.tagReceiver = 1;
+    m_Store.Write("internalreceiver.ccz", "1");
+    if (m_Platform.comm.GetPortOpen())
+        m_Session.link.queue.Append(UseReceiver(m_Session.select.m_IMIndex));
+}
+
 void Selection::ShowRepetition() {
     const RunState& run = m_Session.run;
     std::string& text = m_Session.panel.m_SweepKind_text;
+    // shown to the operator
+    static constexpr std::string_view Kinds[] = {"Endless", "SA Enclosed", "Multi-times", "Single"};
     if (run.tagEndless || run.g_TestMode == ModeSpectrum)
-        text = "Endless";
+        text = Kinds[0];
     else if (run.g_TestMode == ModeSweep && run.g_bSaEnclosed)
-        text = "SA Enclosed";
+        text = Kinds[1];
     else if (run.g_TestMode == ModeSweep && m_Session.curve.g_runCount > 1)
-        text = "Multi-times";
+        text = Kinds[2];
     else
-        text = "Single";
+        text = Kinds[3];
 }
 
 bool Selection::SelectPath(int path) {
-    if (!RunIsOff() || !PortIsOpen())
+    if (!RunIsOff(m_Session, m_Platform) || !PortIsOpen(m_Platform) || !MayChangeSetup(m_Session, m_Platform))
         return false;
     if (m_Session.select.m_PathMode == path)
         return true;

@@ -21,14 +21,14 @@ public:
     bool SelectOrder(int imIndex); ///< 1 IM3 to 5 IM11
     bool SelectMethod(int mode);   ///< TestMode; a spectrum run is started by the start button
     bool SelectPath(int path);     ///< 1 reflection, 2 transmission
+    /// Levels are read with the instrument's own receiver, and the choice is kept.
+    void UseInternalReceiver();
+    /// A new plot for what has just been chosen: its frequencies, powers and axis become the working set.
+    void ResetPlot();
     /// Renews the panel's text for the kind of repetition.
     void ShowRepetition();
 
 private:
-    [[nodiscard]] bool RunIsOff();
-    [[nodiscard]] bool PortIsOpen();
-    void ResetPlot();
-
     Session& m_Session;
     const Platform& m_Platform;
     SetupStore& m_Store;

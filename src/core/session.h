@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bands/plan_state.h"
+#include "core/appearance.h"
 #include "core/panel.h"
 #include "display/curve_state.h"
 #include "link/link_state.h"
@@ -27,6 +28,7 @@ struct Session {
     ResultState results;
     ReceiverState receiver;
     Panel panel;
+    AppearanceState appearance;
     bool g_factoryMode = false; ///< the maker's own commands are offered
 };
 

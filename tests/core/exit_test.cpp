@@ -1,15 +1,22 @@
 #include "core/timer_ids.h"
 #include "support/wire_reading.h"
 
+#include <functional>
+
 namespace qor::test {
 
 namespace {
+
+bool PressExit(Rig& rig, std::function<void(int)> quit) {
+    rig.program.SetQuit(std::move(quit));
+    return rig.program.OnExitButton();
+}
 
 /// Presses the exit button and tells how long the program took to end; -1 when it did not within 20 s.
 std::int64_t MsToEnd(Rig& rig) {
     int code = 0;
     const std::int64_t begin = rig.time.NowMs();
-    EXPECT_TRUE(rig.program.OnExitButton([&code](int exitCode) { code += exitCode; }));
+    EXPECT_TRUE(PressExit(rig, [&code](int exitCode) { code += exitCode; }));
     if (!rig.time.RunUntil([&] { return code != 0; }, 20000))
         return -1;
     const std::int64_t took = rig.time.NowMs() - begin;
@@ -30,11 +37,11 @@ TEST(Exit, RefusedDuringARunAndOnNo) {
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
     rig.program.OnMeasButton();
-    EXPECT_FALSE(rig.program.OnExitButton([](int) { ADD_FAILURE(); }));
+    EXPECT_FALSE(PressExit(rig, [](int) { ADD_FAILURE(); }));
     EXPECT_EQ(rig.user.messages, std::vector<std::string>{"Sich?\nHalten Messung erst!"});
     ASSERT_TRUE(rig.RunUntilRunIsOver());
     rig.user.answer = false;
-    EXPECT_FALSE(rig.program.OnExitButton([](int) { ADD_FAILURE(); }));
+    EXPECT_FALSE(PressExit(rig, [](int) { ADD_FAILURE(); }));
     EXPECT_EQ(Joined(SentDuring(rig, [&] { rig.time.RunFor(4500); })), "#SST? #SST? ") << "life goes on";
 }
 
@@ -48,7 +55,7 @@ TEST(Exit, CarriersOffThenThePortCloses) {
         rig.time.RunFor(wait);
         rig.Sent();
         std::vector<std::string> sent;
-        EXPECT_TRUE(rig.program.OnExitButton([&](int code) {
+        EXPECT_TRUE(PressExit(rig, [&](int code) {
             EXPECT_EQ(code, 16);
             EXPECT_FALSE(rig.comm.GetPortOpen());
             sent = rig.Sent();
@@ -63,7 +70,7 @@ TEST(Exit, WaitsForWhatIsQueued) {
     ASSERT_TRUE(rig.PowerOn());
     rig.Sent();
     ASSERT_TRUE(rig.program.Select().SelectBand(BandEgsm));
-    EXPECT_TRUE(rig.program.OnExitButton([](int) {}));
+    EXPECT_TRUE(PressExit(rig, [](int) {}));
     rig.time.RunFor(5000);
     EXPECT_EQ(Joined(rig.Sent()), "#SAB3 #RECUT1 #SPWA00430 #SPWB00430 #SPB0 #SPA0 ");
 }
@@ -109,7 +116,7 @@ TEST(Exit, CarriersGoOffBehindAClosedPort) {
     ASSERT_FALSE(rig.comm.GetPortOpen());
     rig.Sent();
     int code = 0;
-    EXPECT_TRUE(rig.program.OnExitButton([&code](int exitCode) { code = exitCode; }));
+    EXPECT_TRUE(PressExit(rig, [&code](int exitCode) { code = exitCode; }));
     rig.time.RunFor(3000);
     EXPECT_EQ(code, 16);
     EXPECT_EQ(Joined(rig.Sent()), "#SPB0 #SPA0 ");

@@ -198,7 +198,7 @@ void Job::Watch() {
         return;
     }
     m_Console.ShowProgress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText +
-                       ", worst " + session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
+                           ", worst " + session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
 }
 
 void Job::Drain() {
@@ -241,10 +241,11 @@ void Job::Finish(ExitStatus status, std::string message) {
     if (m_Program.State().run.runOn)
         m_Program.StopMeas();
     m_Phase = Phase::Exit;
-    m_Program.OnExitButton([this](int) {
+    m_Program.SetQuit([this](int) {
         m_Timer.stop();
         m_Finished();
     });
+    m_Program.Leave();
 }
 
 } // namespace qor::app

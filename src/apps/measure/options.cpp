@@ -1,5 +1,6 @@
 #include "apps/measure/options.h"
 
+#include "apps/common/common_options.h"
 #include "bands/catalogue.h"
 #include "display/curve_state.h"
 #include "measure/run_state.h"
@@ -85,28 +86,16 @@ private:
     std::string m_Problem;
 };
 
-std::filesystem::path DefaultDataDirectory() {
-    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data)
-        return std::filesystem::path(data) / "qor";
-    const char* home = std::getenv("HOME");
-    return std::filesystem::path(home ? home : ".") / ".local/share/qor";
-}
-
 void ReadInstrument(Reader& reader, Options& options) {
     if (reader.Has("port") == reader.Has("simulate"))
         return reader.Fail("Name the instrument by one of --port DEVICE and --simulate MODEL[:FIRMWARE].");
     options.port = reader.Text("port");
     if (!reader.Has("simulate"))
         return;
-    sim::InstrumentConfig config;
-    const std::string text = reader.Text("simulate");
-    const std::size_t colon = text.find(':');
-    config.model = text.substr(0, colon);
-    if (colon != std::string::npos)
-        config.firmware = text.substr(colon + 1);
-    if (const std::string fault = sim::ConfigFault(config); !fault.empty())
-        reader.Fail("--simulate " + text + ": " + fault);
-    options.simulate = config;
+    std::string problem;
+    options.simulate = ParseSimulate(reader.Text("simulate"), problem);
+    if (!problem.empty())
+        reader.Fail(problem);
 }
 
 void ReadSelection(Reader& reader, Options& options) {

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "sim/instrument.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace qor::app {
+
+/// Directory of the stores when none is named: $XDG_DATA_HOME/qor or ~/.local/share/qor.
+[[nodiscard]] std::filesystem::path DefaultDataDirectory();
+
+/// MODEL[:FIRMWARE] of --simulate; otherwise nothing, and `problem` says what is wrong.
+[[nodiscard]] std::optional<sim::InstrumentConfig> ParseSimulate(const std::string& text,
+                                                                 std::string& problem);
+
+} // namespace qor::app

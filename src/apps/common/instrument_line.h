@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_timers.h"
+#include "platform/qt/system_port_list.h"
+#include "sim/simulated_port.h"
+
+#include <string>
+#include <vector>
+
+namespace qor::app {
+
+/// The line to the instrument: the serial devices of the machine, those named first.
+struct RealLine {
+    RealLine(const std::vector<std::string>& devices, bool onlyThese)
+        : ports(devices, onlyThese), comm(ports) {}
+    SystemPortList ports;
+    QtSerialPort comm;
+};
+
+/// A simulated instrument in this process.
+struct SimulatedLine {
+    explicit SimulatedLine(const sim::InstrumentConfig& config)
+        : instrument(config), line(instrument), ports(later), comm(ports, later) {
+        ports.Add(line);
+    }
+    QtScheduler later;
+    sim::Instrument instrument;
+    sim::Line line;
+    sim::SimulatedPortList ports;
+    sim::SimulatedPort comm;
+};
+
+} // namespace qor::app

@@ -1,0 +1,51 @@
+#include "apps/desktop/options.h"
+
+#include "apps/common/common_options.h"
+
+#include <QCommandLineParser>
+
+namespace qor::app {
+
+ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
+    DesktopOptions options;
+    options.configStart = arguments.removeAll(QStringLiteral("-ConfigStart")) > 0;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Control program of a two-tone passive intermodulation analyser.\n"
+                       "-ConfigStart keeps the choices of the last session."));
+    parser.addOptions({
+        {{"h", "help"}, "Show this help."},
+        {{"v", "version"}, "Show the version."},
+        {"data-dir", "Directory of the stores ($XDG_DATA_HOME/qor or ~/.local/share/qor).", "DIR"},
+        {"port", "Serial device to offer ahead of those the system lists; may be given several times.",
+         "DEVICE"},
+        {"simulate", "Work on a simulated instrument, for example RT-DB22:6.2.", "MODEL[:FIRMWARE]"},
+        {"wire", "Log every transfer to a file.", "FILE"},
+    });
+    const bool parsed = parser.parse(arguments);
+    if (parser.isSet("help") || parser.isSet("version"))
+        return {{}, parser.isSet("help") ? parser.helpText().toStdString() : "qor " QOR_VERSION "\n", true};
+    if (!parsed)
+        return {{}, parser.errorText().toStdString(), false};
+    if (const QStringList loose = parser.positionalArguments(); !loose.isEmpty())
+        return {{},
+                "What is \"" + loose.first().toStdString() + "\"? All settings are options; see --help.",
+                false};
+    options.dataDirectory = parser.isSet("data-dir")
+                                ? std::filesystem::path(parser.value("data-dir").toStdString())
+                                : DefaultDataDirectory();
+    for (const QString& port : parser.values("port"))
+        options.ports.push_back(port.toStdString());
+    options.wireFile = parser.value("wire").toStdString();
+    if (parser.isSet("simulate")) {
+        std::string problem;
+        options.simulate = ParseSimulate(parser.value("simulate").toStdString(), problem);
+        if (!options.simulate)
+            return {{}, problem, false};
+        if (!options.ports.empty())
+            return {{}, "--port and --simulate exclude each other.", false};
+    }
+    return {std::move(options), {}, false};
+}
+
+} // namespace qor::app

@@ -1,0 +1,86 @@
+// qor: the operator's window.
+#include "apps/common/instrument_line.h"
+#include "apps/desktop/options.h"
+#include "core/program.h"
+#include "core/ui/desktop_launcher.h"
+#include "core/ui/language.h"
+#include "core/ui/main_frame.h"
+#include "core/ui/window_operator.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/wire_log.h"
+
+#include <QApplication>
+#include <QProcess>
+
+#include <cstdio>
+
+namespace {
+
+using namespace qor;
+
+/// Starts the program anew with the same options once this one has ended.
+void StartAgain(bool keepSession) {
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    arguments.removeAll(QStringLiteral("-ConfigStart"));
+    if (keepSession)
+        arguments << QStringLiteral("-ConfigStart");
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
+}
+
+template <typename Line> int Run(const app::DesktopOptions& options, Line& line) {
+    PosixClock clock;
+    WireLog wire(clock);
+    ui::WindowOperator user;
+    if (!options.wireFile.empty() && !wire.OpenFile(options.wireFile)) {
+        std::fprintf(stderr, "qor: %s: cannot be written.\n", options.wireFile.c_str());
+        return 1;
+    }
+    LoggedComm comm(line.comm, wire);
+    QtTimers timers;
+    ui::DesktopLauncher launcher;
+    int status = 0;
+    {
+        Program program({comm, line.ports, timers, clock, user, nullptr, nullptr, nullptr, &launcher},
+                        options.dataDirectory);
+        ui::InstallLanguage(CurrentLanguage(program.Stores()));
+        program.Start(options.configStart);
+        ui::CMainFrame window(program);
+        user.SetWindow(&window);
+        program.SetQuit([&window](int code) {
+            window.LetGo();
+            QCoreApplication::exit(code);
+        });
+        window.show();
+        window.Refresh();
+        status = QApplication::exec();
+    }
+    if (launcher.RestartAsked())
+        StartAgain(launcher.KeepsSession());
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QStringList arguments;
+    for (int n = 0; n < argc; ++n)
+        arguments << QString::fromLocal8Bit(argv[n]);
+    const app::ParsedDesktopOptions parsed = app::ParseDesktopOptions(arguments);
+    if (!parsed.options) {
+        std::fprintf(parsed.isAnswer ? stdout : stderr, "%s%s",
+                     parsed.isAnswer ? "" : "qor: ", parsed.text.c_str());
+        if (!parsed.isAnswer)
+            std::fputs("\n", stderr);
+        return parsed.isAnswer ? 0 : 4;
+    }
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("qor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(QOR_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false); // the program ends in order, the window with it
+    if (parsed.options->simulate) {
+        app::SimulatedLine line(*parsed.options->simulate);
+        return Run(*parsed.options, line);
+    }
+    app::RealLine line(parsed.options->ports, false);
+    return Run(*parsed.options, line);
+}

@@ -1,0 +1,429 @@
+#include "core/ui/form_view.h"
+
+#include "core/commands.h"
+#include "core/program.h"
+#include "core/ui/pictures.h"
+#include "core/ui/text.h"
+#include "display/ui/curve_wnd.h"
+#include "platform/serial_control.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+// shown to the operator
+constexpr std::string_view MarkerTitles[] = {"----- Marker 1 ------", "----- Marker 2 ------",
+                                             "----- Marker 3 ------"};
+constexpr int SettleMs = 400; ///< a window manager answers a resize within this
+
+/// Text into a field unless it stands there; a field that is being typed in is left alone.
+void Show(QLineEdit* field, const QString& text) {
+    if (field->text() != text && !(field->hasFocus() && field->isModified()))
+        field->setText(text);
+}
+
+void Show(QLabel* label, const QString& text) {
+    if (label->text() != text)
+        label->setText(text);
+}
+
+/// Largest font of the widget's family in which the text fits its room.
+void FitFont(QWidget* widget, const QString& text, int largest, bool bold) {
+    QFont font = widget->font();
+    font.setBold(bold);
+    int size = std::max(largest, 8);
+    do
+        font.setPixelSize(size);
+    while (size-- > 8 && QFontMetrics(font).horizontalAdvance(text) > widget->width() - 6);
+    if (font != widget->font())
+        widget->setFont(font);
+}
+
+} // namespace
+
+CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget* parent)
+    : QWidget(parent), m_Program(program), m_Commands(commands), m_Curve(new CCurveWnd(program, this)) {
+    setObjectName(QStringLiteral("panel"));
+    setAttribute(Qt::WA_StyledBackground);
+    setMinimumSize(100, 40);
+    BuildCells();
+    BuildBoxes();
+    BuildColumn();
+    BuildMarkers();
+    BuildButtons();
+    SetTabOrder();
+    m_Settled.setSingleShot(true);
+    QObject::connect(&m_Settled, &QTimer::timeout, this, [this] { m_LayoutDone = true; });
+}
+
+/// A text of the panel that is only read; its name is that of its field.
+QLineEdit* CTestSDIFormView::AddText(std::string_view name, QWidget* parent) {
+    auto* text = new QLineEdit(parent ? parent : this);
+    text->setAccessibleName(Plain(name));
+    text->setReadOnly(true);
+    text->setFrame(false);
+    text->setFocusPolicy(Qt::NoFocus);
+    text->setAlignment(Qt::AlignCenter);
+    text->setContextMenuPolicy(Qt::NoContextMenu);
+    return text;
+}
+
+QPushButton* CTestSDIFormView::AddButton(std::string_view caption, std::string_view tip,
+                                         std::function<void()> pressed) {
+    auto* button = new QPushButton(Tr(caption), this);
+    button->setAccessibleName(Tr(caption));
+    if (!tip.empty())
+        button->setToolTip(Tr(tip));
+    QObject::connect(button, &QPushButton::clicked, this,
+                     [this, what = std::move(pressed)] { Pressed(what); });
+    return button;
+}
+
+void CTestSDIFormView::Pressed(const std::function<void()>& what) {
+    if (m_Program.IsLeaving())
+        return;
+    LeaveFields();
+    what();
+    if (m_AfterCommand)
+        m_AfterCommand();
+}
+
+void CTestSDIFormView::BuildCells() {
+    m_ScaleUp = AddButton("+", "Pegelachse vergroessern", [this] { m_Commands.StepScale(true); });
+    m_ScaleDown = AddButton("-", "Pegelachse verkleinern", [this] { m_Commands.StepScale(false); });
+    for (QPushButton* button : {m_ScaleUp, m_ScaleDown}) {
+        button->setObjectName(QStringLiteral("small"));
+        button->setAutoRepeat(true);
+    }
+    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
+        m_ListRow[row] = AddText("m_FileRow" + std::to_string(row + 1));
+        m_ListRow[row]->setObjectName(QStringLiteral("listRow"));
+        m_ListRow[row]->setFocusPolicy(Qt::StrongFocus);
+        m_ListRow[row]->installEventFilter(this);
+    }
+    // shown to the operator
+    static constexpr std::pair<std::string_view, std::string_view> Buttons[] = {
+        {"|<", "Zum Anfang der Liste"},
+        {"<<", "Einen Eintrag zurueck"},
+        {">>", "Einen Eintrag weiter"},
+        {">|", "Zum Ende der Liste"},
+        {"X", "Eintrag aus der Liste nehmen"}};
+    for (std::size_t n = 0; n < m_ListButton.size(); ++n) {
+        m_ListButton[n] = AddButton(Buttons[n].first, Buttons[n].second, [this, n] { PressListButton(n); });
+        m_ListButton[n]->setObjectName(QStringLiteral("small"));
+    }
+    static constexpr std::string_view Cells[] = {"m_Band_sel", "m_Mode_sel",       "m_IM_sel",
+                                                 "m_Path_sel", "m_SweepKind_text", "Zustand"};
+    for (std::size_t n = 0; n < m_Cell.size(); ++n) {
+        m_Cell[n] = AddText(Cells[n]);
+        m_Cell[n]->setObjectName(QStringLiteral("cell"));
+    }
+}
+
+void CTestSDIFormView::BuildBoxes() {
+    m_FrequencyBox = new QGroupBox(Tr("--- Frequenz ---"), this);
+    m_F1 = AddText("m_f1_text");
+    m_F2 = AddText("m_f2_text");
+    m_F1Label = new QLabel(QStringLiteral("f1:"), this);
+    m_F2Label = new QLabel(QStringLiteral("f2:"), this);
+    m_Path = new PathPicture(this);
+    m_Lamp = new LampPicture(this);
+    m_ReadingBox = new QGroupBox(Tr("--- fIM/dBm ---"), this);
+    m_FimLabel = new QLabel(QStringLiteral("fIM:"), this);
+    m_Fim = AddText("m_fIM_text");
+    m_Reading = AddText("m_ReadingText");
+    m_Reading->setObjectName(QStringLiteral("reading"));
+    m_ReadingUnit = new QLabel(this);
+}
+
+void CTestSDIFormView::BuildColumn() {
+    m_Head = new HeadPicture(this);
+    m_AlarmBox = new QGroupBox(Tr("----- Alarm Niveau------"), this);
+    m_Alarm = new QLineEdit(this);
+    m_Alarm->setAccessibleName(QStringLiteral("m_AlarmText"));
+    m_Alarm->setToolTip(Tr("Grenzwert, 0 bis -200"));
+    m_Alarm->setAlignment(Qt::AlignCenter);
+    QObject::connect(m_Alarm, &QLineEdit::editingFinished, this, [this] { TakeLimit(); });
+    m_AlarmUnit = new QLabel(this);
+    m_Serial = new QLineEdit(this);
+    m_Serial->setAccessibleName(QStringLiteral("m_DutSerial"));
+    m_Serial->setToolTip(Tr("Seriennummer des Prueflings"));
+    m_SerialLabel = new QLabel(Tr("Serien:"), this);
+    m_SerialLabel->setBuddy(m_Serial);
+    QObject::connect(m_Serial, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_Program.State().results.m_DutSerial = Utf8(text);
+        m_Program.State().results.g_bKeepSerial = !text.isEmpty();
+    });
+}
+
+void CTestSDIFormView::BuildMarkers() {
+    for (std::size_t n = 0; n < m_Marker.size(); ++n) {
+        MarkerRow& row = m_Marker[n];
+        const std::string number = std::to_string(n + 1);
+        row.box = new QGroupBox(Tr(MarkerTitles[n]), this);
+        row.on = AddButton({}, "Marker ein- und ausschalten", [this, n] { ToggleMarker(n); });
+        row.on->setAccessibleName("Marker " + QString::number(n + 1));
+        row.on->setObjectName(QStringLiteral("small"));
+        row.on->setCheckable(true);
+        row.position = new QLineEdit(this);
+        row.position->setAccessibleName(Plain("m_MarkerPosText" + number));
+        row.position->setToolTip(Tr("Stelle des Markers: Zeit oder Frequenz"));
+        row.level = AddText("m_MarkerLevelText" + number);
+        row.positionUnit = new QLabel(this);
+        row.levelUnit = new QLabel(this);
+        const auto check = [this, n, &number](std::string_view caption, std::string_view tip) {
+            auto* box = new QCheckBox(Tr(caption), this);
+            box->setAccessibleName(Tr(caption) + ' ' + Plain(number));
+            box->setToolTip(Tr(tip));
+            QObject::connect(box, &QCheckBox::clicked, this, [this, n] { TakeMarkerChecks(n); });
+            return box;
+        };
+        row.max = check("Max", "Auf den hoechsten Punkt");
+        row.up = check("Oben", "Auf der steigenden Kurve");
+        row.down = check("Unter", "Auf der fallenden Kurve");
+        QObject::connect(row.position, &QLineEdit::textEdited, this, [this, n] { TakeMarkerPosition(n); });
+    }
+}
+
+void CTestSDIFormView::BuildButtons() {
+    m_PortList = new QComboBox(this);
+    m_PortList->setAccessibleName(Tr("Auswaehlen COM Port:"));
+    m_PortLabel = new QLabel(Tr("Auswaehlen COM Port:"), this);
+    m_PortLabel->setWordWrap(true);
+    m_PortLabel->setBuddy(m_PortList);
+    QObject::connect(m_PortList, &QComboBox::activated, this,
+                     [this] { m_Program.State().link.portListText = Utf8(m_PortList->currentText()); });
+    m_PortButton = AddButton("Scannen Port", {}, [this] { m_Program.Link().OnButton1(); });
+    m_Start = new StartButton(this);
+    QObject::connect(m_Start, &QPushButton::clicked, this,
+                     [this] { Pressed([this] { m_Commands.Run(Command::StartStop); }); });
+    m_Clear = AddButton("R", "Anzeige loeschen", [this] { m_Commands.ClearDisplay(); });
+    m_Clear->setObjectName(QStringLiteral("small"));
+    m_Exit = AddButton("Exit", "Programm beenden", [this] { m_Commands.Run(Command::Exit); });
+    // Service pages of the factory; shown when they are opened.
+    m_Calibration = AddButton("Calibration", {}, [] {});
+    m_Test = AddButton("Test", {}, [] {});
+    m_Calibration->hide();
+    m_Test->hide();
+}
+
+void CTestSDIFormView::SetTabOrder() {
+    std::vector<QWidget*> order{m_Start, m_Clear, m_Alarm, m_Serial};
+    for (const MarkerRow& row : m_Marker)
+        order.insert(order.end(), {row.on, row.position, row.max, row.up, row.down});
+    order.insert(order.end(), {m_PortList, m_PortButton, m_Exit, m_ScaleUp, m_ScaleDown});
+    order.insert(order.end(), m_ListRow.begin(), m_ListRow.end());
+    order.insert(order.end(), m_ListButton.begin(), m_ListButton.end());
+    for (std::size_t n = 1; n < order.size(); ++n)
+        QWidget::setTabOrder(order[n - 1], order[n]);
+}
+
+void CTestSDIFormView::LeaveFields() {
+    if (m_Alarm->isModified())
+        TakeLimit();
+}
+
+QString CTestSDIFormView::StateText() const {
+    const Session& session = m_Program.State();
+    if (m_Program.IsLeaving())
+        return Tr("Programm wird beendet");
+    if (session.run.runOn)
+        return Tr("Messung laeuft");
+    switch (session.panel.lamp) {
+    case Lamp::Ready:
+        return Tr("Bereit");
+    case Lamp::Running:
+        return Tr("Messung laeuft");
+    case Lamp::NotReady:
+        break;
+    }
+    return m_Program.Parts().comm.GetPortOpen() ? Tr("Initialisieren") : Tr("Nicht verbunden");
+}
+
+void CTestSDIFormView::RefreshCells() {
+    const Session& session = m_Program.State();
+    const Panel& panel = session.panel;
+    const std::string_view unit = session.curve.g_UnitDbc ? "dBc" : "dBm";
+    const QString state = StateText();
+    const QString cells[] = {TrText(panel.m_Band_sel), Tr(panel.m_Mode_sel),       Plain(panel.m_IM_sel),
+                             Tr(panel.m_Path_sel),     Tr(panel.m_SweepKind_text), state};
+    for (std::size_t n = 0; n < m_Cell.size(); ++n)
+        Show(m_Cell[n], cells[n]);
+    Show(m_F1, Plain(panel.m_f1_text));
+    Show(m_F2, Plain(panel.m_f2_text));
+    Show(m_Fim, Plain(panel.m_fIM_text));
+    Show(m_Reading, Plain(panel.m_ReadingText).trimmed());
+    Show(m_ReadingUnit, Plain(unit));
+    Show(m_Alarm, Plain(panel.m_AlarmText));
+    Show(m_AlarmUnit, Plain(unit));
+    Show(m_Serial, Plain(session.results.m_DutSerial));
+    m_Serial->setVisible(session.appearance.serialShown);
+    m_SerialLabel->setVisible(session.appearance.serialShown);
+    m_Path->Show(session.select.m_PathMode == 1);
+    m_Lamp->Show(session.run.runOn ? Lamp::Running : panel.lamp, state);
+    m_Start->Show(session.run.runOn, m_Layout.picture == StartPicture::Small,
+                  session.run.runOn ? Tr("Halten Messung") : Tr("Beginnen Messung"));
+    m_Start->setAccessibleName(m_Start->text());
+}
+
+void CTestSDIFormView::RefreshPort() {
+    const Session& session = m_Program.State();
+    const LinkState& link = session.link;
+    // shown to the operator
+    static constexpr std::string_view Captions[] = {"Scannen Port", "Oeffnen Port", "Ausschalten Port"};
+    const QString caption = Tr(Captions[static_cast<int>(link.portButton)]);
+    if (m_PortButton->text() != caption) {
+        m_PortButton->setText(caption);
+        m_PortButton->setAccessibleName(caption);
+    }
+    m_PortButton->setVisible(session.panel.portButtonShown);
+    m_PortButton->setEnabled(!session.run.runOn && link.m_CloseCountdown == 0);
+    m_PortList->setVisible(session.panel.portListShown);
+    m_PortLabel->setVisible(session.panel.portListShown);
+    QStringList ports;
+    for (const PortEntry& port : link.g_PortList)
+        ports << Plain(port.text);
+    QStringList shown;
+    for (int n = 0; n < m_PortList->count(); ++n)
+        shown << m_PortList->itemText(n);
+    if (ports == shown)
+        return;
+    const int chosen = m_PortList->currentIndex();
+    m_PortList->clear();
+    m_PortList->addItems(ports);
+    m_PortList->setCurrentIndex(std::clamp(chosen, -1, m_PortList->count() - 1));
+}
+
+void CTestSDIFormView::Refresh() {
+    const Session& session = m_Program.State();
+    if (session.results.g_listPanelOpen != m_ListShown)
+        Relayout();
+    RefreshCells();
+    RefreshMarkers();
+    RefreshPort();
+    RefreshList();
+    m_Curve->Refresh();
+}
+
+void CTestSDIFormView::Place(QWidget* widget, Control control) {
+    const PanelRect& r = m_Layout[control];
+    widget->setGeometry(r.left, r.top, r.right - r.left, r.bottom - r.top);
+}
+
+void CTestSDIFormView::PlaceMarkerRow(const MarkerRow& row, const PanelRect& box) {
+    row.box->setGeometry(box.left, box.top, box.right - box.left, box.bottom - box.top);
+    const int x = box.left;
+    const int y = box.top + 16;
+    row.on->setGeometry(x + 5, y, 12, 62);
+    row.position->setGeometry(x + 21, y + 4, 79, 26);
+    row.positionUnit->setGeometry(x + 104, y + 4, 46, 26);
+    row.level->setGeometry(x + 21, y + 34, 79, 26);
+    row.levelUnit->setGeometry(x + 104, y + 34, 46, 26);
+    row.max->setGeometry(x + 152, y, 92, 22);
+    row.up->setGeometry(x + 152, y + 22, 92, 22);
+    row.down->setGeometry(x + 152, y + 44, 92, 22);
+}
+
+void CTestSDIFormView::Relayout() {
+    const Session& session = m_Program.State();
+    const AppearanceState& appearance = session.appearance;
+    m_ListShown = session.results.g_listPanelOpen;
+    const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+    m_Layout =
+        qor::Relayout({size.width, size.height, appearance.g_ImageOnly, m_ListShown, width(), height()});
+
+    Place(m_Curve, Control::Plot);
+    Place(m_ScaleUp, Control::ScaleUp);
+    Place(m_ScaleDown, Control::ScaleDown);
+    for (int n = 0; n < 7; ++n)
+        Place(m_ListRow[static_cast<std::size_t>(n)], Nth(Control::ListCell, n));
+    for (int n = 0; n < 5; ++n)
+        Place(m_ListButton[static_cast<std::size_t>(n)], Nth(Control::ListButton, n));
+    for (int n = 0; n < 6; ++n)
+        Place(m_Cell[static_cast<std::size_t>(n)], Nth(Control::StatusCell, n));
+    const std::pair<QWidget*, Control> single[] = {{m_FrequencyBox, Control::FrequencyBox},
+                                                   {m_F1Label, Control::F1Label},
+                                                   {m_F2Label, Control::F2Label},
+                                                   {m_F1, Control::F1Text},
+                                                   {m_F2, Control::F2Text},
+                                                   {m_Path, Control::PathPicture},
+                                                   {m_Lamp, Control::LampPicture},
+                                                   {m_ReadingBox, Control::ReadingBox},
+                                                   {m_FimLabel, Control::FimLabel},
+                                                   {m_Fim, Control::FimText},
+                                                   {m_Reading, Control::Reading},
+                                                   {m_ReadingUnit, Control::ReadingUnit},
+                                                   {m_Head, Control::HeadPicture},
+                                                   {m_AlarmBox, Control::AlarmBox},
+                                                   {m_Alarm, Control::AlarmValue},
+                                                   {m_AlarmUnit, Control::AlarmUnit},
+                                                   {m_SerialLabel, Control::SerialLabel},
+                                                   {m_Serial, Control::SerialField},
+                                                   {m_PortLabel, Control::PortLabel},
+                                                   {m_PortList, Control::PortListBox},
+                                                   {m_PortButton, Control::PortButtonControl},
+                                                   {m_Start, Control::StartButton},
+                                                   {m_Clear, Control::ClearButton},
+                                                   {m_Exit, Control::ExitButton},
+                                                   {m_Calibration, Control::CalibrationButton},
+                                                   {m_Test, Control::TestButton}};
+    for (const auto& [widget, control] : single)
+        Place(widget, control);
+    for (int n = 0; n < 3; ++n)
+        PlaceMarkerRow(m_Marker[static_cast<std::size_t>(n)], m_Layout[Nth(Control::MarkerBox, n)]);
+
+    FitFont(m_Reading, QStringLiteral("-188.8"), m_Reading->height() * 3 / 4, true);
+    FitFont(m_ReadingUnit, QStringLiteral("dBm"), 24, true);
+    for (QLineEdit* text : {m_F1, m_F2, m_Fim})
+        FitFont(text, QStringLiteral("2888.8"), 24, true);
+    FitFont(m_Alarm, QStringLiteral("-188.8"), 24, true);
+    FitFont(m_AlarmUnit, QStringLiteral("dBm"), 20, false);
+    for (QLabel* label : {m_F1Label, m_F2Label, m_FimLabel})
+        FitFont(label, QStringLiteral("fIM:"), 18, false);
+    m_Curve->SetNarrow(m_Layout.narrowScreen);
+    RefreshCells();
+}
+
+void CTestSDIFormView::BeginLayout() {
+    m_LayoutDone = false;
+    m_Settled.stop();
+}
+
+void CTestSDIFormView::EndLayout() {
+    Relayout();
+    m_Settled.start(SettleMs);
+}
+
+void CTestSDIFormView::resizeEvent(QResizeEvent*) {
+    if (m_LayoutDone) {
+        Session& session = m_Program.State();
+        m_Dragging = true;
+        TakeDraggedSize(session.appearance, {width(), height()}, session.appearance.screen,
+                        m_Program.Stores());
+        if (m_AfterCommand)
+            m_AfterCommand();
+        m_Dragging = false;
+    }
+    Relayout();
+}
+
+void CTestSDIFormView::TakeLimit() {
+    m_Alarm->setModified(false);
+}
+
+void CTestSDIFormView::RefreshMarkers() {}
+
+void CTestSDIFormView::RefreshList() {
+    const ResultState& results = m_Program.State().results;
+    for (std::size_t row = 0; row < m_ListRow.size(); ++row)
+        Show(m_ListRow[row], Plain(results.m_FileRow[row]));
+}
+
+void CTestSDIFormView::PressListButton(std::size_t) {}
+void CTestSDIFormView::ToggleMarker(std::size_t) {}
+void CTestSDIFormView::TakeMarkerChecks(std::size_t) {}
+void CTestSDIFormView::TakeMarkerPosition(std::size_t) {}
+
+} // namespace qor::ui

@@ -1,0 +1,177 @@
+#include "core/ui/main_frame.h"
+
+#include "core/panel_layout.h"
+#include "core/program.h"
+#include "core/ui/form_view.h"
+#include "core/ui/looks.h"
+#include "core/ui/open_dialog.h"
+#include "core/ui/text.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+constexpr int RefreshMs = 100;
+
+/// "Caption(&X)" in the toolkit's way: a mnemonic within the word where there is one, else behind it.
+QString MenuCaption(const QString& caption) {
+    static const QRegularExpression Mnemonic(QStringLiteral(R"(\(&(.)\)$)"));
+    const QRegularExpressionMatch match = Mnemonic.match(caption);
+    if (!match.hasMatch())
+        return caption;
+    QString text = caption.left(match.capturedStart());
+    const qsizetype at = text.indexOf(match.captured(1), 0, Qt::CaseInsensitive);
+    return at < 0 ? caption : text.insert(at, '&');
+}
+
+} // namespace
+
+CMainFrame::CMainFrame(Program& program)
+    : m_Program(program), m_Commands(program, *this),
+      m_Form(new CTestSDIFormView(program, m_Commands, this)) {
+    setWindowTitle(QStringLiteral("QOR"));
+    setCentralWidget(m_Form);
+    BuildMenu();
+    QObject::connect(&m_Refresh, &QTimer::timeout, this, [this] { Refresh(); });
+    m_Refresh.start(RefreshMs);
+    m_Form->SetAfterCommand([this] { Refresh(); });
+    Refresh();
+}
+
+void CMainFrame::BuildMenu() {
+    std::vector<QMenu*> open;
+    for (const MenuLine& line : MenuLines()) {
+        const QString whole = Tr(CaptionOf(line));
+        const QString caption = MenuCaption(whole.section('\t', 0, 0));
+        switch (line.kind) {
+        case MenuLine::Kind::Menu:
+            open.push_back(open.empty() ? menuBar()->addMenu(caption) : open.back()->addMenu(caption));
+            QObject::connect(open.back(), &QMenu::aboutToShow, this, [this] { ShowChecks(); });
+            break;
+        case MenuLine::Kind::End:
+            open.pop_back();
+            break;
+        case MenuLine::Kind::Separator:
+            open.back()->addSeparator();
+            break;
+        case MenuLine::Kind::Item: {
+            QAction* action = open.back()->addAction(caption);
+            action->setCheckable(line.checkable);
+            action->setMenuRole(QAction::NoRole);
+            // The key is the same in every language, so it comes from the source.
+            const QString key = Plain(CaptionOf(line)).section('\t', 1);
+            if (!key.isEmpty())
+                action->setShortcut(QKeySequence(key));
+            m_Entries.push_back({action, line.command, line.argument});
+            QObject::connect(
+                action, &QAction::triggered, this, [this, command = line.command, n = line.argument] {
+                    // Later, outside the menu's own event: a message box must not hold the menu open.
+                    QMetaObject::invokeMethod(
+                        this, [this, command, n] { RunCommand(command, n); }, Qt::QueuedConnection);
+                });
+            break;
+        }
+        }
+    }
+    ShowChecks();
+}
+
+void CMainFrame::ShowChecks() {
+    for (const Entry& entry : m_Entries) {
+        entry.action->setEnabled(m_Commands.IsEnabled(entry.command, entry.argument));
+        if (entry.action->isCheckable())
+            entry.action->setChecked(m_Commands.IsChecked(entry.command, entry.argument));
+    }
+}
+
+void CMainFrame::RunCommand(Command command, int argument) {
+    if (m_Program.IsLeaving())
+        return;
+    m_Form->LeaveFields();
+    m_Commands.Run(command, argument);
+    Refresh();
+    ShowChecks();
+}
+
+void CMainFrame::Refresh() {
+    ApplyAppearance();
+    m_Form->Refresh();
+}
+
+/// Follows the look, the layout and the plot-only display of the engine.
+void CMainFrame::ApplyAppearance() {
+    AppearanceState& appearance = m_Program.State().appearance;
+    if (const QScreen* display = screen()) {
+        const QRect area = display->availableGeometry();
+        appearance.screen = {area.width(), area.height()};
+    }
+    const bool skin = appearance.m_skin != m_AppliedSkin;
+    if (skin) {
+        const bool first = m_AppliedSkin < 0;
+        m_AppliedSkin = appearance.m_skin;
+        ApplyLook(appearance.m_skin);
+        const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+        if (!first && IsNarrow(size.width, size.height))
+            ChooseLayout(appearance, LayoutScreen,
+                         m_Program.Stores()); // the small forms fall back to the screen
+        m_AppliedLayout = -1;
+    }
+    if (!isVisible())
+        return;
+    if (appearance.g_layout != m_AppliedLayout || appearance.custom != m_AppliedCustom ||
+        appearance.g_ImageOnly != m_AppliedPlotOnly) {
+        m_AppliedLayout = appearance.g_layout;
+        m_AppliedCustom = appearance.custom;
+        const bool plotOnlyChanged = appearance.g_ImageOnly != m_AppliedPlotOnly;
+        m_AppliedPlotOnly = appearance.g_ImageOnly;
+        if (plotOnlyChanged && m_Shown)
+            m_Form->Relayout();
+        else
+            ResizeToLayout();
+        if (!m_Shown) // the frame's own size is only known once the window manager has made it
+            QTimer::singleShot(150, this, [this] { ResizeToLayout(); });
+        m_Shown = true;
+    }
+}
+
+/// Gives the window the size of the layout in force, as far as the screen has it.
+void CMainFrame::ResizeToLayout() {
+    const AppearanceState& appearance = m_Program.State().appearance;
+    if (m_Form->TakesDraggedSize())
+        return; // the operator has just made this layout with the window's edge
+    m_Form->BeginLayout();
+    if (isMaximized() || isFullScreen())
+        showNormal();
+    const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+    const QRect area = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - geometry().size();
+    const QSize room = area.size() - frame;
+    if (appearance.g_layout == LayoutScreen) {
+        move(area.topLeft());
+        resize(room);
+    } else {
+        const PanelLayout layout = qor::Relayout({size.width, size.height});
+        const QSize client(layout.clientWidth, layout.clientHeight + menuBar()->sizeHint().height());
+        move(area.topLeft());
+        resize(client.boundedTo(room));
+    }
+    m_Form->EndLayout();
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (m_MayClose) {
+        event->accept();
+        return;
+    }
+    event->ignore(); // the exit button's way: carriers off, port closed, then it ends by itself
+    if (!m_Program.IsLeaving())
+        RunCommand(Command::Exit, 0);
+}
+
+bool CMainFrame::Open(DialogId dialog, int argument) {
+    return OpenDialog(m_Program, dialog, argument, this);
+}
+
+} // namespace qor::ui

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/appearance.h"
+#include "core/commands.h"
+#include "core/dialogs.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <vector>
+
+class QAction;
+class QMenu;
+
+namespace qor {
+class Program;
+}
+
+namespace qor::ui {
+
+class CTestSDIFormView;
+
+/// The main window: menu and keyboard in front of the engine's commands, the panel inside.
+class CMainFrame final : public QMainWindow, private Dialogs {
+public:
+    explicit CMainFrame(Program& program);
+
+    /// Shows what has changed: called at each refresh and after each command.
+    void Refresh();
+    /// The program has ended; the window may close without asking.
+    void LetGo() { m_MayClose = true; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct Entry {
+        QAction* action;
+        Command command;
+        int argument;
+    };
+
+    bool Open(DialogId dialog, int argument) override;
+    void BuildMenu();
+    void ShowChecks();
+    void RunCommand(Command command, int argument);
+    void ApplyAppearance();
+    void ResizeToLayout();
+
+    Program& m_Program;
+    Commands m_Commands;
+    CTestSDIFormView* m_Form;
+    std::vector<Entry> m_Entries;
+    QTimer m_Refresh;
+    bool m_MayClose = false;
+    bool m_Shown = false; ///< the first layout was made
+    int m_AppliedSkin = -1;
+    int m_AppliedLayout = -1;
+    bool m_AppliedPlotOnly = false;
+    WindowSize m_AppliedCustom;
+};
+
+} // namespace qor::ui

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/operator.h"
+
+#include <QPointer>
+#include <QSet>
+#include <QString>
+#include <QWidget>
+
+class QProgressDialog;
+
+namespace qor::ui {
+
+/// The operator at the window: message boxes, questions, file dialogs.
+class WindowOperator final : public Operator {
+public:
+    /// Boxes belong to this window; without one they stand alone.
+    void SetWindow(QWidget* window) { m_Window = window; }
+
+    void Message(std::string_view text, std::string_view title = {}) override;
+    [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
+    [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view title) override;
+    [[nodiscard]] std::vector<std::filesystem::path> FilesToOpen(std::string_view title,
+                                                                 const std::filesystem::path& folder,
+                                                                 std::string_view endings) override;
+    [[nodiscard]] std::filesystem::path FileToSave(std::string_view title,
+                                                   const std::filesystem::path& suggestion,
+                                                   std::string_view endings) override;
+    [[nodiscard]] std::filesystem::path Folder(std::string_view title,
+                                               const std::filesystem::path& start) override;
+    bool Progress(std::string_view what, int done, int total) override;
+
+private:
+    [[nodiscard]] QWidget* Parent() const;
+
+    QPointer<QWidget> m_Window;
+    QPointer<QProgressDialog> m_Progress;
+    QSet<QString> m_Open; ///< messages on the screen now; a timer that repeats one does not pile it up
+};
+
+} // namespace qor::ui
