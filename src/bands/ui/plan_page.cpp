@@ -17,8 +17,8 @@ namespace {
 /// with one.
 QString Translated(std::string_view text) {
     QStringList shown;
-    for (const QString& line : Plain(text).split("\r\n")) {
-        const qsizetype numbers = line.lastIndexOf("> ") + 1;
+    for (const QString& line : Plain(text).split(QStringLiteral("\r\n"))) {
+        const qsizetype numbers = line.lastIndexOf(QStringLiteral("> ")) + 1;
         shown += numbers > 0 ? Tr(Utf8(line.left(numbers))) + line.mid(numbers) : Tr(Utf8(line));
     }
     return shown.join('\n');
@@ -86,21 +86,21 @@ QWidget* PlanPage::MakeButtons() {
     auto* buttons = new QWidget;
     auto* row = new QHBoxLayout(buttons);
     row->setContentsMargins({});
-    const auto add = [&](std::string_view caption, auto pressed) {
-        auto* button = new QPushButton(Tr(caption).trimmed());
+    const auto add = [&](const QString& caption, auto pressed) {
+        auto* button = new QPushButton(caption.trimmed());
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, pressed);
         row->addWidget(button);
         return button;
     };
-    m_Save = add("Einbauen", [this] { WithPlan([this] { m_Setup.Save(); }); });
-    add("Standard", [this] {
+    m_Save = add(Tr("Einbauen"), [this] { WithPlan([this] { m_Setup.Save(); }); });
+    add(Tr("Standard"), [this] {
         m_Setup.Standard();
         ShowPlan();
     });
-    add("Ueberpruefen ", [this] { WithPlan([this] { ShowPlan(); }); });
+    add(Tr("Ueberpruefen "), [this] { WithPlan([this] { ShowPlan(); }); });
     if (m_Setup.OffersDefault())
-        add("Speichern Standard", [this] { WithPlan([this] { m_Setup.SaveDefault(); }); });
+        add(Tr("Speichern Standard"), [this] { WithPlan([this] { m_Setup.SaveDefault(); }); });
     return buttons;
 }
 

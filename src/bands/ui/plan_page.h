@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+class QFormLayout;
 class QGroupBox;
 class QLineEdit;
 class QPlainTextEdit;
