@@ -19,6 +19,7 @@ struct Title {
     std::string_view text;
 };
 
+// shown to the operator
 constexpr Title Titles[] = {
     {BandAmps, "AMPS Einbauen"},         {BandEgsm, "EGSM Einbauen"},
     {BandLte, "LTE Einbauen"},           {BandDcs, "DCS Einbauen"},
@@ -30,6 +31,19 @@ constexpr Title Titles[] = {
     {BandTetra390, "Tetra 390 Setup"},   {BandTetra392, "Tetra 392"},
     {BandLte700L, "LTE 700 L Einbauen"}, {BandLte700U, "LTE 700 U Einbauen"},
 };
+
+// shown to the operator
+constexpr SetupCaptions Captions = {"",
+                                    "Staerke Einbauen",
+                                    "Staerke  Ausfuhr f1:",
+                                    "Staerke  Ausfuhr f2:",
+                                    "Synchron ",
+                                    "Einbauen",
+                                    "Standard",
+                                    "Sich"};
+// shown to the operator
+constexpr SetupCaptions OtherCaptions = {
+    "", "Power Set", "Power Output f1:", "Power Output f2:", "Sync", "Set", "Default", "Exit"};
 
 const Title* FindTitle(int band) {
     const auto* const row = std::find_if(std::begin(Titles), std::end(Titles),
@@ -49,23 +63,10 @@ bool HasPlanPages(int band) {
 
 SetupCaptions CaptionsOf(int band) {
     const Title* const row = FindTitle(band);
-    const std::string_view title = row ? row->text : std::string_view();
-    switch (band) {
-    case BandAws:
-    case BandTdScdmaF:
-    case BandTdScdmaE:
-    case BandDigDiv:
-        return {title, "Power Set", "Power Output f1:", "Power Output f2:", "Sync", "Set", "Default", "Exit"};
-    default:
-        return {title,
-                "Staerke Einbauen",
-                "Staerke  Ausfuhr f1:",
-                "Staerke  Ausfuhr f2:",
-                "Synchron ",
-                "Einbauen",
-                "Standard",
-                "Sich"};
-    }
+    const bool other = band == BandAws || band == BandTdScdmaF || band == BandTdScdmaE || band == BandDigDiv;
+    SetupCaptions captions = other ? OtherCaptions : Captions;
+    captions.title = row ? row->text : std::string_view();
+    return captions;
 }
 
 bool SaveTdScdmaAF1(double f1, Session& session, const Platform& platform, SetupStore& store) {

@@ -24,7 +24,12 @@ namespace {
 constexpr int HighestTenths = 460; ///< 46.0 dBm
 constexpr int LossDigits = 4;      ///< of each of the two stores
 /// A table has 65 characters; what is much longer was chosen by mistake.
-constexpr std::uintmax_t LongestTable = 64 * 1024;
+constexpr std::uintmax_t LongestTable = 65536;
+
+bool Refuse(const Platform& platform, std::string_view why) {
+    platform.user.Message(why);
+    return false;
+}
 
 bool InRange(double loss) {
     return loss >= 0 && loss <= HighestPathLoss;
@@ -76,15 +81,11 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
                    SetupStore& store) {
     if (LacksSecondPort(store))
         port2 = 0;
-    if (!InRange(port1) || !InRange(port2)) {
-        platform.user.Message("Bereich: 0-9.9");
-        return false;
-    }
+    if (!InRange(port1) || !InRange(port2))
+        return Refuse(platform, "Bereich: 0-9.9");
     const BandInfo* const band = FindBand(session.select.m_BandId);
-    if (session.curve.g_UnitDbc && !band) {
-        platform.user.Message("Auswaehlen Breite");
-        return false;
-    }
+    if (session.curve.g_UnitDbc && !band)
+        return Refuse(platform, "Auswaehlen Breite");
     session.plan.g_powerOffset = static_cast<float>(port1);
     session.plan.g_port2Loss = static_cast<float>(port2);
     if (session.curve.g_UnitDbc) {
@@ -99,11 +100,9 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
 }
 
 bool SetPort2Loss(double port2, Session& session, const Platform& platform) {
-    if (!InRange(port2)) {
-        platform.user.Message(port2 > HighestPathLoss ? "Bereich: 0-9.9"
-                                                      : "The minimum value of not less than 0dbm");
-        return false;
-    }
+    if (!InRange(port2))
+        return Refuse(platform,
+                      port2 > HighestPathLoss ? "Bereich: 0-9.9" : "The minimum value of not less than 0dbm");
     session.plan.g_port2Loss = static_cast<float>(port2);
     ShowLossInfo(session);
     return true;
@@ -126,19 +125,15 @@ bool ApplyCompensation(std::string_view f1, std::string_view f2, Session& sessio
     PlanState& plan = session.plan;
     const double dB1 = EnteredNumber(f1).value_or(Refused);
     const double dB2 = EnteredNumber(f2).value_or(Refused);
-    const auto refuse = [&](std::string_view why) {
-        platform.user.Message(why);
-        return false;
-    };
     if (dB1 < 0)
-        return refuse("f1The minimum value of not less than 0dbm");
+        return Refuse(platform, "f1The minimum value of not less than 0dbm");
     if (dB2 < 0)
-        return refuse("f2The minimum value of not less than 0dbm");
+        return Refuse(platform, "f2The minimum value of not less than 0dbm");
     TakeStoredPowers(session, store);
     if (!Compensable(plan.strpow1, dB1))
-        return refuse("f1The maximum value cannot be greater than 46dbm");
+        return Refuse(platform, "f1The maximum value cannot be greater than 46dbm");
     if (!Compensable(plan.strpow2, dB2))
-        return refuse("f2The maximum value cannot be greater than 46dbm");
+        return Refuse(platform, "f2The maximum value cannot be greater than 46dbm");
     plan.m_power1_compensation = f1;
     plan.m_power2_compensation = f2;
     ShowLossInfo(session);
@@ -153,10 +148,8 @@ bool LoadRxLoss(Session& session, const Platform& platform, SetupStore& store) {
     if (chosen.empty())
         return false;
     const auto table = TableIn(chosen.front());
-    if (!table || !store.Write("loss.conf", *table)) {
-        platform.user.Message("Oeffnen file Misserfolg");
-        return false;
-    }
+    if (!table || !store.Write("loss.conf", *table))
+        return Refuse(platform, "Oeffnen file Misserfolg");
     session.plan.rxLoss = ParseRxLoss(std::string_view(*table).substr(0, LongestRxLoss));
     return true;
 }

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
+#include <utility>
 
 namespace qor {
 
@@ -171,6 +173,40 @@ Faults FaultsOf(const FrequencyPlan& plan, const FimFrequencies& fim,
     return faults;
 }
 
+struct FaultLine {
+    bool Faults::*fault;
+    std::string_view text;
+    std::span<const PlanValue> about;
+};
+
+constexpr PlanValue AboutF1[] = {&FrequencyPlan::f1};
+constexpr PlanValue AboutF2[] = {&FrequencyPlan::f2};
+constexpr PlanValue AboutSweepF1[] = {&FrequencyPlan::f1Start, &FrequencyPlan::f1Stop};
+constexpr PlanValue AboutSweepF2[] = {&FrequencyPlan::f2Start, &FrequencyPlan::f2Stop};
+constexpr PlanValue AboutF1Fix[] = {&FrequencyPlan::f1Fix};
+constexpr PlanValue AboutF2Fix[] = {&FrequencyPlan::f2Fix};
+constexpr PlanValue AboutStep[] = {&FrequencyPlan::step};
+
+// shown to the operator
+constexpr FaultLine FaultLines[] = {
+    {&Faults::f1, "Fix f1 falsch!!!", AboutF1},
+    {&Faults::f2, "Fix f2 falsch!!!", AboutF2},
+    {&Faults::sweepF1, "Anfang/Ende f1 falsch!!!", AboutSweepF1},
+    {&Faults::sweepF2, "Anfang/Ende f2 falsch!!!", AboutSweepF2},
+    {&Faults::f1Fix, "Scannen Fix f1 falsch!!!", AboutF1Fix},
+    {&Faults::f2Fix, "Scannen Fix f2 falsch!!!", AboutF2Fix},
+    {&Faults::step, "Schritt falsch!!!", AboutStep},
+};
+constexpr std::string_view FimRule = "-------------fIM-------------\r\n";
+// shown to the operator
+constexpr const char* RisingHead = "<<Oben Scannen>> ";
+// shown to the operator
+constexpr const char* FallingHead = "<Unter Scannen> ";
+// shown to the operator
+constexpr const char* TwoToneHead = "<<<2-Ton>>> ";
+// shown to the operator
+constexpr std::string_view FimFault = "falsch!!!";
+
 std::string SpanText(const FimSpan& span) {
     return Fixed(static_cast<double>(span.from), 1) + " - " + Fixed(static_cast<double>(span.to), 1) + "\r\n";
 }
@@ -197,30 +233,25 @@ PlanVerdict CheckPlan(const FrequencyPlan& plan, int band, int imIndex) {
     PlanVerdict verdict;
     verdict.fits = !faults.Any();
     std::string& text = verdict.text;
-    const auto tell = [&](bool fault, std::string_view line, std::initializer_list<PlanValue> about) {
+    const auto tell = [&](bool fault, std::string_view line, const std::vector<PlanValue>& about) {
         if (!fault)
             return;
         text += line;
         text += "\r\n";
-        verdict.wrong.insert(verdict.wrong.end(), about);
+        verdict.wrong.insert(verdict.wrong.end(), about.begin(), about.end());
     };
+    for (const FaultLine& line : FaultLines)
+        tell(faults.*line.fault, line.text, {line.about.begin(), line.about.end()});
     using Plan = FrequencyPlan;
-    tell(faults.f1, "Fix f1 falsch!!!", {&Plan::f1});
-    tell(faults.f2, "Fix f2 falsch!!!", {&Plan::f2});
-    tell(faults.sweepF1, "Anfang/Ende f1 falsch!!!", {&Plan::f1Start, &Plan::f1Stop});
-    tell(faults.sweepF2, "Anfang/Ende f2 falsch!!!", {&Plan::f2Start, &Plan::f2Stop});
-    tell(faults.f1Fix, "Scannen Fix f1 falsch!!!", {&Plan::f1Fix});
-    tell(faults.f2Fix, "Scannen Fix f2 falsch!!!", {&Plan::f2Fix});
-    tell(faults.step, "Schritt falsch!!!", {&Plan::step});
-    text += "-------------fIM-------------\r\n";
-    text += "<<Oben Scannen>> " + SpanText(fim.rising);
-    tell(faults.risingFim, "falsch!!!", {&Plan::f1Start, &Plan::f1Stop, &Plan::f2Fix});
-    text += "<Unter Scannen> " + SpanText(fim.falling);
-    tell(faults.fallingFim, "falsch!!!", {&Plan::f2Start, &Plan::f2Stop, &Plan::f1Fix});
-    text += "<<<2-Ton>>> " + Fixed(static_cast<double>(fim.twoTone), 1);
+    text += FimRule;
+    text += RisingHead + SpanText(fim.rising);
+    tell(faults.risingFim, FimFault, {&Plan::f1Start, &Plan::f1Stop, &Plan::f2Fix});
+    text += FallingHead + SpanText(fim.falling);
+    tell(faults.fallingFim, FimFault, {&Plan::f2Start, &Plan::f2Stop, &Plan::f1Fix});
+    text += TwoToneHead + Fixed(static_cast<double>(fim.twoTone), 1);
     if (faults.twoToneFim)
         text += "\r\n";
-    tell(faults.twoToneFim, "falsch!!!", {&Plan::f1, &Plan::f2});
+    tell(faults.twoToneFim, FimFault, {&Plan::f1, &Plan::f2});
     return verdict;
 }
 

@@ -35,8 +35,7 @@ BandDialog::BandDialog(Program& program, int band, QWidget* parent)
 QWidget* BandDialog::MakePages(Program& program, int band) {
     auto* tabs = new QTabWidget;
     for (int imIndex = 1; imIndex <= 5; ++imIndex)
-        tabs->addTab(new PlanPage(*this, {band, imIndex, program.State(), program.Parts(), program.Stores()},
-                                  m_Captions.save, m_Captions.standard),
+        tabs->addTab(new PlanPage(*this, {band, imIndex, program.State(), program.Parts(), program.Stores()}),
                      "IM" + QString::number(OrderOf(imIndex)));
     return tabs;
 }

@@ -17,8 +17,8 @@ namespace {
 /// with one.
 QString Translated(std::string_view text) {
     QStringList shown;
-    for (const QString& line : Plain(text).split("\r\n")) {
-        const qsizetype numbers = line.lastIndexOf("> ") + 1;
+    for (const QString& line : Plain(text).split(QStringLiteral("\r\n"))) {
+        const qsizetype numbers = line.lastIndexOf(QStringLiteral("> ")) + 1;
         shown += numbers > 0 ? Tr(Utf8(line.left(numbers))) + line.mid(numbers) : Tr(Utf8(line));
     }
     return shown.join('\n');
@@ -26,9 +26,7 @@ QString Translated(std::string_view text) {
 
 } // namespace
 
-PlanPage::PlanPage(FormDialog& dialog, PlanSetup setup, std::string_view saveCaption,
-                   std::string_view standardCaption)
-    : m_Dialog(dialog), m_Setup(std::move(setup)) {
+PlanPage::PlanPage(FormDialog& dialog, PlanSetup setup) : m_Dialog(dialog), m_Setup(std::move(setup)) {
     auto* column = new QVBoxLayout(this);
     column->addWidget(new QLabel(Plain(m_Setup.BandRangesText())));
     column->addWidget(MakeFields());
@@ -37,7 +35,7 @@ PlanPage::PlanPage(FormDialog& dialog, PlanSetup setup, std::string_view saveCap
     m_checkText->setAccessibleName(Tr("Ueberpruefen ").trimmed());
     m_checkText->setTabChangesFocus(true);
     column->addWidget(m_checkText, 1);
-    column->addWidget(MakeButtons(saveCaption, standardCaption));
+    column->addWidget(MakeButtons());
     ShowPlan();
 }
 
@@ -79,29 +77,30 @@ void PlanPage::AddStretchedForms(QGroupBox* group, std::initializer_list<QFormLa
 
 void PlanPage::AddField(QFormLayout* form, std::string_view caption, PlanValue value) {
     QLineEdit* const edit = m_Dialog.AddField(form, caption, {}, "MHz");
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("00000.000"));
     m_Fields[m_FieldCount++] = {value, edit};
     connect(edit, &QLineEdit::textEdited, this, [this] { OnEdited(); });
 }
 
-QWidget* PlanPage::MakeButtons(std::string_view saveCaption, std::string_view standardCaption) {
+QWidget* PlanPage::MakeButtons() {
     auto* buttons = new QWidget;
     auto* row = new QHBoxLayout(buttons);
     row->setContentsMargins({});
-    const auto add = [&](std::string_view caption, auto pressed) {
-        auto* button = new QPushButton(Tr(caption).trimmed());
+    const auto add = [&](const QString& caption, auto pressed) {
+        auto* button = new QPushButton(caption.trimmed());
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, pressed);
         row->addWidget(button);
         return button;
     };
-    m_Save = add(saveCaption, [this] { WithPlan([this] { m_Setup.Save(); }); });
-    add(standardCaption, [this] {
+    m_Save = add(Tr("Einbauen"), [this] { WithPlan([this] { m_Setup.Save(); }); });
+    add(Tr("Standard"), [this] {
         m_Setup.Standard();
         ShowPlan();
     });
-    add("Ueberpruefen ", [this] { WithPlan([this] { ShowPlan(); }); });
+    add(Tr("Ueberpruefen "), [this] { WithPlan([this] { ShowPlan(); }); });
     if (m_Setup.OffersDefault())
-        add("Speichern Standard", [this] { WithPlan([this] { m_Setup.SaveDefault(); }); });
+        add(Tr("Speichern Standard"), [this] { WithPlan([this] { m_Setup.SaveDefault(); }); });
     return buttons;
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+class QFormLayout;
 class QGroupBox;
 class QLineEdit;
 class QPlainTextEdit;
@@ -20,8 +21,8 @@ class FormDialog;
 /// One frequency page of a band's set-up dialog.
 class PlanPage : public QWidget {
 public:
-    PlanPage(FormDialog& dialog, PlanSetup setup, std::string_view saveCaption,
-             std::string_view standardCaption);
+    /// Its fields are marked through `dialog`, which it stands in.
+    PlanPage(FormDialog& dialog, PlanSetup setup);
 
 private:
     struct Field {
@@ -30,7 +31,7 @@ private:
     };
 
     QWidget* MakeFields();
-    QWidget* MakeButtons(std::string_view saveCaption, std::string_view standardCaption);
+    QWidget* MakeButtons();
     void AddField(QFormLayout* form, std::string_view caption, PlanValue value);
     void AddStretchedForms(QGroupBox* group, std::initializer_list<QFormLayout*> forms);
     /// The plan in the fields; nothing while one of them holds no number, which is marked then.
