@@ -100,7 +100,7 @@ bool Selection::SelectBand(int band) {
 }
 
 bool Selection::SelectOrder(int imIndex) {
-    if (!RunIsOff())
+    if (!RunIsOff() || m_Session.interBand.g_bInterBand) // the inter-band mode has an order of its own
         return false;
     m_Session.select.m_IMIndex = imIndex;
     m_Session.panel.m_IM_sel = "IM" + std::to_string(OrderOf(imIndex));
