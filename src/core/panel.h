@@ -31,6 +31,7 @@ struct Panel {
     Lamp lamp = Lamp::NotReady;
     bool portButtonShown = false;
     bool portListShown = false;
+    bool menuShown = true; ///< an operator goes without the menu bar
 };
 
 inline constexpr std::string_view ReflectionText = "Reflex Modell";

@@ -2,10 +2,12 @@
 
 #include "core/startup.h"
 #include "core/timer_ids.h"
+#include "platform/launcher.h"
 #include "platform/operator.h"
 #include "platform/serial_control.h"
 #include "platform/timers.h"
 #include "platform/visa.h"
+#include "tools/side_tool.h"
 
 namespace qor {
 
@@ -72,6 +74,19 @@ bool Program::OnExitButton(std::function<void(int)> quit) {
     }
     if (!m_Platform.user.Ask("Sich?", "Sich"))
         return false;
+    BeginEnd(std::move(quit));
+    return true;
+}
+
+bool Program::Restart(bool keepSession, std::function<void(int)> quit) {
+    if (m_Session.run.runOn || !m_Platform.launcher)
+        return false;
+    m_Platform.launcher->RestartAfterEnd(keepSession);
+    BeginEnd(std::move(quit));
+    return true;
+}
+
+void Program::BeginEnd(std::function<void(int)> quit) {
     m_Quit = std::move(quit);
     m_Channel.PauseStatusPoll();
     m_Platform.timers.KillTimer(restarttimer); // a run that waits for its turn does not begin any more
@@ -81,7 +96,6 @@ bool Program::OnExitButton(std::function<void(int)> quit) {
     }
     m_CloseTicks = 0;
     m_Platform.timers.SetTimer(CloseQOR, ClosePeriod);
-    return true;
 }
 
 /// Waits for the queue, switches the carriers off, and ends.
@@ -109,6 +123,7 @@ void Program::Quit() {
     for (int timer = 0; timer < TimerCount; ++timer)
         m_Platform.timers.KillTimer(timer);
     m_Platform.comm.SetPortOpen(false);
+    RemoveSideTool(m_Store);
     if (m_Quit)
         m_Quit(QuitCode);
 }
@@ -123,6 +138,7 @@ void Program::OnTimer(int id) {
     case commScan:
         return m_Connection.OnConnectWatch(id);
     case HousekeepingTimer:
+        RemoveOperatorMenu(m_Session);
         return m_Connection.OnHousekeepingTimer();
     case WaitCommTimer:
         return m_Channel.OnWaitTimer();

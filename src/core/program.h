@@ -40,6 +40,9 @@ public:
     void StopMeas() { m_Measurement.StopMeas(); }
     /// The exit button: refused during a run, asks otherwise; then carriers off, port closed, `quit`.
     bool OnExitButton(std::function<void(int exitCode)> quit);
+    /// Ends the same way, unasked, and has the program started anew. False during a run, or when nobody can
+    /// start it.
+    bool Restart(bool keepSession, std::function<void(int exitCode)> quit);
     /// The status poll of an idle link, in case nothing has armed it yet.
     void ArmStatusPoll() { m_Channel.ArmStatusPoll(); }
 
@@ -58,6 +61,7 @@ public:
 
 private:
     void OnTimer(int id);
+    void BeginEnd(std::function<void(int exitCode)> quit);
     void OnCloseTimer();
     void Quit();
 

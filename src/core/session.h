@@ -2,6 +2,7 @@
 
 #include "bands/plan_state.h"
 #include "core/panel.h"
+#include "core/user_modes.h"
 #include "display/curve_state.h"
 #include "link/link_state.h"
 #include "measure/inter_band.h"
@@ -28,6 +29,7 @@ struct Session {
     CurveState curve;
     ResultState results;
     ReceiverState receiver;
+    UserState user;
     Panel panel;
 };
 
