@@ -3,14 +3,17 @@
 #include "bands/path_loss.h"
 #include "bands/setup_store.h"
 #include "core/appearance.h"
+#include "core/configuration.h"
 #include "core/dialogs.h"
 #include "core/guards.h"
 #include "core/program.h"
 #include "core/settings_file.h"
+#include "core/user_modes.h"
 #include "display/curve_store.h"
 #include "display/level_unit.h"
 #include "platform/launcher.h"
 #include "platform/operator.h"
+#include "tools/side_tool.h"
 
 namespace qor {
 
@@ -162,6 +165,19 @@ void Commands::Execute(Command command, int argument) {
         return LoadData();
     case Command::LoadRxLoss:
         return static_cast<void>(LoadRxLoss(session, m_Program.Parts(), store));
+    case Command::SaveConfiguration:
+        return static_cast<void>(SaveConfiguration(store, m_Program.Parts()));
+    case Command::LoadConfiguration:
+        if (LoadConfiguration(store, m_Program.Parts(), session.run.runOn))
+            static_cast<void>(m_Program.Restart(true));
+        return;
+    case Command::UserMode:
+        static_cast<void>(FlipUserModes(store, m_Program.Parts(), [this] {
+            static_cast<void>(m_Dialogs.Open(DialogId::ModifyPassword));
+        }));
+        return;
+    case Command::SideTool:
+        return static_cast<void>(StartSideTool(store, m_Program.Parts()));
     case Command::SaveData:
         return SaveData();
     case Command::LevelUnit:
@@ -254,8 +270,7 @@ void Commands::ChangeLanguage(int language) {
         return;
     if (!ChooseLanguage(static_cast<Language>(language), m_Program.Stores()))
         return Tell("Oeffnen file Misserfolg");
-    launcher->RestartAfterEnd(false);
-    m_Program.Leave();
+    static_cast<void>(m_Program.Restart(false));
 }
 
 void Commands::ShowHandbook() {
@@ -320,6 +335,10 @@ bool Commands::IsChecked(Command command, int argument) const {
         return static_cast<int>(CurrentLanguage(m_Program.Stores())) == argument;
     case Command::ShowRun:
         return curve.g_shownRun == argument;
+    case Command::UserMode:
+        return AsksForUser(m_Program.Stores());
+    case Command::InterBand:
+        return session.interBand.g_bInterBand;
     case Command::Alarm:
         return curve.g_alarmOff == 0;
     case Command::AlarmStamp:

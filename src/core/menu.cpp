@@ -121,7 +121,7 @@ constexpr MenuLine Lines[] = {
     Setup(BandWifi),
     End(),
     Item("Measurement Mode Setup(&M)", Command::RunSetup),
-    Item("Inter-band Measurement(&O)", Command::InterBand),
+    Check("Inter-band Measurement(&O)", Command::InterBand),
     Line(),
     Menu("Receiver Ports(&P)"),
     Check("Intern", Command::Receiver, 1),

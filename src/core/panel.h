@@ -32,6 +32,7 @@ struct Panel {
     Lamp lamp = Lamp::NotReady;
     bool portButtonShown = false;
     bool portListShown = false;
+    bool menuShown = true; ///< an operator goes without the menu bar
 };
 
 // shown to the operator

@@ -2,10 +2,12 @@
 
 #include "core/startup.h"
 #include "core/timer_ids.h"
+#include "platform/launcher.h"
 #include "platform/operator.h"
 #include "platform/serial_control.h"
 #include "platform/timers.h"
 #include "platform/visa.h"
+#include "tools/side_tool.h"
 
 namespace qor {
 
@@ -42,6 +44,8 @@ void Program::Start(bool keepLastSession) {
     m_Session.link.g_isSWStart = true;
     m_Selection.ShowRepetition();
     m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+    m_Platform.timers.SetTimer(HousekeepingTimer,
+                               HousekeepingPeriod); // stops itself when it has nothing to do
 }
 
 void Program::SearchNow() {
@@ -71,6 +75,14 @@ bool Program::OnExitButton() {
     }
     if (m_Leaving || !m_Platform.user.Ask("Sich?", "Sich"))
         return false;
+    Leave();
+    return true;
+}
+
+bool Program::Restart(bool keepSession) {
+    if (m_Session.run.runOn || !m_Platform.launcher)
+        return false;
+    m_Platform.launcher->RestartAfterEnd(keepSession);
     Leave();
     return true;
 }
@@ -112,6 +124,7 @@ void Program::Quit() {
     for (int timer = 0; timer < TimerCount; ++timer)
         m_Platform.timers.KillTimer(timer);
     m_Platform.comm.SetPortOpen(false);
+    RemoveSideTool(m_Store);
     if (m_Quit)
         m_Quit(QuitCode);
 }

@@ -44,6 +44,8 @@ public:
     bool OnExitButton();
     /// Ends in order: carriers off, port closed, `quit`.
     void Leave();
+    /// Leaves, unasked, and has the program started anew. False during a run, or when nobody can start it.
+    bool Restart(bool keepSession);
     /// True from the exit button on.
     [[nodiscard]] bool IsLeaving() const { return m_Leaving; }
     /// The status poll of an idle link, in case nothing has armed it yet.

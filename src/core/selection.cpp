@@ -85,6 +85,8 @@ bool Selection::SelectBand(int band) {
 bool Selection::SelectOrder(int imIndex) {
     if (!RunIsOff(m_Session, m_Platform) || !MayChangeSetup(m_Session, m_Platform))
         return false;
+    if (m_Session.interBand.g_bInterBand) // the inter-band mode has an order of its own
+        return false;
     m_Session.select.m_IMIndex = imIndex;
     m_Session.panel.m_IM_sel = "IM" + std::to_string(OrderOf(imIndex));
     ResetPlot();
