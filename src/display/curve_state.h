@@ -51,8 +51,9 @@ struct CurveState {
     RunMatrix m_LevelDown;
     RunMatrix m_RawUp;
     RunMatrix m_RawDown;
-    int m_RowsUsed = 0;  ///< rows 0 to here less 1 may hold something
-    int m_ViewedRun = 0; ///< g_shownRun when the shown rows were last filled
+    int m_RowsUsed = 0;          ///< rows 0 to here less 1 may hold something
+    int m_ViewedRun = 0;         ///< g_shownRun when the shown rows were last filled
+    unsigned m_RowsRevision = 0; ///< counts the changes of shown rows other than that of the run in progress
 
     // Scale.
     float g_plotTop = -60.0f;

@@ -40,21 +40,6 @@ void JudgeRow(CurveState& curve, std::span<const float> levels) {
         curve.g_MeasVerdict = VerdictOverLimit;
 }
 
-/// Length of a 2-tone run in ms; one that is not set counts as a second.
-int RunLength(const CurveState& curve) {
-    return curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
-}
-
-/// Index of the last point that a maximum may stand at. In a sweep it is the whole grid: where its two lists
-/// lie between each other it has more entries than the plot has steps, and the worst may be among the last.
-std::size_t LastPoint(const CurveState& curve) {
-    constexpr int Last = static_cast<int>(CurvePoints) - 1;
-    if (IsSweepCurve(curve))
-        return CurvePoints - 1;
-    return static_cast<std::size_t>(
-        std::clamp(RunLength(curve) / std::max(curve.tone2SetTimes, 1) + 1, 0, Last));
-}
-
 struct Maximum {
     float level = 0;
     int index = 0;
@@ -65,11 +50,6 @@ void SearchRow(std::span<const float> row, std::size_t last, std::optional<Maxim
         if (IsPresent(row[i]) && (!best || IsHigher(row[i], best->level)))
             best = Maximum{row[i], static_cast<int>(i)};
     }
-}
-
-/// Row of the run in progress. Runs beyond the matrices share their last row.
-std::size_t CurrentRow(const CurveState& curve) {
-    return static_cast<std::size_t>(std::clamp(curve.g_runIndex, 0, static_cast<int>(CurveRuns) - 1));
 }
 
 /// Row of the only run in view; nothing when all are.
@@ -109,6 +89,22 @@ void CopyRow(std::span<const float> from, std::span<float> to) {
 
 } // namespace
 
+std::size_t CurrentRow(const CurveState& curve) {
+    return static_cast<std::size_t>(std::clamp(curve.g_runIndex, 0, static_cast<int>(CurveRuns) - 1));
+}
+
+std::size_t LastPoint(const CurveState& curve) {
+    constexpr int Last = static_cast<int>(CurvePoints) - 1;
+    if (IsSweepCurve(curve))
+        return CurvePoints - 1;
+    return static_cast<std::size_t>(
+        std::clamp(RunLength(curve) / std::max(curve.tone2SetTimes, 1) + 1, 0, Last));
+}
+
+bool ExceedsLimit(const CurveState& curve, float level) {
+    return Exceeds(level, LimitInDbm(curve));
+}
+
 bool HoldsPoints(const CurveState& curve) {
     const auto isPoint = [](float level) { return level != 0.0f; };
     return std::any_of(curve.g_levelUp.begin(), curve.g_levelUp.end(), isPoint) ||
@@ -129,6 +125,7 @@ void ResetCurve(CurveState& curve) {
     }
     curve.m_RowsUsed = 0;
     curve.m_ViewedRun = 0;
+    ++curve.m_RowsRevision;
 }
 
 void ClearLevels(CurveState& curve) {
@@ -159,6 +156,8 @@ void UpdateCurveArrays(CurveState& curve, bool internalReceiver) {
     CopyRow(curve.g_levelUp, curve.m_RawUp.Row(run));
     CopyRow(curve.g_levelDown, curve.m_RawDown.Row(run));
     std::size_t checked = run;
+    if (curve.m_ViewedRun != curve.g_shownRun)
+        ++curve.m_RowsRevision;
     if (const auto single = SingleRow(curve)) {
         checked = *single;
         for (std::size_t row = 0; row <= run; ++row) {

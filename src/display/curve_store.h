@@ -3,6 +3,7 @@
 #include "bands/band.h"
 #include "display/curve_state.h"
 
+#include <cmath>
 #include <cstddef>
 #include <span>
 
@@ -18,8 +19,21 @@ inline constexpr double GridTolerance = 0.05;
 
 /// True for a level that counts as a point in the plot and the maximum search: not 0 once cut to an integer.
 [[nodiscard]] inline bool IsPresent(float level) {
-    return static_cast<int>(level) != 0;
+    return std::abs(level) >= 1.0f;
 }
+
+/// Length of a 2-tone run in ms; one that is not set counts as a second.
+[[nodiscard]] inline int RunLength(const CurveState& curve) {
+    return curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
+}
+
+/// Row of the run in progress. Runs beyond the matrices share their last row.
+[[nodiscard]] std::size_t CurrentRow(const CurveState& curve);
+/// Index of the last point that a maximum may stand at. In a sweep it is the whole grid: where its two lists
+/// lie between each other it has more entries than the plot has steps, and the worst may be among the last.
+[[nodiscard]] std::size_t LastPoint(const CurveState& curve);
+/// True for a level (dBm, below 0.0) that stands above the limit by more than 0.01 dB.
+[[nodiscard]] bool ExceedsLimit(const CurveState& curve, float level);
 
 /// Clears everything a start and the clear command clear: run index, maxima, forced time per point,
 /// g_fromFile, g_worstText and the rows in use.

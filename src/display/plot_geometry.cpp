@@ -13,11 +13,20 @@ constexpr int AxisRoom = 45; ///< for the labels under the axis
 constexpr int BarRoom = 70;  ///< for the level bar at the left
 constexpr int WidestPlot = 2000;
 
+/// Pixels of a point from the left of the plot.
+double OffsetOf(const CurveState& curve, std::size_t index) {
+    if (!IsSweepCurve(curve))
+        return static_cast<double>(index) * curve.tone2SetTimes * curve.g_plotWidth / RunLength(curve);
+    const float steps = (curve.g_freqGrid[index] - curve.g_freqGrid[0]) / curve.g_SweepStep;
+    return static_cast<double>(steps) * static_cast<double>(curve.g_pxPerStep);
+}
+
 } // namespace
 
 int PlotGeometry::FreeHeightOf(float level) const {
     const double pixels = static_cast<double>(level - plotBottom) * pxPerDb;
-    return static_cast<int>(std::clamp(pixels, -1e6, 1e6));
+    constexpr double Far = 1e6;
+    return pixels > -Far ? static_cast<int>(std::min(pixels, Far)) : static_cast<int>(-Far);
 }
 
 int PlotGeometry::HeightOf(float level) const {
@@ -46,16 +55,13 @@ PlotGeometry ComputeLayout(CurveState& curve, int width, int height) {
 }
 
 int XOfPoint(const CurveState& curve, const PlotGeometry& plot, std::size_t index) {
-    double offset = 0;
-    if (IsSweepCurve(curve)) {
-        const double steps =
-            static_cast<double>((curve.g_freqGrid[index] - curve.g_freqGrid[0]) / curve.g_SweepStep);
-        offset = steps * static_cast<double>(curve.g_pxPerStep);
-    } else {
-        const int length = curve.g_testTimeMs > 0 ? curve.g_testTimeMs : 1000;
-        offset = static_cast<double>(index) * curve.tone2SetTimes * curve.g_plotWidth / length;
-    }
-    return plot.left + static_cast<int>(std::clamp(offset, 0.0, static_cast<double>(plot.Span())));
+    const double offset = OffsetOf(curve, index);
+    return offset > 0 ? plot.left + static_cast<int>(std::min(offset, static_cast<double>(plot.Span())))
+                      : plot.left;
+}
+
+bool IsOnPlot(const CurveState& curve, const PlotGeometry& plot, std::size_t index) {
+    return OffsetOf(curve, index) < plot.Span() + 1;
 }
 
 } // namespace qor

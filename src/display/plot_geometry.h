@@ -28,13 +28,40 @@ struct PlotGeometry {
     [[nodiscard]] int YOf(float level) const { return axis - HeightOf(level); }
     /// Pixels of the plot's width.
     [[nodiscard]] int Span() const { return right - left; }
+    bool operator==(const PlotGeometry&) const = default;
 };
 
 /// Lays the plot out in a window of `width` x `height` pixels; the level bar takes 70 of them at the left.
 /// The scale of the curve follows: g_plotWidth, and g_pxPerStep of a sweep.
 [[nodiscard]] PlotGeometry ComputeLayout(CurveState& curve, int width, int height);
 
+/// Lays the plot out for a picture of a size of its own. The scale of the curve follows the picture while
+/// this lives and the window again after it.
+class PictureLayout {
+public:
+    PictureLayout(CurveState& curve, int width, int height)
+        : m_Curve(curve), m_Width(curve.g_plotWidth), m_PerStep(curve.g_pxPerStep),
+          m_Plot(ComputeLayout(curve, width, height)) {}
+    ~PictureLayout() {
+        m_Curve.g_plotWidth = m_Width;
+        m_Curve.g_pxPerStep = m_PerStep;
+    }
+    PictureLayout(const PictureLayout&) = delete;
+    PictureLayout& operator=(const PictureLayout&) = delete;
+
+    [[nodiscard]] const PlotGeometry& Plot() const { return m_Plot; }
+
+private:
+    CurveState& m_Curve;
+    int m_Width;
+    float m_PerStep;
+    PlotGeometry m_Plot;
+};
+
 /// x of a point: its place in time in a 2-tone run, on the frequency grid in a sweep.
 [[nodiscard]] int XOfPoint(const CurveState& curve, const PlotGeometry& plot, std::size_t index);
+
+/// False for a point of a sweep whose steps run out of the plot, which shows no less than a pixel a step.
+[[nodiscard]] bool IsOnPlot(const CurveState& curve, const PlotGeometry& plot, std::size_t index);
 
 } // namespace qor

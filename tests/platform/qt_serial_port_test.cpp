@@ -1,6 +1,7 @@
 // The real serial control on a pseudo-terminal, on a real event loop.
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
+#include "support/application.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -14,13 +15,7 @@
 namespace qor {
 namespace {
 
-/// An application for the tests that need an event loop; there can be one only.
-void NeedApplication() {
-    static int count = 1;
-    static std::array<char, 4> name{"qor"};
-    static std::array<char*, 2> arguments{name.data(), nullptr};
-    static QCoreApplication application(count, arguments.data());
-}
+using test::NeedApplication;
 
 template <class Done> bool RunUntil(Done done, int limitMs = 1000) {
     QElapsedTimer since;

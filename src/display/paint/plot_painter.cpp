@@ -1,1 +1,242 @@
-// The plot's painter.
+#include "display/paint/plot_painter.h"
+
+#include "display/curve_store.h"
+#include "display/paint/scene_painter.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace qor {
+
+using paint::PixelRect;
+using paint::Pixels;
+using paint::TraceColumns;
+using paint::TracePen;
+
+namespace {
+
+constexpr double UpWidth = 2; ///< pixels of the window
+constexpr double DownWidth = 1;
+constexpr std::uint32_t Opaque = 0xFF000000;
+
+Pixels PixelsOf(QImage& image) {
+    return {reinterpret_cast<std::uint32_t*>(image.bits()),
+            static_cast<std::ptrdiff_t>(image.bytesPerLine()) / 4};
+}
+
+/// The image's own pixels without its ratio: painted in pixels of the image.
+QImage Canvas(QImage& image) {
+    return QImage(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+}
+
+QRegion InWindow(const std::vector<PixelRect>& areas, double ratio) {
+    QRegion region;
+    for (const PixelRect& area : areas) {
+        const auto down = [ratio](int pixel) { return static_cast<int>(std::floor(pixel / ratio)); };
+        const auto up = [ratio](int pixel) { return static_cast<int>(std::ceil(pixel / ratio)); };
+        region +=
+            QRect(QPoint(down(area.left), down(area.top)), QPoint(up(area.right) - 1, up(area.bottom) - 1));
+    }
+    return region;
+}
+
+} // namespace
+
+int PlotPainter::InImage(int pixel) const {
+    return static_cast<int>(std::lround(pixel * m_Ratio));
+}
+
+PixelRect PlotPainter::Whole() const {
+    return {0, 0, m_Image.width(), m_Image.height()};
+}
+
+TracePen PlotPainter::UpPen(std::size_t run) const {
+    return {Opaque | TraceColour(run, m_PrintMode), std::max(InImage(UpWidth), 1), 0};
+}
+
+TracePen PlotPainter::DownPen(std::size_t run) const {
+    const int width = std::max(InImage(DownWidth), 1);
+    return {Opaque | TraceColour(run, m_PrintMode), width, width};
+}
+
+void PlotPainter::Resize(int width, int height, double ratio) {
+    m_Ratio = ratio;
+    const QSize size(InImage(width), InImage(height));
+    m_Image = QImage(size, QImage::Format_RGB32);
+    m_Image.setDevicePixelRatio(ratio);
+    m_Base = QImage(size, QImage::Format_RGB32);
+    m_Downs.clear();
+    m_Ground.clear();
+}
+
+/// Takes over where points stand in the image; true when traces painted so far do not fit it.
+bool PlotPainter::TakeLayout(const CurveState& curve, const PlotGeometry& plot, bool printMode) {
+    const bool sweep = IsSweepCurve(curve);
+    std::vector<int> places(TracePoints(curve));
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        // A sweep of more steps than the plot has columns runs out of it.
+        const bool outside = sweep && !IsOnPlot(curve, plot, i);
+        places[i] = outside ? -1 : InImage(std::max(XOfPoint(curve, plot, i), plot.left + 1));
+    }
+    const bool fits = places == m_Places && plot == m_Plot && sweep == m_Sweep && printMode == m_PrintMode &&
+                      curve.m_RowsRevision == m_Revision && CurrentRow(curve) >= m_LiveRun;
+    m_Places = std::move(places);
+    m_Plot = plot;
+    m_Sweep = sweep;
+    m_PrintMode = printMode;
+    m_Revision = curve.m_RowsRevision;
+    m_TraceArea =
+        PixelRect{InImage(plot.left + 1), InImage(plot.top + 1), InImage(plot.right), InImage(plot.axis)}.Cut(
+            Whole());
+    return !fits;
+}
+
+void PlotPainter::Collapse(TraceColumns& trace, std::span<const float> levels) const {
+    trace.Reset(static_cast<std::size_t>(m_Image.width()));
+    for (std::size_t i = 0; i < m_Places.size(); ++i) {
+        if (IsPresent(levels[i]) && m_Places[i] >= 0)
+            trace.Add({m_Places[i], InImage(m_Plot.YOf(levels[i]))});
+    }
+}
+
+void PlotPainter::PaintGround(const std::vector<PlotItem>& items) {
+    QImage canvas = Canvas(m_Base);
+    QPainter painter(&canvas);
+    painter.scale(m_Ratio, m_Ratio);
+    for (const PlotItem& item : items)
+        paint::PaintItem(painter, item);
+}
+
+void PlotPainter::PaintFinished(std::size_t run, const TraceColumns& up, const TraceColumns& down) {
+    up.Paint(PixelsOf(m_Base), m_TraceArea, UpPen(run));
+    if (down.Empty())
+        return;
+    m_Downs.resize(static_cast<std::size_t>(m_Image.width()) * static_cast<std::size_t>(m_Image.height()));
+    down.Paint({m_Downs.data(), m_Image.width()}, m_TraceArea, DownPen(run));
+}
+
+/// Lays the runs up to `run` down as finished, as they stand in the matrices.
+void PlotPainter::FinishRuns(const CurveState& curve, std::size_t run, std::vector<PixelRect>& changed) {
+    for (; m_LiveRun < run; ++m_LiveRun) {
+        TakeLive(curve, changed);
+        PaintFinished(m_LiveRun, m_LiveUp, m_LiveDown);
+        m_LiveUp.Reset(0);
+        m_LiveDown.Reset(0);
+    }
+}
+
+void PlotPainter::TakeLive(const CurveState& curve, std::vector<PixelRect>& changed) {
+    Collapse(m_Scratch, curve.m_LevelUp.Row(m_LiveRun));
+    changed.push_back(m_Scratch.Difference(m_LiveUp, UpPen(0).width));
+    std::swap(m_Scratch, m_LiveUp);
+    if (!m_Sweep)
+        return;
+    Collapse(m_Scratch, curve.m_LevelDown.Row(m_LiveRun));
+    changed.push_back(m_Scratch.Difference(m_LiveDown, DownPen(0).width));
+    std::swap(m_Scratch, m_LiveDown);
+}
+
+void PlotPainter::TakeFront(std::vector<PlotItem> items, std::vector<PixelRect>& changed) {
+    std::vector<FrontItem> front;
+    front.reserve(items.size());
+    for (PlotItem& item : items) {
+        const auto same = std::find_if(m_Front.begin(), m_Front.end(),
+                                       [&item](const FrontItem& old) { return old.item == item; });
+        if (same != m_Front.end()) {
+            front.push_back(std::move(*same));
+            m_Front.erase(same);
+        } else {
+            const PixelRect bounds = paint::BoundsOf(item, m_Ratio);
+            front.push_back({std::move(item), bounds});
+            changed.push_back(bounds);
+        }
+    }
+    for (const FrontItem& gone : m_Front)
+        changed.push_back(gone.bounds);
+    m_Front = std::move(front);
+}
+
+void PlotPainter::CoverDowns(const PixelRect& area) {
+    const Pixels image = PixelsOf(m_Image);
+    for (int y = area.top; y < area.bottom; ++y) {
+        std::uint32_t* to = image.At(area.left, y);
+        const std::uint32_t* from =
+            m_Downs.data() + static_cast<std::ptrdiff_t>(y) * m_Image.width() + area.left;
+        for (int x = area.left; x < area.right; ++x, ++to, ++from)
+            *to = *from ? *from : *to;
+    }
+}
+
+void PlotPainter::Compose(const PixelRect& area, QPainter& painter) {
+    const Pixels image = PixelsOf(m_Image);
+    const Pixels base = PixelsOf(m_Base);
+    for (int y = area.top; y < area.bottom; ++y)
+        std::memcpy(image.At(area.left, y), base.At(area.left, y),
+                    static_cast<std::size_t>(area.right - area.left) * sizeof(std::uint32_t));
+    const PixelRect traces = area.Cut(m_TraceArea);
+    m_LiveUp.Paint(image, traces, UpPen(m_LiveRun));
+    if (!m_Downs.empty() && !traces.Empty())
+        CoverDowns(traces);
+    m_LiveDown.Paint(image, traces, DownPen(m_LiveRun));
+
+    painter.save();
+    painter.setClipRect(QRect(area.left, area.top, area.right - area.left, area.bottom - area.top));
+    painter.scale(m_Ratio, m_Ratio);
+    for (const FrontItem& front : m_Front) {
+        if (!front.bounds.Cut(area).Empty())
+            paint::PaintItem(painter, front.item);
+    }
+    painter.restore();
+}
+
+QRegion PlotPainter::Update(const CurveState& curve, const PlotGeometry& plot, const PlotFacts& facts,
+                            double ratio) {
+    if (plot.width <= 0 || plot.height <= 0 || !(ratio > 0)) {
+        *this = PlotPainter();
+        return {};
+    }
+    const bool resized =
+        m_Image.isNull() || plot.width != m_Plot.width || plot.height != m_Plot.height || ratio != m_Ratio;
+    if (resized)
+        Resize(plot.width, plot.height, ratio);
+    PlotScene scene = BuildScene(curve, plot, facts);
+    const bool moved = TakeLayout(curve, plot, facts.m_PrintMode);
+    std::vector<PixelRect> changed;
+    if (moved || scene.ground != m_Ground) {
+        PaintGround(scene.ground);
+        m_Ground = std::move(scene.ground);
+        m_Downs.clear();
+        m_LiveRun = 0;
+        m_LiveUp.Reset(0);
+        m_LiveDown.Reset(0);
+        changed.push_back(Whole());
+    }
+    const bool all = !changed.empty();
+    FinishRuns(curve, CurrentRow(curve), changed);
+    TakeLive(curve, changed);
+    TakeFront(std::move(scene.front), changed);
+    if (all)
+        changed.assign(1, Whole());
+    for (PixelRect& area : changed)
+        area = area.Cut(Whole());
+    std::erase_if(changed, [](const PixelRect& area) { return area.Empty(); });
+    if (changed.empty())
+        return {};
+
+    QImage canvas = Canvas(m_Image);
+    QPainter painter(&canvas);
+    for (const PixelRect& area : changed)
+        Compose(area, painter);
+    return InWindow(changed, m_Ratio);
+}
+
+QImage PaintPicture(const CurveState& curve, const PlotGeometry& plot, const PlotFacts& facts) {
+    PlotPainter painter;
+    painter.Update(curve, plot, facts);
+    return painter.Image();
+}
+
+} // namespace qor
