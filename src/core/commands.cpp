@@ -11,6 +11,8 @@
 #include "core/user_modes.h"
 #include "display/curve_store.h"
 #include "display/level_unit.h"
+#include "display/plot_range.h"
+#include "display/run_view.h"
 #include "platform/launcher.h"
 #include "platform/operator.h"
 #include "tools/side_tool.h"
@@ -183,6 +185,16 @@ void Commands::Execute(Command command, int argument) {
     case Command::LevelUnit:
         static_cast<void>(SetLevelUnit(session.curve.g_UnitDbc == 0, session, m_Program.Parts(), store));
         return;
+    case Command::ShowRun:
+        return static_cast<void>(ShowRun(argument, session, m_Program.Parts()));
+    case Command::Alarm:
+        return FlipAlarm(session, store);
+    case Command::AlarmStamp:
+        return FlipStamp(session, store);
+    case Command::BeepTone:
+        return ChooseBeepTone(argument, session.alarm, store);
+    case Command::UnderLimitBeep:
+        return FlipUnderLimitBeep(session.alarm, store);
     case Command::Histogram:
         session.curve.g_histogramOn = session.curve.g_histogramOn == 0 ? 1 : 0;
         store.Write("histogram.ccz", std::to_string(session.curve.g_histogramOn));
@@ -232,11 +244,12 @@ void Commands::LoadData() {
     const std::filesystem::path folder =
         std::filesystem::path(m_Program.State().results.LastLoadPath).parent_path();
     const auto paths = m_Program.Parts().user.FilesToOpen("Einfuehren Daten", folder, "*.dat *.txt");
-    if (!paths.empty())
-        static_cast<void>(m_Program.Files().CurrentShow(paths.front()));
+    m_Program.List().Load(paths);
 }
 
-void Commands::StepScale(bool) {}
+void Commands::StepScale(bool up) {
+    StepPlotRange(up, m_Program.State().curve, m_Program.Stores());
+}
 
 void Commands::SaveData() {
     Session& session = m_Program.State();
@@ -300,7 +313,7 @@ bool Commands::IsEnabled(Command command, int argument) const {
     if (IsMissing(command, argument))
         return false;
     if (command == Command::ShowRun)
-        return m_Program.State().curve.g_runCount >= (argument == 1 ? 2 : argument);
+        return CanShowRun(m_Program.State(), argument);
     return true;
 }
 
@@ -343,6 +356,10 @@ bool Commands::IsChecked(Command command, int argument) const {
         return curve.g_alarmOff == 0;
     case Command::AlarmStamp:
         return curve.g_stampOff == 0;
+    case Command::BeepTone:
+        return session.alarm.g_beepTone == argument;
+    case Command::UnderLimitBeep:
+        return session.alarm.g_underBeepTone != 0;
     default:
         return false;
     }

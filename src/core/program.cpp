@@ -23,8 +23,9 @@ constexpr int LongestClose = 40;
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_Store(std::move(dataDirectory)),
       m_Receiver(m_Session.receiver, m_Store, platform.visa, platform.sensor),
-      m_Files(m_Session, m_Platform, m_Store), m_Channel(m_Session, m_Platform, *this, *this),
-      m_Activation(m_Session, m_Platform, m_Store), m_Init(m_Session, m_Platform, m_Channel, m_Activation),
+      m_Files(m_Session, m_Platform, m_Store), m_List(m_Session, m_Files, m_Store),
+      m_Channel(m_Session, m_Platform, *this, *this), m_Activation(m_Session, m_Platform, m_Store),
+      m_Init(m_Session, m_Platform, m_Channel, m_Activation),
       m_Connection(m_Session, m_Platform, m_Channel, m_Init, *this),
       m_Measurement(m_Session, m_Platform, m_Store, m_Channel, m_Receiver, m_Files),
       m_Selection(m_Session, m_Platform, m_Store, m_Channel, m_Init, m_Connection) {
@@ -150,6 +151,10 @@ void Program::OnTimer(int id) {
         return m_Connection.OnSearchTimer();
     case ReadEachType:
         return m_Connection.OnProbeTimer();
+    case SlowBeepTimer:
+    case FastBeepTimer:
+    case UnderBeepTimer:
+        return OnBeepTimer(id, m_Session.alarm, m_Platform);
     case CloseQOR:
         return OnCloseTimer();
     case T2messuretimer:

@@ -4,6 +4,7 @@
 #include "core/appearance.h"
 #include "core/panel.h"
 #include "core/user_modes.h"
+#include "display/alarm.h"
 #include "display/curve_state.h"
 #include "link/link_state.h"
 #include "measure/inter_band.h"
@@ -28,6 +29,7 @@ struct Session {
     InterBandState interBand;
     PlanState plan;
     CurveState curve;
+    AlarmState alarm;
     ResultState results;
     ReceiverState receiver;
     UserState user;

@@ -93,6 +93,7 @@ void LoadStores(Session& session, SetupStore& store) {
         session.results.LastLoadPath = *path;
     plan.rxLoss = ParseRxLoss(store.Read("loss.conf", LongestPath).value_or(""));
     LoadAlarm(curve, session.panel, store);
+    session.alarm = LoadAlarmTones(store);
     session.appearance = LoadAppearance(store);
 }
 

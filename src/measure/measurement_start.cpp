@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "core/text_format.h"
 #include "core/timer_ids.h"
+#include "display/alarm.h"
 #include "display/curve_store.h"
 #include "link/channel.h"
 #include "link/connection.h"
@@ -96,6 +97,7 @@ void Measurement::BeginRun() {
         link.m_revdatastr.find("OUT OF RANGE") != std::string::npos ||
         link.m_revdatastr.find("PLL NOT LOCKED") != std::string::npos)
         link.m_revdatastr.clear(); // the error of an earlier run does not condemn this one
+    StartBeeper(m_Session, m_Platform);
     m_Channel.PauseStatusPoll();
     link.m_SetIMOrder = "0";
     m_Session.curve.g_shownRun = 0;
@@ -116,8 +118,10 @@ void Measurement::OnRestartTimer() {
 
 void Measurement::StartFirstRun() {
     StartMeas();
-    if (!m_Session.run.runOn)
-        m_Channel.ArmStatusPoll(); // refused: an idle link is watched as before
+    if (m_Session.run.runOn)
+        return;
+    StopBeeper(m_Platform);
+    m_Channel.ArmStatusPoll(); // refused: an idle link is watched as before
 }
 
 void Measurement::StartMeas() {

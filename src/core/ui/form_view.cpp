@@ -4,6 +4,7 @@
 #include "core/program.h"
 #include "core/ui/pictures.h"
 #include "core/ui/text.h"
+#include "display/alarm.h"
 #include "display/ui/curve_wnd.h"
 #include "platform/serial_control.h"
 
@@ -27,6 +28,15 @@ void Show(QLineEdit* field, const QString& text) {
 void Show(QLabel* label, const QString& text) {
     if (label->text() != text)
         label->setText(text);
+}
+
+/// A property that the style sheet looks at.
+void SetFlag(QWidget* widget, const char* name, bool on) {
+    if (widget->property(name).toBool() == on)
+        return;
+    widget->setProperty(name, on);
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
 }
 
 /// Largest font of the widget's family in which the text fits its room.
@@ -260,6 +270,7 @@ void CTestSDIFormView::RefreshCells() {
     Show(m_F2, Plain(panel.m_f2_text));
     Show(m_Fim, Plain(panel.m_fIM_text));
     Show(m_Reading, Plain(panel.m_ReadingText).trimmed());
+    SetFlag(m_Reading, "over", IsOverLimit(session));
     Show(m_ReadingUnit, Plain(unit));
     Show(m_Alarm, Plain(panel.m_AlarmText));
     Show(m_AlarmUnit, Plain(unit));
@@ -415,18 +426,48 @@ void CTestSDIFormView::resizeEvent(QResizeEvent*) {
 }
 
 void CTestSDIFormView::TakeLimit() {
-    m_Alarm->setModified(false);
+    if (!m_Alarm->isModified())
+        return;
+    m_Alarm->setModified(false); // a refusal's message takes the focus away and must not ask again
+    if (!EnterLimit(Utf8(m_Alarm->text()), m_Program.State(), m_Program.Parts(), m_Program.Stores())) {
+        m_Alarm->setFocus(Qt::OtherFocusReason);
+        m_Alarm->selectAll();
+    }
+    if (m_AfterCommand)
+        m_AfterCommand();
 }
 
 void CTestSDIFormView::RefreshMarkers() {}
 
 void CTestSDIFormView::RefreshList() {
     const ResultState& results = m_Program.State().results;
-    for (std::size_t row = 0; row < m_ListRow.size(); ++row)
-        Show(m_ListRow[row], Plain(results.m_FileRow[row]));
+    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
+        QLineEdit* field = m_ListRow[row];
+        Show(field, Plain(results.m_FileRow[row]));
+        SetFlag(field, "shown", results.g_FileShown == static_cast<int>(row));
+    }
 }
 
-void CTestSDIFormView::PressListButton(std::size_t) {}
+void CTestSDIFormView::PressListButton(std::size_t n) {
+    ListPanel& list = m_Program.List();
+    static constexpr void (ListPanel::*Presses[])() = {
+        &ListPanel::First, &ListPanel::Back, &ListPanel::Forward, &ListPanel::Last, &ListPanel::Remove};
+    (list.*Presses[n])();
+}
+
+/// A row of the list is chosen by a click, or by the space or return key on it.
+bool CTestSDIFormView::eventFilter(QObject* watched, QEvent* event) {
+    const auto row = std::find(m_ListRow.begin(), m_ListRow.end(), watched);
+    bool chosen = event->type() == QEvent::MouseButtonPress;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        chosen = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    }
+    if (row == m_ListRow.end() || !chosen)
+        return QWidget::eventFilter(watched, event);
+    Pressed([this, n = static_cast<int>(row - m_ListRow.begin())] { m_Program.List().ClickRow(n); });
+    return true;
+}
 void CTestSDIFormView::ToggleMarker(std::size_t) {}
 void CTestSDIFormView::TakeMarkerChecks(std::size_t) {}
 void CTestSDIFormView::TakeMarkerPosition(std::size_t) {}

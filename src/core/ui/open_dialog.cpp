@@ -1,7 +1,7 @@
 #include "core/ui/open_dialog.h"
 
-#include "core/program.h"
 #include "bands/ui/band_dialogs.h"
+#include "core/program.h"
 #include "core/ui/small_dialogs.h"
 #include "measure/ui/run_setup_dialog.h"
 
