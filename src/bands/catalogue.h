@@ -34,6 +34,7 @@ struct SubBands {
     int f2Low, f2High;
 };
 
+// shown to the operator
 inline constexpr std::string_view NoBandText = "Nichts Breite Selektiert";
 
 /// Row of a band number, or null for 14, 22 and unknown numbers.

@@ -27,20 +27,25 @@ PowerSetting ParsePower(std::span<const float> values) {
     return power;
 }
 
-std::optional<FrequencyPlan> ParsePlan(std::span<const float> values) {
-    if (values.size() < 9 || static_cast<double>(values[6]) < 0.1)
-        return std::nullopt;
+FrequencyPlan PlanIn(std::span<const float> values) {
     FrequencyPlan plan;
-    plan.f1 = values[0];
-    plan.f2 = values[1];
-    plan.f1Start = values[2];
-    plan.f2Start = values[3];
-    plan.f1Stop = values[4];
-    plan.f2Stop = values[5];
-    plan.step = values[6];
-    plan.f1Fix = values[7];
-    plan.f2Fix = values[8];
+    for (std::size_t i = 0; i < PlanStoreOrder.size(); ++i)
+        plan.*PlanStoreOrder[i] = i < values.size() ? values[i] : 0.0f;
     return plan;
+}
+
+std::optional<FrequencyPlan> ParsePlan(std::span<const float> values) {
+    if (values.size() < PlanStoreOrder.size())
+        return std::nullopt;
+    const FrequencyPlan plan = PlanIn(values);
+    return static_cast<double>(plan.step) < 0.1 ? std::nullopt : std::optional(plan);
+}
+
+std::string PlanRecord(const FrequencyPlan& plan) {
+    std::string text;
+    for (const PlanValue value : PlanStoreOrder)
+        text += TenthsText(static_cast<double>(plan.*value));
+    return text;
 }
 
 } // namespace qor

@@ -2,6 +2,7 @@
 
 #include "bands/band.h"
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -22,9 +23,22 @@ struct PowerSetting {
 [[nodiscard]] std::vector<float> ParseTenths(std::string_view text, std::size_t maxValues);
 /// Powers of tone 1 and 2 in dBm, 43.0 for one that is missing.
 [[nodiscard]] PowerSetting ParsePower(std::span<const float> values);
-/// A plan in the store's order: Fix f1, Fix f2, Anfang f1, Anfang f2, Ende f1, Ende f2, Schritt, sweep Fix
-/// f1, sweep Fix f2. Nothing with fewer than nine values, or with a step below 0.1 MHz, on which no sweep
-/// ends.
+
+/// One of the nine values of a plan.
+using PlanValue = float FrequencyPlan::*;
+
+/// The order in which a store holds the values of a plan: Fix f1, Fix f2, Anfang f1, Anfang f2, Ende f1,
+/// Ende f2, Schritt, sweep Fix f1, sweep Fix f2.
+inline constexpr std::array<PlanValue, 9> PlanStoreOrder = {
+    &FrequencyPlan::f1,      &FrequencyPlan::f2,     &FrequencyPlan::f1Start,
+    &FrequencyPlan::f2Start, &FrequencyPlan::f1Stop, &FrequencyPlan::f2Stop,
+    &FrequencyPlan::step,    &FrequencyPlan::f1Fix,  &FrequencyPlan::f2Fix};
+
+/// A plan in the store's order, 0 for a value that is missing.
+[[nodiscard]] FrequencyPlan PlanIn(std::span<const float> values);
+/// The same, but nothing with fewer than nine values, or with a step below 0.1 MHz, on which no sweep ends.
 [[nodiscard]] std::optional<FrequencyPlan> ParsePlan(std::span<const float> values);
+/// What a store holds of a plan: nine groups of five digits.
+[[nodiscard]] std::string PlanRecord(const FrequencyPlan& plan);
 
 } // namespace qor

@@ -59,6 +59,15 @@ std::string PlanStoreName(std::string_view prefix, int imIndex) {
     return std::string(prefix) + "im" + std::to_string(2 * imIndex + 1) + "_setup.ccz";
 }
 
+std::string DefaultPlanStoreName(std::string_view prefix, int imIndex) {
+    return std::string(prefix) + "im" + std::to_string(2 * imIndex + 1) + "_setup_default.ccz";
+}
+
+bool LacksSecondPort(const SetupStore& store) {
+    const std::string info = store.Read("Install_info.ccz", 3).value_or("");
+    return info.size() > 2 && WholeNumberIn(std::string_view(info).substr(2)) == 0;
+}
+
 PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix) {
     return ParsePower(store.ReadTenths(PowerStoreName(prefix), 2));
 }

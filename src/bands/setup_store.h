@@ -38,7 +38,11 @@ private:
 [[nodiscard]] std::string PowerStoreName(std::string_view prefix);
 /// `<prefix>im<order>_setup.ccz`
 [[nodiscard]] std::string PlanStoreName(std::string_view prefix, int imIndex);
+/// `<prefix>im<order>_setup_default.ccz`: the plan that "Standard" falls back on, where somebody saved one
+[[nodiscard]] std::string DefaultPlanStoreName(std::string_view prefix, int imIndex);
 
+/// True for an installation without a second port, by the third character of `Install_info.ccz`.
+[[nodiscard]] bool LacksSecondPort(const SetupStore& store);
 /// The band's power store: 43.0 dBm for what it does not hold.
 [[nodiscard]] PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix);
 /// The band's plan store of an order. One that holds no usable plan counts as none and is left as it is.

@@ -11,6 +11,11 @@ namespace {
 
 constexpr std::string_view Blanks = " \t\n\v\f\r";
 
+// The words for infinity and for no number are numbers to from_chars, but no quantity here.
+bool BeginsNumber(std::string_view text) {
+    return !text.empty() && std::string_view("0123456789.").find(text.front()) != std::string_view::npos;
+}
+
 // Half the spacing of floats just below 4096 MHz, in tenths, is 1.2e-3.
 constexpr double FloatHair = 2e-3;
 
@@ -33,18 +38,38 @@ std::string TenthsText(double value) {
     return text;
 }
 
+int CutTenths(double value) {
+    const double product = value * 10.0;
+    if (!(std::abs(product) < std::numeric_limits<int>::max() - 1))
+        return 0;
+    return static_cast<int>(product + std::copysign(1e-5, product));
+}
+
 double NumberIn(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+'))
         text.remove_prefix(1);
-    // The words for infinity and for no number are numbers to from_chars, but no quantity here.
-    if (text.empty() || std::string_view("0123456789.").find(text.front()) == std::string_view::npos)
+    if (!BeginsNumber(text))
         return 0;
     double number = 0;
     if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc())
         return 0;
     return negative ? -number : number;
+}
+
+std::optional<double> EnteredNumber(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
+    text = text.substr(0, text.find_last_not_of(Blanks) + 1);
+    std::string_view digits = text;
+    if (digits.starts_with('-') || digits.starts_with('+'))
+        digits.remove_prefix(1);
+    double number = 0;
+    const auto* const end = digits.data() + digits.size();
+    if (!BeginsNumber(digits) ||
+        std::from_chars(digits.data(), end, number) != std::from_chars_result{end, {}})
+        return std::nullopt;
+    return text.starts_with('-') ? -number : number;
 }
 
 int WholeNumberIn(std::string_view text) {

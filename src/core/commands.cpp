@@ -1,15 +1,21 @@
 #include "core/commands.h"
 
+#include "bands/path_loss.h"
 #include "bands/setup_store.h"
 #include "core/appearance.h"
+#include "core/configuration.h"
 #include "core/dialogs.h"
 #include "core/guards.h"
 #include "core/program.h"
 #include "core/settings_file.h"
+#include "core/user_modes.h"
 #include "display/curve_store.h"
 #include "display/level_unit.h"
+#include "display/plot_range.h"
+#include "display/run_view.h"
 #include "platform/launcher.h"
 #include "platform/operator.h"
+#include "tools/side_tool.h"
 
 namespace qor {
 
@@ -21,6 +27,7 @@ struct DialogOf {
     std::string_view failure; ///< said when the dialog cannot be opened
 };
 
+// shown to the operator
 constexpr DialogOf DialogsOf[] = {
     {Command::RunSetup, DialogId::RunSetup, "Einbauen misserfolg"},
     {Command::PlotRange, DialogId::PlotRange, "Einbauen misserfolg"},
@@ -37,42 +44,30 @@ constexpr DialogOf DialogsOf[] = {
     {Command::Calculator, DialogId::Calculator, "Einbauen misserfolg"},
 };
 
+struct BandFailure {
+    int band;
+    std::string_view text;
+};
+
+// shown to the operator
+constexpr BandFailure NoSetup[] = {
+    {BandAmps, "Nichts einbauen AMPS."},         {BandLte, "Nichts einbauen LTE."},
+    {BandEgsm, "Nichts einbauen EGSM."},         {BandDcs, "Nichts einbauen DCS."},
+    {BandPcs, "Nichts einbauen PCS."},           {BandTdScdmaA, "Nichts einbauen TD-SCDMA."},
+    {BandTdScdmaF, "Nichts einbauen TD-SCDMA."}, {BandTdScdmaE, "Nichts einbauen TD-SCDMA."},
+    {BandUmts, "Nichts einbauen UMTS."},         {BandWiMax, "Nichts einbauen WiMax."},
+    {BandUmts2, "Nichts einbauen UMTS2."},       {BandAws, "Nichts einbauen AWS."},
+    {BandWifi, "Nichts einbauen WIFI."},         {BandDigDiv, "Can not setup DIG-DIV."},
+    {BandLte700L, "Can not setup LTE 700 L."},   {BandLte700U, "Can not setup LTE 700 U."},
+};
+
 /// Said when the set-up dialog of a band cannot be opened.
 std::string_view NoBandSetup(int band) {
-    switch (band) {
-    case BandAmps:
-        return "Nichts einbauen AMPS.";
-    case BandLte:
-        return "Nichts einbauen LTE.";
-    case BandEgsm:
-        return "Nichts einbauen EGSM.";
-    case BandDcs:
-        return "Nichts einbauen DCS.";
-    case BandPcs:
-        return "Nichts einbauen PCS.";
-    case BandTdScdmaA:
-    case BandTdScdmaF:
-    case BandTdScdmaE:
-        return "Nichts einbauen TD-SCDMA.";
-    case BandUmts:
-        return "Nichts einbauen UMTS.";
-    case BandWiMax:
-        return "Nichts einbauen WiMax.";
-    case BandUmts2:
-        return "Nichts einbauen UMTS2.";
-    case BandAws:
-        return "Nichts einbauen AWS.";
-    case BandWifi:
-        return "Nichts einbauen WIFI.";
-    case BandDigDiv:
-        return "Can not setup DIG-DIV.";
-    case BandLte700L:
-        return "Can not setup LTE 700 L.";
-    case BandLte700U:
-        return "Can not setup LTE 700 U.";
-    default:
-        return "Einbauen misserfolg";
+    for (const BandFailure& failure : NoSetup) {
+        if (failure.band == band)
+            return failure.text;
     }
+    return "Einbauen misserfolg";
 }
 
 /// What this program cannot do yet.
@@ -107,6 +102,7 @@ Guards GuardsOf(Command command) {
     case Command::InterBand:
     case Command::RunSetup:
     case Command::PlotRange:
+    case Command::RunNumber:
     case Command::Compensation:
     case Command::PathCableLoss:
     case Command::Language: // it ends the program
@@ -169,11 +165,36 @@ void Commands::Execute(Command command, int argument) {
         return;
     case Command::LoadData:
         return LoadData();
+    case Command::LoadRxLoss:
+        return static_cast<void>(LoadRxLoss(session, m_Program.Parts(), store));
+    case Command::SaveConfiguration:
+        return static_cast<void>(SaveConfiguration(store, m_Program.Parts()));
+    case Command::LoadConfiguration:
+        if (LoadConfiguration(store, m_Program.Parts(), session.run.runOn))
+            static_cast<void>(m_Program.Restart(true));
+        return;
+    case Command::UserMode:
+        static_cast<void>(FlipUserModes(store, m_Program.Parts(), [this] {
+            static_cast<void>(m_Dialogs.Open(DialogId::ModifyPassword));
+        }));
+        return;
+    case Command::SideTool:
+        return static_cast<void>(StartSideTool(store, m_Program.Parts()));
     case Command::SaveData:
         return SaveData();
     case Command::LevelUnit:
         static_cast<void>(SetLevelUnit(session.curve.g_UnitDbc == 0, session, m_Program.Parts(), store));
         return;
+    case Command::ShowRun:
+        return static_cast<void>(ShowRun(argument, session, m_Program.Parts()));
+    case Command::Alarm:
+        return FlipAlarm(session, store);
+    case Command::AlarmStamp:
+        return FlipStamp(session, store);
+    case Command::BeepTone:
+        return ChooseBeepTone(argument, session.alarm, store);
+    case Command::UnderLimitBeep:
+        return FlipUnderLimitBeep(session.alarm, store);
     case Command::Histogram:
         session.curve.g_histogramOn = session.curve.g_histogramOn == 0 ? 1 : 0;
         store.Write("histogram.ccz", std::to_string(session.curve.g_histogramOn));
@@ -223,11 +244,12 @@ void Commands::LoadData() {
     const std::filesystem::path folder =
         std::filesystem::path(m_Program.State().results.LastLoadPath).parent_path();
     const auto paths = m_Program.Parts().user.FilesToOpen("Einfuehren Daten", folder, "*.dat *.txt");
-    if (!paths.empty())
-        static_cast<void>(m_Program.Files().CurrentShow(paths.front()));
+    m_Program.List().Load(paths);
 }
 
-void Commands::StepScale(bool) {}
+void Commands::StepScale(bool up) {
+    StepPlotRange(up, m_Program.State().curve, m_Program.Stores());
+}
 
 void Commands::SaveData() {
     Session& session = m_Program.State();
@@ -261,8 +283,7 @@ void Commands::ChangeLanguage(int language) {
         return;
     if (!ChooseLanguage(static_cast<Language>(language), m_Program.Stores()))
         return Tell("Oeffnen file Misserfolg");
-    launcher->RestartAfterEnd(false);
-    m_Program.Leave();
+    static_cast<void>(m_Program.Restart(false));
 }
 
 void Commands::ShowHandbook() {
@@ -292,7 +313,7 @@ bool Commands::IsEnabled(Command command, int argument) const {
     if (IsMissing(command, argument))
         return false;
     if (command == Command::ShowRun)
-        return m_Program.State().curve.g_runCount >= (argument == 1 ? 2 : argument);
+        return CanShowRun(m_Program.State(), argument);
     return true;
 }
 
@@ -327,10 +348,18 @@ bool Commands::IsChecked(Command command, int argument) const {
         return static_cast<int>(CurrentLanguage(m_Program.Stores())) == argument;
     case Command::ShowRun:
         return curve.g_shownRun == argument;
+    case Command::UserMode:
+        return AsksForUser(m_Program.Stores());
+    case Command::InterBand:
+        return session.interBand.g_bInterBand;
     case Command::Alarm:
         return curve.g_alarmOff == 0;
     case Command::AlarmStamp:
         return curve.g_stampOff == 0;
+    case Command::BeepTone:
+        return session.alarm.g_beepTone == argument;
+    case Command::UnderLimitBeep:
+        return session.alarm.g_underBeepTone != 0;
     default:
         return false;
     }

@@ -35,7 +35,7 @@ constexpr MenuLine Setup(int band) {
 }
 
 constexpr MenuLine Lines[] = {
-    Menu("Datei(&F)"),
+    Menu("Datei(&D)"),
     Item("Einfuehren Daten(&L)\tCtrl+L", Command::LoadData),
     Item("Speichern Daten(&T)\tCtrl+T", Command::SaveData),
     Check("Auto Save On/Off(&A)\tCtrl+A", Command::AutoSave),
@@ -121,7 +121,7 @@ constexpr MenuLine Lines[] = {
     Setup(BandWifi),
     End(),
     Item("Measurement Mode Setup(&M)", Command::RunSetup),
-    Item("Inter-band Measurement(&O)", Command::InterBand),
+    Check("Inter-band Measurement(&O)", Command::InterBand),
     Line(),
     Menu("Receiver Ports(&P)"),
     Check("Intern", Command::Receiver, 1),
@@ -139,7 +139,7 @@ constexpr MenuLine Lines[] = {
     Check("Administrator/Operator Mode Enable(&E)", Command::UserMode),
     End(),
 
-    Menu("Anzeige(&D)"),
+    Menu("Anzeige(&Z)"),
     Item("Bereich Log(&D)", Command::PlotRange),
     Check("Einheit: dBm/dBc(&C)", Command::LevelUnit),
     Check("Histogramm(&H)", Command::Histogram),

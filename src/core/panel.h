@@ -28,15 +28,22 @@ struct Panel {
     std::string m_WorstFreqText;
     std::string m_WorstLevelText;
     std::string m_AlarmText = "-90.0";
+    std::string m_lossInfo; ///< compensation and cable loss, empty until one is set
     Lamp lamp = Lamp::NotReady;
     bool portButtonShown = false;
     bool portListShown = false;
+    bool menuShown = true; ///< an operator goes without the menu bar
 };
 
+// shown to the operator
 inline constexpr std::string_view ReflectionText = "Reflex Modell";
+// shown to the operator
 inline constexpr std::string_view TransmissionText = "Uegerbegen Modell";
+// shown to the operator
 inline constexpr std::string_view TwoToneText = "2 Ton Modell";
+// shown to the operator
 inline constexpr std::string_view SweepText = "Scannen Modell";
+// shown to the operator
 inline constexpr std::string_view SpectrumText = "Spectrum Mode";
 
 } // namespace qor

@@ -2,10 +2,12 @@
 
 #include "core/startup.h"
 #include "core/timer_ids.h"
+#include "platform/launcher.h"
 #include "platform/operator.h"
 #include "platform/serial_control.h"
 #include "platform/timers.h"
 #include "platform/visa.h"
+#include "tools/side_tool.h"
 
 namespace qor {
 
@@ -21,8 +23,9 @@ constexpr int LongestClose = 40;
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_Store(std::move(dataDirectory)),
       m_Receiver(m_Session.receiver, m_Store, platform.visa, platform.sensor),
-      m_Files(m_Session, m_Platform, m_Store), m_Channel(m_Session, m_Platform, *this, *this),
-      m_Activation(m_Session, m_Platform, m_Store), m_Init(m_Session, m_Platform, m_Channel, m_Activation),
+      m_Files(m_Session, m_Platform, m_Store), m_List(m_Session, m_Files, m_Store),
+      m_Channel(m_Session, m_Platform, *this, *this), m_Activation(m_Session, m_Platform, m_Store),
+      m_Init(m_Session, m_Platform, m_Channel, m_Activation),
       m_Connection(m_Session, m_Platform, m_Channel, m_Init, *this),
       m_Measurement(m_Session, m_Platform, m_Store, m_Channel, m_Receiver, m_Files),
       m_Selection(m_Session, m_Platform, m_Store, m_Channel, m_Init, m_Connection) {
@@ -42,7 +45,8 @@ void Program::Start(bool keepLastSession) {
     m_Session.link.g_isSWStart = true;
     m_Selection.ShowRepetition();
     m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
-    m_Platform.timers.SetTimer(HousekeepingTimer, HousekeepingPeriod);
+    m_Platform.timers.SetTimer(HousekeepingTimer,
+                               HousekeepingPeriod); // stops itself when it has nothing to do
 }
 
 void Program::SearchNow() {
@@ -72,6 +76,14 @@ bool Program::OnExitButton() {
     }
     if (m_Leaving || !m_Platform.user.Ask("Sich?", "Sich"))
         return false;
+    Leave();
+    return true;
+}
+
+bool Program::Restart(bool keepSession) {
+    if (m_Session.run.runOn || !m_Platform.launcher)
+        return false;
+    m_Platform.launcher->RestartAfterEnd(keepSession);
     Leave();
     return true;
 }
@@ -113,6 +125,7 @@ void Program::Quit() {
     for (int timer = 0; timer < TimerCount; ++timer)
         m_Platform.timers.KillTimer(timer);
     m_Platform.comm.SetPortOpen(false);
+    RemoveSideTool(m_Store);
     if (m_Quit)
         m_Quit(QuitCode);
 }
@@ -138,6 +151,10 @@ void Program::OnTimer(int id) {
         return m_Connection.OnSearchTimer();
     case ReadEachType:
         return m_Connection.OnProbeTimer();
+    case SlowBeepTimer:
+    case FastBeepTimer:
+    case UnderBeepTimer:
+        return OnBeepTimer(id, m_Session.alarm, m_Platform);
     case CloseQOR:
         return OnCloseTimer();
     case T2messuretimer:

@@ -11,6 +11,7 @@
 #include "measure/measurement.h"
 #include "platform/platform.h"
 #include "receivers/receiver_access.h"
+#include "results/list_panel.h"
 #include "results/result_files.h"
 
 #include <filesystem>
@@ -44,6 +45,8 @@ public:
     bool OnExitButton();
     /// Ends in order: carriers off, port closed, `quit`.
     void Leave();
+    /// Leaves, unasked, and has the program started anew. False during a run, or when nobody can start it.
+    bool Restart(bool keepSession);
     /// True from the exit button on.
     [[nodiscard]] bool IsLeaving() const { return m_Leaving; }
     /// The status poll of an idle link, in case nothing has armed it yet.
@@ -60,6 +63,7 @@ public:
     [[nodiscard]] Selection& Select() { return m_Selection; }
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
+    [[nodiscard]] ListPanel& List() { return m_List; }
     [[nodiscard]] const Platform& Parts() const { return m_Platform; }
 
 private:
@@ -83,6 +87,7 @@ private:
     SetupStore m_Store;
     ReceiverAccess m_Receiver;
     ResultFiles m_Files;
+    ListPanel m_List;
     Channel m_Channel;
     BandActivation m_Activation;
     Initialisation m_Init;

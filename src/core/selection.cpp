@@ -2,7 +2,6 @@
 
 #include "bands/catalogue.h"
 #include "bands/setup_store.h"
-#include "bands/tenths.h"
 #include "core/guards.h"
 #include "core/session.h"
 #include "core/timer_ids.h"
@@ -50,12 +49,9 @@ bool Selection::SelectBand(int band) {
         m_Session.panel.m_Band_sel = NoBandText;
         return true;
     }
-    if (link.m_Type != "RT-C010") {
-        const std::string info = m_Store.Read("Install_info.ccz", 7).value_or("");
-        if (info.size() > 2 && WholeNumberIn(std::string_view(info).substr(2)) == 0) {
-            m_Connection.ScanComm();
-            return false;
-        }
+    if (link.m_Type != "RT-C010" && LacksSecondPort(m_Store)) {
+        m_Connection.ScanComm();
+        return false;
     }
     const auto position = BandPosition(band, link.m_Type, link.FirmVersion);
     if (!position) {
@@ -88,6 +84,8 @@ bool Selection::SelectBand(int band) {
 
 bool Selection::SelectOrder(int imIndex) {
     if (!RunIsOff(m_Session, m_Platform) || !MayChangeSetup(m_Session, m_Platform))
+        return false;
+    if (m_Session.interBand.g_bInterBand) // the inter-band mode has an order of its own
         return false;
     m_Session.select.m_IMIndex = imIndex;
     m_Session.panel.m_IM_sel = "IM" + std::to_string(OrderOf(imIndex));
@@ -131,14 +129,16 @@ void Selection::UseInternalReceiver() {
 void Selection::ShowRepetition() {
     const RunState& run = m_Session.run;
     std::string& text = m_Session.panel.m_SweepKind_text;
+    // shown to the operator
+    static constexpr std::string_view Kinds[] = {"Endless", "SA Enclosed", "Multi-times", "Single"};
     if (run.tagEndless || run.g_TestMode == ModeSpectrum)
-        text = "Endless";
+        text = Kinds[0];
     else if (run.g_TestMode == ModeSweep && run.g_bSaEnclosed)
-        text = "SA Enclosed";
+        text = Kinds[1];
     else if (run.g_TestMode == ModeSweep && m_Session.curve.g_runCount > 1)
-        text = "Multi-times";
+        text = Kinds[2];
     else
-        text = "Single";
+        text = Kinds[3];
 }
 
 bool Selection::SelectPath(int path) {

@@ -18,7 +18,7 @@ public:
 
     /// The band selected already is deselected, as a second click on its menu item means it.
     bool SelectBand(int band);
-    bool SelectOrder(int imIndex); ///< 1 IM3 to 5 IM11
+    bool SelectOrder(int imIndex); ///< 1 IM3 to 5 IM11; ignored in the inter-band mode
     bool SelectMethod(int mode);   ///< TestMode; a spectrum run is started by the start button
     bool SelectPath(int path);     ///< 1 reflection, 2 transmission
     /// Levels are read with the instrument's own receiver, and the choice is kept.

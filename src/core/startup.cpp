@@ -7,7 +7,6 @@
 #include "core/text_format.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace qor {
 
@@ -56,7 +55,7 @@ void LoadAlarm(CurveState& curve, Panel& panel, const SetupStore& store) {
     curve.g_stampOff = Digit(store, "tagWarningStampOn.ccz") == 0 ? 0 : 1;
     if (const auto text = store.Read("AlarmUp.ccz", 7); text && !text->empty()) {
         // The store is in dBm; a limit above 0 means 0.
-        const double tenths = std::trunc(NumberIn(*text) * 10.0 + (NumberIn(*text) < 0 ? -1e-6 : 1e-6));
+        const int tenths = CutTenths(NumberIn(*text));
         curve.g_alarmLevel = static_cast<float>(tenths >= 0 ? 0.0 : tenths / 10.0);
     }
     if (curve.g_UnitDbc)
@@ -87,14 +86,14 @@ void LoadStores(Session& session, SetupStore& store) {
         session.run.g_SweepInterval = session.run.g_SweepIntervalLeft = std::max(*interval, 0);
     plan.g_powerOffset = static_cast<float>(Number(store, "pathloss.ccz", 4).value_or(0)) / 10.0f;
     plan.g_port2Loss = static_cast<float>(Number(store, "pathloss2.ccz", 4).value_or(0)) / 10.0f;
-    const std::string info = store.Read("Install_info.ccz", 3).value_or("");
-    if (info.size() > 2 && WholeNumberIn(std::string_view(info).substr(2)) == 0)
-        plan.g_port2Loss = 0; // an installation without a second port
+    if (LacksSecondPort(store))
+        plan.g_port2Loss = 0;
     if (const auto path = store.Read("LastLoadPath.ccz", LongestPath);
         path && path->find('"') == std::string::npos)
         session.results.LastLoadPath = *path;
     plan.rxLoss = ParseRxLoss(store.Read("loss.conf", LongestPath).value_or(""));
     LoadAlarm(curve, session.panel, store);
+    session.alarm = LoadAlarmTones(store);
     session.appearance = LoadAppearance(store);
 }
 

@@ -10,7 +10,7 @@ namespace qor {
 
 namespace {
 
-constexpr std::array<double, 4> PowersOfTen = {1, 10, 100, 1000};
+constexpr std::array<double, 7> PowersOfTen = {1, 10, 100, 1000, 1e4, 1e5, 1e6};
 
 // Up to here the scaled value is exact to far better than TieZone.
 constexpr double LargestFast = 1e9;
@@ -27,7 +27,7 @@ void AppendExact(std::string& out, double value, int decimals) {
 } // namespace
 
 void AppendFixed(std::string& out, double value, int decimals) {
-    assert(decimals >= 0 && decimals <= 3);
+    assert(decimals >= 0 && decimals <= 6);
     const double scaled = std::abs(value) * PowersOfTen[static_cast<std::size_t>(decimals)];
     if (!(scaled < LargestFast)) // also NaN
         return AppendExact(out, value, decimals);

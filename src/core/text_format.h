@@ -4,7 +4,7 @@
 
 namespace qor {
 
-/// "%.<decimals>f" of value, 0 to 3 decimals, the same bytes as printf in the C locale.
+/// "%.<decimals>f" of value, 0 to 6 decimals, the same bytes as printf in the C locale.
 void AppendFixed(std::string& out, double value, int decimals);
 [[nodiscard]] std::string Fixed(double value, int decimals);
 /// Whole number with "0" added in front up to `digits` characters.

@@ -10,10 +10,14 @@ enum TimerId : int {
     commScan = 7,
     HousekeepingTimer = 8,
     WaitCommTimer = 10,
+    MarkerTimer = 15,
+    SlowBeepTimer = 16,
+    FastBeepTimer = 17,
     settingchecktimer = 18,
     HardBandInitOn = 24,
     scanCommtimer = 25,
     ReadEachType = 27,
+    UnderBeepTimer = 28,
     CloseQOR = 29,
     T2messuretimer = 40,
     sweeptimer = 41,
@@ -39,6 +43,10 @@ inline constexpr int ClosePeriod = 200;
 inline constexpr int StepPeriod = 103;         ///< sweep and spectrum steps with the instrument's receiver
 inline constexpr int ExternalStepPeriod = 100; ///< the same with an external receiver
 inline constexpr int AnalyserWaitPeriod = 100;
+inline constexpr int MarkerPeriod = 300;
+inline constexpr int SlowBeepPeriod = 800;
+inline constexpr int FastBeepPeriod = 300;
+inline constexpr int UnderBeepPeriod = 1500;
 inline constexpr int IntervalPeriod = 1000;
 inline constexpr int RestartPeriod = 300;
 

@@ -20,6 +20,14 @@ void ShiftLevel(std::string& text, double by) {
         text = Fixed(level + by, 1);
 }
 
+/// Moves the limit and what the panel shows of levels.
+void ShiftShownLevels(double by, Session& session) {
+    ShiftLevel(session.panel.m_WorstLevelText, by);
+    ShiftLevel(session.panel.m_ReadingText, by);
+    session.panel.m_AlarmText = Fixed(NumberIn(session.panel.m_AlarmText) + by, 1);
+    session.curve.g_alarmLevel += static_cast<float>(by);
+}
+
 } // namespace
 
 bool SetLevelUnit(bool dbc, Session& session, const Platform& platform, SetupStore& store) {
@@ -52,11 +60,14 @@ void ConvertLevelUnit(bool dbc, Session& session) {
         return;
     curve.g_UnitDbc = dbc ? 1 : 0;
     const double carrier = static_cast<double>(curve.g_CarrierDbm);
-    const double shift = dbc ? -carrier : carrier;
-    ShiftLevel(session.panel.m_WorstLevelText, shift);
-    ShiftLevel(session.panel.m_ReadingText, shift);
-    session.panel.m_AlarmText = Fixed(NumberIn(session.panel.m_AlarmText) + shift, 1);
-    curve.g_alarmLevel += static_cast<float>(shift);
+    ShiftShownLevels(dbc ? -carrier : carrier, session);
+}
+
+void SetCarrier(float carrier, Session& session) {
+    CurveState& curve = session.curve;
+    if (curve.g_UnitDbc)
+        ShiftShownLevels(static_cast<double>(curve.g_CarrierDbm) - static_cast<double>(carrier), session);
+    curve.g_CarrierDbm = carrier;
 }
 
 } // namespace qor

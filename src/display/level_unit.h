@@ -16,4 +16,7 @@ bool SetLevelUnit(bool dbc, Session& session, const Platform& platform, SetupSto
 /// the unit is shown already.
 void ConvertLevelUnit(bool dbc, Session& session);
 
+/// Makes `carrier` (dBm) the reference of dBc. What the panel shows in dBc, the limit with it, moves along.
+void SetCarrier(float carrier, Session& session);
+
 } // namespace qor

@@ -9,6 +9,7 @@
 #include "display/curve_store.h"
 #include "link/commands.h"
 #include "link/firmware.h"
+#include "measure/inter_band.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
 
@@ -28,7 +29,8 @@ bool BandActivation::HardBandInit(bool keepCurve) {
     const BandInfo* band = FindBand(m_Session.select.m_BandId);
     const bool wide = m_Session.link.m_Type == "RT-DB22" || m_Session.link.m_Type == "RT-L027";
     plan.m_calF1Delta = plan.m_calF2Delta = wide ? 2 : 1;
-    m_Session.curve.g_SweepStep = 1.0f;
+    if (!m_Session.interBand.g_bInterBand)
+        m_Session.curve.g_SweepStep = 1.0f;
     if (!band || band->number == BandWifi)
         return m_Session.select.m_BandId != BandNone; // nothing to set, and the others can still be chosen
 
@@ -69,6 +71,13 @@ void BandActivation::TakeLimits() {
 void BandActivation::TakeFrequencies(std::string_view prefix) {
     PlanState& plan = m_Session.plan;
     const int band = m_Session.select.m_BandId;
+    if (const InterBandState& inter = m_Session.interBand; inter.g_bInterBand) {
+        // Its plan belongs to no order of the band and stays in force.
+        const ImCoefficients c = InterBandCoefficients(InterBandOrder(inter));
+        plan.g_IMCoefHigh = c.high;
+        plan.g_IMCoefLow = c.low;
+        return;
+    }
     const int imIndex = m_Session.select.m_IMIndex;
     const ImCoefficients c = CoefficientsOf(imIndex);
     plan.g_IMCoefHigh = c.high;
@@ -132,7 +141,7 @@ void BandActivation::ResetPlot() {
     case ModeSweep:
         panel.m_f1_text = Fixed(plan.g_f1Start, 1);
         panel.m_f2_text = Fixed(plan.g_f2Fix, 1);
-        BuildSweepGrid(curve, band, c, working);
+        BuildGridInForce(m_Session, band);
         imFrequency = ImFrequency(band, c, plan.g_f1Start, plan.g_f2Fix);
         break;
     default:

@@ -26,10 +26,32 @@ constexpr int DeafMs = 5000;
 } // namespace
 
 Channel::Channel(Session& session, const Platform& platform, ChannelEvents& events, RunControl& run)
-    : m_Session(session), m_Platform(platform), m_Events(events), m_Run(run) {}
+    : m_Session(session), m_Platform(platform), m_Events(events), m_Run(run) {
+    session.link.queue.SetOnFirst([this] {
+        if (m_Resting)
+            Start();
+    });
+}
 
 void Channel::Start() {
+    m_Resting = false;
     m_Platform.timers.SetTimer(commsendtimer, SendPeriod);
+}
+
+void Channel::Stop() {
+    m_Resting = false;
+    m_Platform.timers.KillTimer(commsendtimer);
+}
+
+/// An idle line needs no hundred ticks a second: the next command that is queued wakes the timer.
+void Channel::RestWhenIdle() {
+    const LinkState& link = m_Session.link;
+    const RunState& run = m_Session.run;
+    if (!link.queue.Empty() || link.tagCommPend != 0 || link.g_bInitFlush || run.runOn ||
+        run.g_SweepPhase != PhaseIdle)
+        return;
+    m_Platform.timers.KillTimer(commsendtimer);
+    m_Resting = true;
 }
 
 void Channel::Reset() {
@@ -72,6 +94,7 @@ void Channel::OnSendTimer() {
     if (link.tagCommPend != 0 || link.queue.Empty()) {
         m_Events.LineIdle();
         WatchChain();
+        RestWhenIdle();
         return;
     }
     m_IdleTicks = 0;
@@ -278,7 +301,7 @@ void Channel::LoseContact(bool stopRun) {
         return;
     if (stopRun)
         m_Run.AbandonRun();
-    m_Platform.timers.KillTimer(commsendtimer);
+    Stop();
     link.queue.Clear();
     PauseStatusPoll();
     m_Session.panel.lamp = Lamp::NotReady;

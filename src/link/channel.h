@@ -47,6 +47,7 @@ public:
     Channel(Session& session, const Platform& platform, ChannelEvents& events, RunControl& run);
 
     void Start();         ///< starts commsendtimer
+    void Stop();          ///< stops it: nothing goes out, whatever is queued, until Start
     void OnSendTimer();   ///< commsendtimer
     void OnWaitTimer();   ///< WaitCommTimer
     void OnStatusTimer(); ///< settingchecktimer: the heartbeat of the idle link
@@ -68,6 +69,7 @@ private:
     void CommSend();
     void EndOfChain();
     void WatchChain();
+    void RestWhenIdle();
     void Write(const std::string& text, std::string_view payload);
     void ReceiveCounted();
     void ReceiveText();
@@ -88,6 +90,7 @@ private:
     RunControl& m_Run;
     std::string m_Input;            ///< the piece just read
     std::int64_t m_DeafSinceMs = 0; ///< when the last reply that was understood had gone out
+    bool m_Resting = false;         ///< commsendtimer sleeps until a command is queued
     int m_IdleTicks = 0;            ///< send ticks for which the chain has waited for nothing
 };
 

@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qor {
 
@@ -64,8 +66,11 @@ public:
         entry.tag = tag;
         entry.param = param;
         entry.payload.assign(payload);
-        ++m_Count;
+        if (++m_Count == 1 && m_OnFirst)
+            m_OnFirst();
     }
+    /// Called when a command joins an empty queue.
+    void SetOnFirst(std::function<void()> onFirst) { m_OnFirst = std::move(onFirst); }
     [[nodiscard]] std::size_t CommSendPoint() const { return m_Count; }
     [[nodiscard]] bool Empty() const { return m_Count == 0; }
     [[nodiscard]] bool Holds(std::string_view begin) const {
@@ -92,6 +97,7 @@ private:
     std::array<Entry, Capacity> m_Ring;
     std::size_t m_Head = 0;
     std::size_t m_Count = 0;
+    std::function<void()> m_OnFirst;
 };
 
 } // namespace qor

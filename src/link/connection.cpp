@@ -47,7 +47,7 @@ Connection::Search Connection::ScanComm() {
 Connection::Search Connection::TryPorts() {
     LinkState& link = m_Session.link;
     m_Channel.PauseStatusPoll();
-    m_Platform.timers.KillTimer(commsendtimer);
+    m_Channel.Stop();
     m_Channel.Reset();
     link.g_InstrStatus &= static_cast<std::uint8_t>(~0x04);
     m_Run.AbandonRun();
@@ -255,6 +255,7 @@ void Connection::ClosePortLater() {
     panel.m_Band_sel = NoBandText;
     link.m_Type.clear();
     link.m_CloseCountdown = CloseTicks;
+    m_Platform.timers.SetTimer(HousekeepingTimer, HousekeepingPeriod);
     m_Channel.PauseStatusPoll();
     for (const int timer : {WaitCommTimer, HardBandInitOn, scanCommtimer, commScan, openWatch})
         m_Platform.timers.KillTimer(timer);
@@ -266,13 +267,15 @@ void Connection::ClosePortLater() {
 
 void Connection::OnHousekeepingTimer() {
     LinkState& link = m_Session.link;
-    if (link.m_CloseCountdown == 0)
+    if (link.m_CloseCountdown == 0 || --link.m_CloseCountdown == 0) {
+        m_Platform.timers.KillTimer(HousekeepingTimer);
         return;
-    if (--link.m_CloseCountdown != 1)
+    }
+    if (link.m_CloseCountdown != 1)
         return;
     // Nothing may go out any more: a command that is sent opens the port.
     m_Channel.PauseStatusPoll();
-    m_Platform.timers.KillTimer(commsendtimer);
+    m_Channel.Stop();
     m_Platform.timers.KillTimer(WaitCommTimer);
     m_Channel.Reset();
     m_Platform.comm.SetPortOpen(false);

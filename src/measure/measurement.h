@@ -18,9 +18,9 @@ struct Session;
 /// A run from the start button to its end or stop. Everything happens in timer ticks and level replies; the
 /// curve is drawn by whoever shows the curve store.
 ///
-/// measurement_start.cpp begins a run, run_shapes.cpp holds what each of its shapes begins with, two_tone.cpp
-/// and sweep.cpp the ticks and end decisions (spectrum is a half sweep), measurement_end.cpp the ways a run
-/// ends, readings.cpp the road of a reading into the curve.
+/// measurement_start.cpp and inter_band_start.cpp begin a run, run_shapes.cpp holds what each of its shapes
+/// begins with, two_tone.cpp and sweep.cpp the ticks and end decisions (spectrum is a half sweep),
+/// measurement_end.cpp the ways a run ends, readings.cpp the road of a reading into the curve.
 class Measurement {
 public:
     Measurement(Session& session, const Platform& platform, SetupStore& store, Channel& channel,
@@ -49,8 +49,15 @@ private:
     void BeginRun();
     void StartFirstRun();
     [[nodiscard]] bool TakePath();
-    [[nodiscard]] bool TakeBandAndPlan(std::string& prefix);
+    [[nodiscard]] const BandInfo* TakeBand(const BandInfo* band);
+    [[nodiscard]] bool TakePlan(const BandInfo& band);
+    void TakePower(std::string_view prefix);
+    void StartShape(bool spectrumToo);
+    void StartMeasInterBand();
+    void AskForInterBand();
+    void QueueInterBandPower();
     void FillFixedReportTexts();
+    void FillBandReport(const BandInfo& band, std::string_view order);
     void FillSweepReport();
     void StartTwoTone();
     void StartSweep(bool prepared);
@@ -96,6 +103,7 @@ private:
     Channel& m_Channel;
     ReceiverAccess& m_Receiver;
     ResultFiles& m_Files;
+    Connection* m_StartButton = nullptr; ///< of the last press
 };
 
 } // namespace qor

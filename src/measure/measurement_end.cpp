@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "core/text_format.h"
 #include "core/timer_ids.h"
+#include "display/alarm.h"
 #include "display/curve_store.h"
 #include "link/channel.h"
 #include "measure/measurement.h"
@@ -18,6 +19,7 @@ namespace qor {
 /// The panel's idle look and the status poll, the same after every way a run ends.
 void Measurement::CommonFinish() {
     m_Session.run.runOn = false;
+    StopBeeper(m_Platform);
     m_Channel.ArmStatusPoll();
     m_Session.link.m_SetIMOrder.clear();
     m_Session.panel.lamp = Lamp::Ready;

@@ -4,6 +4,7 @@
 #include "core/session.h"
 #include "core/text_format.h"
 #include "core/timer_ids.h"
+#include "display/alarm.h"
 #include "display/curve_store.h"
 #include "link/channel.h"
 #include "link/connection.h"
@@ -41,6 +42,7 @@ void Measurement::OnMeasButton(Connection& connection) {
     ResultState& results = m_Session.results;
     RunState& run = m_Session.run;
     LinkState& link = m_Session.link;
+    m_StartButton = &connection;
     if (!results.g_bKeepSerial)
         results.m_DutSerial.clear();
     if (run.runOn) {
@@ -85,7 +87,7 @@ void Measurement::StartAfterConnect() {
 
 void Measurement::BeginRun() {
     LinkState& link = m_Session.link;
-    if (link.g_InitLamp < LampStatus || link.g_bInitFlush) {
+    if (!IsInitialised(m_Session)) {
         m_Platform.user.Message("Initialisieren, bitte warten!");
         return;
     }
@@ -95,6 +97,7 @@ void Measurement::BeginRun() {
         link.m_revdatastr.find("OUT OF RANGE") != std::string::npos ||
         link.m_revdatastr.find("PLL NOT LOCKED") != std::string::npos)
         link.m_revdatastr.clear(); // the error of an earlier run does not condemn this one
+    StartBeeper(m_Session, m_Platform);
     m_Channel.PauseStatusPoll();
     link.m_SetIMOrder = "0";
     m_Session.curve.g_shownRun = 0;
@@ -115,18 +118,31 @@ void Measurement::OnRestartTimer() {
 
 void Measurement::StartFirstRun() {
     StartMeas();
-    if (!m_Session.run.runOn)
-        m_Channel.ArmStatusPoll(); // refused: an idle link is watched as before
+    if (m_Session.run.runOn)
+        return;
+    StopBeeper(m_Platform);
+    m_Channel.ArmStatusPoll(); // refused: an idle link is watched as before
 }
 
 void Measurement::StartMeas() {
-    RunState& run = m_Session.run;
-    const PlanState& plan = m_Session.plan;
-    FillFixedReportTexts();
-    std::string prefix;
-    if (!TakePath() || !TakeBandAndPlan(prefix))
+    if (m_Session.interBand.g_bInterBand) {
+        StartMeasInterBand();
         return;
+    }
+    FillFixedReportTexts();
+    if (!TakePath())
+        return;
+    const BandInfo* band = TakeBand(FindBand(m_Session.select.m_BandId));
+    if (!band || !TakePlan(*band))
+        return;
+    TakePower(band->prefix);
+    FillBandReport(*band, "IM" + std::to_string(OrderOf(m_Session.select.m_IMIndex)));
+    StartShape(true);
+}
 
+/// Powers of the band's store; they describe the run in its report.
+void Measurement::TakePower(std::string_view prefix) {
+    const PlanState& plan = m_Session.plan;
     const PowerSetting power = ReadPowerStore(m_Store, prefix);
     m_Session.plan.strpow1 = power.tone1;
     m_Session.plan.strpow2 = power.tone2;
@@ -135,10 +151,14 @@ void Measurement::StartMeas() {
     };
     m_Session.results.g_reportLines[ReportPower] =
         TwoValues(atDevice(plan.strpow1), atDevice(plan.strpow2), "dBm");
+}
 
+/// Begins the run in the shape of the test method. Not every kind of run has a spectrum.
+void Measurement::StartShape(bool spectrumToo) {
+    RunState& run = m_Session.run;
     run.g_StartFail = StartDone;
     const bool prepared = (m_Session.link.g_InstrStatus & 0x04) != 0;
-    switch (run.g_TestMode) {
+    switch (run.g_TestMode == ModeSpectrum && !spectrumToo ? 0 : run.g_TestMode) {
     case ModeTwoTone:
         StartTwoTone();
         break;
@@ -194,23 +214,32 @@ bool Measurement::TakePath() {
     }
 }
 
-bool Measurement::TakeBandAndPlan(std::string& prefix) {
+/// Makes `band` the band of the run; null, with the start refused, when nothing is measured in it.
+const BandInfo* Measurement::TakeBand(const BandInfo* band) {
     PlanState& plan = m_Session.plan;
-    RunState& run = m_Session.run;
-    const int imIndex = m_Session.select.m_IMIndex;
-    m_Session.curve.g_SweepStep = 1.0f;
     plan.g_MeasBand = m_Session.select.m_BandId;
-    const BandInfo* band = FindBand(plan.g_MeasBand);
     if (!band || band->reportText.empty()) {
-        run.g_StartFail = StartRefused;
+        m_Session.run.g_StartFail = StartRefused;
         plan.g_BandRxLoss = 0;
         m_Platform.user.Message("Auswaehlen Breite");
-        return false;
+        return nullptr;
     }
     if (band->lossField >= 0)
         plan.g_BandRxLoss = plan.rxLoss[static_cast<std::size_t>(band->lossField)];
+    return band;
+}
 
-    const int number = band->number;
+void Measurement::FillBandReport(const BandInfo& band, std::string_view order) {
+    auto& lines = m_Session.results.g_reportLines;
+    lines[ReportBand] = std::string(band.reportText) + "/" + m_Session.link.g_ModelName + "/";
+    lines[ReportIM] = order;
+}
+
+bool Measurement::TakePlan(const BandInfo& band) {
+    PlanState& plan = m_Session.plan;
+    const int imIndex = m_Session.select.m_IMIndex;
+    const int number = band.number;
+    m_Session.curve.g_SweepStep = 1.0f;
     const auto builtIn = StartPlan(number, imIndex, plan.g_bridge3dB);
     const bool fewOrders =
         number == BandTetra390 || number == BandTetra392 || number == BandLte700L || number == BandLte700U;
@@ -219,26 +248,21 @@ bool Measurement::TakeBandAndPlan(std::string& prefix) {
         return false;
     }
     if (imIndex < 1 || imIndex > 5) {
-        run.g_StartFail = StartRefused;
+        m_Session.run.g_StartFail = StartRefused;
         m_Platform.user.Message("Auswaehlen IM");
         return false;
     }
-    prefix = band->prefix;
     if (builtIn)
         SetWorkingPlan(m_Session, *builtIn);
     if (number == BandTdScdmaA) {
         plan.g_f1 = ReadTdScdmaAF1(m_Store);
         plan.g_f2 = 2025.0f;
-    } else if (const auto stored = ReadPlanStore(m_Store, prefix, imIndex)) {
+    } else if (const auto stored = ReadPlanStore(m_Store, band.prefix, imIndex)) {
         SetWorkingPlan(m_Session, *stored);
     }
     const ImCoefficients c = CoefficientsOf(imIndex);
     plan.g_IMCoefHigh = c.high;
     plan.g_IMCoefLow = c.low;
-
-    auto& lines = m_Session.results.g_reportLines;
-    lines[ReportBand] = std::string(band->reportText) + "/" + m_Session.link.g_ModelName + "/";
-    lines[ReportIM] = "IM" + std::to_string(OrderOf(imIndex));
     return true;
 }
 

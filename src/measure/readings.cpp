@@ -2,6 +2,7 @@
 #include "bands/tenths.h"
 #include "core/session.h"
 #include "core/text_format.h"
+#include "display/alarm.h"
 #include "display/curve_store.h"
 #include "measure/measurement.h"
 
@@ -58,6 +59,7 @@ void Measurement::ShowLevel(float stored) {
     AppendFixed(panel.m_ReadingText, curve.g_UnitDbc ? stored - curve.g_CarrierDbm : stored, 1);
     if (NumberIn(panel.m_ReadingText) > NumberIn(curve.g_worstText))
         curve.g_worstText = panel.m_ReadingText;
+    LevelShown(m_Session);
 }
 
 /// The frequency texts follow the points, not the commands: the queue may run behind the ticks.

@@ -7,6 +7,7 @@
 #include "display/curve_store.h"
 #include "link/commands.h"
 #include "link/firmware.h"
+#include "measure/inter_band.h"
 #include "measure/measurement.h"
 #include "platform/platform.h"
 #include "platform/timers.h"
@@ -75,6 +76,7 @@ void Measurement::StartTwoTone() {
     if (panel.m_Path_sel == TransmissionText)
         queue.Append("#SMTRA");
     QueuePathOnFirstRun();
+    QueueInterBandPower();
     queue.Append(WithTenths("#SFA", plan.g_f1), TagPlain);
     queue.Append(WithTenths("#SFB", plan.g_f2), TagLevel);
     if (!Internal())
@@ -112,14 +114,15 @@ void Measurement::ClearForSweep() {
     m_Session.link.g_CurParam = 0;
 }
 
-/// Carriers and pass selectors of firmware 5.3 and later.
+/// Carriers and pass selectors of firmware 5.3 and later. An inter-band run does the same before each pass.
 void Measurement::QueueSweepPasses() {
     RunState& run = m_Session.run;
     CommandQueue& queue = m_Session.link.queue;
+    const bool interBand = m_Session.interBand.g_bInterBand;
     run.g_SweepPause = 0;
-    if (m_Session.curve.g_runIndex == 0) {
+    if (m_Session.curve.g_runIndex == 0 || interBand) {
         queue.Append("#MDNL0");
-        if (!run.g_bSaEnclosed)
+        if (!run.g_bSaEnclosed || interBand)
             QueueSilence(10);
     } else if (!run.g_bSaEnclosed) {
         if (run.g_SweepIntervalLeft == 0) {
@@ -145,14 +148,14 @@ void Measurement::StartSweep(bool prepared) {
     curve.g_worstFreq = 0;
     curve.g_worstLevel = 0;
     FillSweepReport();
-    BuildSweepGrid(curve, plan.g_MeasBand, {plan.g_IMCoefHigh, plan.g_IMCoefLow}, WorkingPlan(m_Session));
+    BuildGridInForce(m_Session, plan.g_MeasBand);
     ClearForSweep();
     if (run.g_FirstRun && !prepared)
         QueueBandReselection();
     if (FirmwareFrom(firmware, 53))
         QueueSweepPasses();
     // The first run of "Spectrum Analyze Enclosed" sweeps with the carriers off.
-    if (!(run.g_bSaEnclosed && curve.g_runIndex == 0)) {
+    if (m_Session.interBand.g_bInterBand || !run.g_bSaEnclosed || curve.g_runIndex != 0) {
         queue.Append("#SPA1");
         queue.Append("#SPB1");
     }
@@ -163,6 +166,7 @@ void Measurement::StartSweep(bool prepared) {
     if (!prepared) {
         if (run.g_FirstRun && FirmwareFrom(firmware, 35))
             queue.Append("#RECUT1");
+        QueueInterBandPower();
         QueuePathOnFirstRun();
     }
     queue.Append(WithTenths("#SFB", plan.g_f2Fix));

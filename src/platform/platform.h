@@ -3,6 +3,7 @@
 namespace qor {
 
 class CMSComm;
+class Dialogs;
 class Launcher;
 class Operator;
 class PortList;
@@ -23,6 +24,7 @@ struct Platform {
     PowerSensorLibrary* sensor = nullptr; ///< none: every reading stays without a result
     Speaker* speaker = nullptr;           ///< none: silence
     Launcher* launcher = nullptr;         ///< none: nothing else can be started
+    Dialogs* dialogs = nullptr;           ///< none: what a dialog would settle is refused
 };
 
 } // namespace qor

@@ -13,12 +13,12 @@ namespace {
 /// The unfinished file: gone again unless it is moved to its place.
 class PartFile {
 public:
-    explicit PartFile(const std::filesystem::path& target) {
+    PartFile(const std::filesystem::path& target, unsigned mode) {
         // A part of a program that was killed may carry our process number by chance.
         for (int attempt = 0; attempt < 100; ++attempt) {
             m_Name =
                 target.string() + '.' + std::to_string(::getpid()) + '-' + std::to_string(attempt) + ".part";
-            m_File = ::open(m_Name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            m_File = ::open(m_Name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
             m_Made = m_File >= 0;
             if (m_Made || errno != EEXIST)
                 return;
@@ -62,12 +62,12 @@ private:
 
 } // namespace
 
-std::string WriteAtomically(const std::filesystem::path& path, std::string_view bytes) {
+std::string WriteAtomically(const std::filesystem::path& path, std::string_view bytes, unsigned mode) {
     std::error_code unknown;
     const auto status = std::filesystem::status(path, unknown);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
         return path.string() + ": not a regular file"; // a rename would put the result in a device's place
-    PartFile part(path);
+    PartFile part(path, mode);
     if (part.IsOpen() && part.Write(bytes) && part.MoveTo(path))
         return {};
     const int reason = errno;

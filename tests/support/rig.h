@@ -63,9 +63,12 @@ public:
 class Rig {
 public:
     explicit Rig(const sim::InstrumentConfig& config = {}, VisaLibrary* visa = nullptr,
-                 PowerSensorLibrary* sensor = nullptr)
+                 PowerSensorLibrary* sensor = nullptr, Dialogs* dialogs = nullptr,
+                 Launcher* launcher = nullptr)
         : instrument(config), line(instrument), ports(time.later), port(ports, time.later), wire(time.clock),
-          comm(port, wire), program({comm, ports, time.timers, time.clock, user, visa, sensor}, dir.Path()) {
+          comm(port, wire),
+          program({comm, ports, time.timers, time.clock, user, visa, sensor, nullptr, launcher, dialogs},
+                  dir.Path()) {
         ports.Add(line, "/dev/ttySIM0");
     }
 

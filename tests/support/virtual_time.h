@@ -41,7 +41,9 @@ public:
         explicit Clock(VirtualTime& time) : m_Time(time) {}
         [[nodiscard]] std::int64_t TickMs() const override { return m_Time.m_NowUs / 1000; }
         void Sleep(int ms) override { m_Time.m_NowUs += std::int64_t{ms} * 1000; }
-        [[nodiscard]] LocalTime Now() const override { return {2026, 3, 7, 9, 5}; }
+        [[nodiscard]] LocalTime Now() const override { return {2026, 3, 7, 9, 5, second}; }
+
+        int second = 12;
 
     private:
         VirtualTime& m_Time;

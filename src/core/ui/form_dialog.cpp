@@ -80,7 +80,7 @@ QPushButton* FormDialog::AddButton(std::string_view caption, std::function<void(
     auto* button = new QPushButton(Tr(caption));
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, this, std::move(pressed));
-    static_cast<QHBoxLayout*>(m_ButtonRow)->insertWidget(m_ButtonRow->count() - 3, button);
+    static_cast<QHBoxLayout*>(m_ButtonRow)->insertWidget(m_LeftButtons++, button);
     return button;
 }
 

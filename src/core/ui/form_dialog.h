@@ -52,6 +52,7 @@ private:
     QVBoxLayout* m_Column;
     QLabel* m_Fault;
     QLayout* m_ButtonRow = nullptr;
+    int m_LeftButtons = 0;
     std::function<bool()> m_Accept;
 };
 

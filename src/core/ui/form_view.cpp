@@ -4,6 +4,7 @@
 #include "core/program.h"
 #include "core/ui/pictures.h"
 #include "core/ui/text.h"
+#include "display/alarm.h"
 #include "display/ui/curve_wnd.h"
 #include "platform/serial_control.h"
 
@@ -13,6 +14,9 @@ namespace qor::ui {
 
 namespace {
 
+// shown to the operator
+constexpr std::string_view MarkerTitles[] = {"----- Marker 1 ------", "----- Marker 2 ------",
+                                             "----- Marker 3 ------"};
 constexpr int SettleMs = 400; ///< a window manager answers a resize within this
 
 /// Text into a field unless it stands there; a field that is being typed in is left alone.
@@ -24,6 +28,15 @@ void Show(QLineEdit* field, const QString& text) {
 void Show(QLabel* label, const QString& text) {
     if (label->text() != text)
         label->setText(text);
+}
+
+/// A property that the style sheet looks at.
+void SetFlag(QWidget* widget, const char* name, bool on) {
+    if (widget->property(name).toBool() == on)
+        return;
+    widget->setProperty(name, on);
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
 }
 
 /// Largest font of the widget's family in which the text fits its room.
@@ -100,6 +113,7 @@ void CTestSDIFormView::BuildCells() {
         m_ListRow[row]->setFocusPolicy(Qt::StrongFocus);
         m_ListRow[row]->installEventFilter(this);
     }
+    // shown to the operator
     static constexpr std::pair<std::string_view, std::string_view> Buttons[] = {
         {"|<", "Zum Anfang der Liste"},
         {"<<", "Einen Eintrag zurueck"},
@@ -158,7 +172,7 @@ void CTestSDIFormView::BuildMarkers() {
     for (std::size_t n = 0; n < m_Marker.size(); ++n) {
         MarkerRow& row = m_Marker[n];
         const std::string number = std::to_string(n + 1);
-        row.box = new QGroupBox(Tr("----- Marker " + number + " ------"), this);
+        row.box = new QGroupBox(Tr(MarkerTitles[n]), this);
         row.on = AddButton({}, "Marker ein- und ausschalten", [this, n] { ToggleMarker(n); });
         row.on->setAccessibleName("Marker " + QString::number(n + 1));
         row.on->setObjectName(QStringLiteral("small"));
@@ -221,13 +235,18 @@ void CTestSDIFormView::LeaveFields() {
         TakeLimit();
 }
 
-QString CTestSDIFormView::StateText() const {
+/// The lamp as it is shown: green only when a press of the start button would start a run.
+Lamp CTestSDIFormView::ShownLamp() const {
     const Session& session = m_Program.State();
+    if (session.run.runOn)
+        return Lamp::Running;
+    return session.panel.lamp == Lamp::Ready && IsInitialised(session) ? Lamp::Ready : Lamp::NotReady;
+}
+
+QString CTestSDIFormView::StateText() const {
     if (m_Program.IsLeaving())
         return Tr("Programm wird beendet");
-    if (session.run.runOn)
-        return Tr("Messung laeuft");
-    switch (session.panel.lamp) {
+    switch (ShownLamp()) {
     case Lamp::Ready:
         return Tr("Bereit");
     case Lamp::Running:
@@ -251,6 +270,7 @@ void CTestSDIFormView::RefreshCells() {
     Show(m_F2, Plain(panel.m_f2_text));
     Show(m_Fim, Plain(panel.m_fIM_text));
     Show(m_Reading, Plain(panel.m_ReadingText).trimmed());
+    SetFlag(m_Reading, "over", IsOverLimit(session));
     Show(m_ReadingUnit, Plain(unit));
     Show(m_Alarm, Plain(panel.m_AlarmText));
     Show(m_AlarmUnit, Plain(unit));
@@ -258,7 +278,7 @@ void CTestSDIFormView::RefreshCells() {
     m_Serial->setVisible(session.appearance.serialShown);
     m_SerialLabel->setVisible(session.appearance.serialShown);
     m_Path->Show(session.select.m_PathMode == 1);
-    m_Lamp->Show(session.run.runOn ? Lamp::Running : panel.lamp, state);
+    m_Lamp->Show(ShownLamp(), state);
     m_Start->Show(session.run.runOn, m_Layout.picture == StartPicture::Small,
                   session.run.runOn ? Tr("Halten Messung") : Tr("Beginnen Messung"));
     m_Start->setAccessibleName(m_Start->text());
@@ -267,6 +287,7 @@ void CTestSDIFormView::RefreshCells() {
 void CTestSDIFormView::RefreshPort() {
     const Session& session = m_Program.State();
     const LinkState& link = session.link;
+    // shown to the operator
     static constexpr std::string_view Captions[] = {"Scannen Port", "Oeffnen Port", "Ausschalten Port"};
     const QString caption = Tr(Captions[static_cast<int>(link.portButton)]);
     if (m_PortButton->text() != caption) {
@@ -405,18 +426,48 @@ void CTestSDIFormView::resizeEvent(QResizeEvent*) {
 }
 
 void CTestSDIFormView::TakeLimit() {
-    m_Alarm->setModified(false);
+    if (!m_Alarm->isModified())
+        return;
+    m_Alarm->setModified(false); // a refusal's message takes the focus away and must not ask again
+    if (!EnterLimit(Utf8(m_Alarm->text()), m_Program.State(), m_Program.Parts(), m_Program.Stores())) {
+        m_Alarm->setFocus(Qt::OtherFocusReason);
+        m_Alarm->selectAll();
+    }
+    if (m_AfterCommand)
+        m_AfterCommand();
 }
 
 void CTestSDIFormView::RefreshMarkers() {}
 
 void CTestSDIFormView::RefreshList() {
     const ResultState& results = m_Program.State().results;
-    for (std::size_t row = 0; row < m_ListRow.size(); ++row)
-        Show(m_ListRow[row], Plain(results.m_FileRow[row]));
+    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
+        QLineEdit* field = m_ListRow[row];
+        Show(field, Plain(results.m_FileRow[row]));
+        SetFlag(field, "shown", results.g_FileShown == static_cast<int>(row));
+    }
 }
 
-void CTestSDIFormView::PressListButton(std::size_t) {}
+void CTestSDIFormView::PressListButton(std::size_t n) {
+    ListPanel& list = m_Program.List();
+    static constexpr void (ListPanel::*Presses[])() = {
+        &ListPanel::First, &ListPanel::Back, &ListPanel::Forward, &ListPanel::Last, &ListPanel::Remove};
+    (list.*Presses[n])();
+}
+
+/// A row of the list is chosen by a click, or by the space or return key on it.
+bool CTestSDIFormView::eventFilter(QObject* watched, QEvent* event) {
+    const auto row = std::find(m_ListRow.begin(), m_ListRow.end(), watched);
+    bool chosen = event->type() == QEvent::MouseButtonPress;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        chosen = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    }
+    if (row == m_ListRow.end() || !chosen)
+        return QWidget::eventFilter(watched, event);
+    Pressed([this, n = static_cast<int>(row - m_ListRow.begin())] { m_Program.List().ClickRow(n); });
+    return true;
+}
 void CTestSDIFormView::ToggleMarker(std::size_t) {}
 void CTestSDIFormView::TakeMarkerChecks(std::size_t) {}
 void CTestSDIFormView::TakeMarkerPosition(std::size_t) {}

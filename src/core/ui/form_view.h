@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/panel.h"
 #include "core/panel_layout.h"
 
 #include <QTimer>
@@ -50,6 +51,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct MarkerRow {
@@ -82,6 +84,7 @@ private:
     void TakeMarkerChecks(std::size_t n);
     void TakeMarkerPosition(std::size_t n);
     void Pressed(const std::function<void()>& what);
+    [[nodiscard]] Lamp ShownLamp() const;
     [[nodiscard]] QString StateText() const;
     void Place(QWidget* widget, Control control);
     void PlaceMarkerRow(const MarkerRow& row, const PanelRect& box);

@@ -1,7 +1,7 @@
 #include "core/ui/main_frame.h"
 
-#include "core/program.h"
 #include "core/panel_layout.h"
+#include "core/program.h"
 #include "core/ui/form_view.h"
 #include "core/ui/looks.h"
 #include "core/ui/open_dialog.h"
@@ -130,6 +130,8 @@ void CMainFrame::ApplyAppearance() {
             m_Form->Relayout();
         else
             ResizeToLayout();
+        if (!m_Shown) // the frame's own size is only known once the window manager has made it
+            QTimer::singleShot(150, this, [this] { ResizeToLayout(); });
         m_Shown = true;
     }
 }

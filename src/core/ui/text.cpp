@@ -4,6 +4,17 @@
 
 namespace qor::ui {
 
+QString Tr(std::string_view text) {
+    constexpr std::string_view Blank = " \t\n";
+    const std::size_t first = text.find_first_not_of(Blank);
+    if (first == std::string_view::npos)
+        return Plain(text);
+    const std::size_t end = text.substr(0, text.find('\t', first)).find_last_not_of(Blank) + 1;
+    const std::string key(text.substr(first, end - first));
+    return Plain(text.substr(0, first)) + QCoreApplication::translate("qor", key.c_str()) +
+           Plain(text.substr(end));
+}
+
 namespace {
 
 QString TrParts(const QString& text, const QString& separator) {

@@ -17,10 +17,9 @@ namespace qor::ui {
     return text.toStdString();
 }
 
-/// A text of the program in the language in force. The German text in the source is its key.
-[[nodiscard]] inline QString Tr(std::string_view text) {
-    return text.empty() ? QString() : QCoreApplication::translate("qor", std::string(text).c_str());
-}
+/// A text of the program in the language in force. The German text in the source is its key, without blanks
+/// at its ends and without the key behind a menu item's tab; both stay as they are.
+[[nodiscard]] QString Tr(std::string_view text);
 
 /// A text the engine has put together: the whole when the catalogue has it, else each of its lines, else what
 /// stands before and behind the first ": " or a number in it.

@@ -1,6 +1,8 @@
 #include "display/ui/curve_wnd.h"
 
 #include "core/program.h"
+#include "core/ui/text.h"
+#include "display/curve_store.h"
 
 #include <QtWidgets>
 
@@ -11,13 +13,39 @@ CCurveWnd::CCurveWnd(Program& program, QWidget* parent) : QWidget(parent), m_Pro
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void CCurveWnd::Refresh() {}
-
-void CCurveWnd::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), Qt::black);
+void CCurveWnd::Refresh() {
+    Session& session = m_Program.State();
+    CurveState& curve = session.curve;
+    if (curve.g_curveDirty != 0) {
+        curve.g_curveDirty = 0;
+        UpdateCurveArrays(curve, session.receiver.tagReceiver == 1);
+    }
+    const PlotGeometry plot = ComputeLayout(curve, width(), height());
+    SearchMaxima(curve);
+    PlotFacts facts = FactsOf(session);
+    facts.narrowScreen = m_Narrow;
+    facts.translate = [](std::string_view text) { return Utf8(Tr(text)); };
+    const QRegion changed = m_Painter.Update(curve, plot, facts, devicePixelRatioF());
+    if (!changed.isEmpty())
+        update(changed);
 }
 
-void CCurveWnd::resizeEvent(QResizeEvent*) {}
+void CCurveWnd::paintEvent(QPaintEvent* event) {
+    const QImage& image = m_Painter.Image();
+    QPainter painter(this);
+    if (image.isNull()) {
+        painter.fillRect(event->rect(), Qt::black);
+        return;
+    }
+    const double ratio = image.devicePixelRatio();
+    for (const QRect& area : event->region()) {
+        const QRectF source(area.x() * ratio, area.y() * ratio, area.width() * ratio, area.height() * ratio);
+        painter.drawImage(QRectF(area), image, source);
+    }
+}
+
+void CCurveWnd::resizeEvent(QResizeEvent*) {
+    Refresh();
+}
 
 } // namespace qor::ui

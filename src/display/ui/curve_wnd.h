@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QImage>
+#include "display/paint/plot_painter.h"
+
 #include <QWidget>
 
 namespace qor {
@@ -25,6 +26,7 @@ protected:
 
 private:
     Program& m_Program;
+    PlotPainter m_Painter;
     bool m_Narrow = false;
 };
 

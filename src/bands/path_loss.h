@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace qor {
+
+class SetupStore;
+struct Platform;
+struct Session;
+
+/// Highest path loss that can be set, dB; the lowest is 0.
+inline constexpr double HighestPathLoss = 9.9;
+
+/// Loss of the cables from the ports to the device, dB. Takes both over and keeps them in `pathloss.ccz` and
+/// `pathloss2.ccz`, cut to tenths; port 2 stays 0 on an installation without it. In dBc the reference becomes
+/// the power that reaches the device over port 1.
+///
+/// False, with a message and nothing changed, for a loss out of range, and in dBc without a band.
+bool ApplyPathLoss(double port1, double port2, Session& session, const Platform& platform, SetupStore& store);
+
+/// Loss of port 2, for this session only. False, with a message, when it is out of range.
+bool SetPort2Loss(double port2, Session& session, const Platform& platform);
+
+/// Powers of the tones for the title line of the compensation dialog: tone 1 less the path loss, padded to 15
+/// characters, and tone 2. Takes the powers of the selected band from its store.
+[[nodiscard]] std::string CompensationTitle(Session& session, SetupStore& store);
+
+/// Takes over what band activation adds to the tone powers, texts in dB; the curve is cleared, because it was
+/// measured with other powers. False, with a message and nothing changed, for a text that is not 0 or more,
+/// and where a tone would exceed 46.0 dBm.
+bool ApplyCompensation(std::string_view f1, std::string_view f2, Session& session, const Platform& platform,
+                       SetupStore& store);
+
+/// Lets the operator choose a receive loss table, makes it `loss.conf` and reads it. False when none was
+/// chosen or, with a message, when it cannot be copied.
+bool LoadRxLoss(Session& session, const Platform& platform, SetupStore& store);
+
+} // namespace qor

@@ -1,0 +1,45 @@
+#include "tools/side_tool.h"
+
+#include "bands/setup_store.h"
+#include "platform/launcher.h"
+#include "platform/operator.h"
+#include "platform/platform.h"
+
+#include <filesystem>
+#include <string>
+
+namespace qor {
+
+namespace {
+
+constexpr std::string_view ToolStore = "QorTool.ccz";
+constexpr std::string_view ToolProgram = "QorTool.exe";
+
+} // namespace
+
+bool StartSideTool(const SetupStore& store, const Platform& platform) {
+    namespace fs = std::filesystem;
+    const auto failed = [&platform](const std::string& why) {
+        platform.user.Message("Misserfolg\n" + why);
+        return false;
+    };
+    const fs::path packed = store.PathOf(ToolStore);
+    const fs::path program = store.PathOf(ToolProgram);
+    std::error_code error;
+    if (!fs::is_regular_file(packed, error))
+        return failed("QorTool: nicht installiert (" + packed.string() + ")");
+    fs::copy_file(packed, program, fs::copy_options::overwrite_existing, error);
+    if (!error)
+        fs::permissions(program, fs::perms::owner_exec, fs::perm_options::add, error);
+    if (error)
+        return failed(program.string() + ": " + error.message());
+    if (!platform.launcher || !platform.launcher->Start(program))
+        return failed(program.string());
+    return true;
+}
+
+void RemoveSideTool(SetupStore& store) {
+    store.Remove(ToolProgram);
+}
+
+} // namespace qor

@@ -1,0 +1,66 @@
+// Any bytes as a comment store, a pointer to a saved configuration, its contents, or a field of the
+// calculator.
+
+#include "core/configuration.h"
+#include "tools/calculator.h"
+#include "tools/comment.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+void Require(bool condition) {
+    if (!condition)
+        std::abort();
+}
+
+bool HasSoftBreak(const std::string& text) {
+    return text.find("\r\r\n") != std::string::npos;
+}
+
+void TryComment(const std::string& text) {
+    const std::string shown = qor::ShownComment(text);
+    const std::string stored = qor::StoredComment(shown);
+    Require(stored.size() <= qor::LongestComment && stored.size() % (qor::CommentColumns + 2) == 0);
+    if (stored.size() < qor::LongestComment)
+        Require(qor::ShownComment(stored) ==
+                qor::ShownComment(qor::StoredComment(qor::ShownComment(stored))));
+    Require(qor::StoredComment(text).size() <= qor::LongestComment);
+
+    std::string edited = text;
+    std::size_t caret = text.size() / 2;
+    qor::WrapComment(edited, caret);
+    Require(caret <= edited.size());
+    if (text.find('\r') == std::string::npos) { // as an editor hands it over
+        std::string again = edited;
+        qor::WrapComment(again, caret);
+        Require(again == edited);
+        Require(HasSoftBreak(edited) == (text.size() > qor::CommentColumns));
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    TryComment(text);
+
+    if (const auto folder = qor::ConfigurationFolder(text))
+        Require(folder->size() == 14 && folder->find_first_not_of("0123456789") == std::string::npos);
+    if (const auto files = qor::ParseContents(text)) {
+        for (const qor::ConfigurationFile& file : *files) {
+            Require(!file.name.empty() && file.name.front() != '/');
+            Require(("/" + file.name + "/").find("/../") == std::string::npos);
+        }
+    }
+    for (const auto field : {qor::CalculatorField::Dbm, qor::CalculatorField::Mw, qor::CalculatorField::Mv,
+                             qor::CalculatorField::Zo}) {
+        qor::CalculatorFields fields{text, text, text, field == qor::CalculatorField::Zo ? text : "50"};
+        qor::Calculate(fields, field);
+        for (const std::string& shown : {fields.dBm, fields.mW, fields.mV})
+            Require(shown == text || shown.find_first_not_of("-.0123456789") == std::string::npos);
+    }
+    return 0;
+}

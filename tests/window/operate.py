@@ -1,0 +1,141 @@
+"""An operator's session at the window, through keyboard and mouse: from the green lamp to saved and loaded
+results, with the refusals on the way. Usage: operate.py QOR"""
+import os
+import pathlib
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, os.path.dirname(__file__))
+from qor_window import Failure, QorWindow  # noqa: E402
+
+
+def expect(condition, complaint):
+    if not condition:
+        raise Failure(complaint)
+
+
+def refused(window, text):
+    shown = window.message()
+    expect(text in shown, f'the message reads "{shown}", not "{text}"')
+    window.key("Return")
+    window.wait(lambda: window.open_dialog() is None, 5, "the message closes")
+
+
+def measure(window, seconds=60):
+    window.key("ctrl+m")
+    window.wait_text("Zustand", "Messung laeuft")
+    window.need("Halten Messung")
+    window.wait_text("Zustand", "Bereit", seconds)
+    expect(float(window.text("m_ReadingText")) < -60, "a level is shown")
+
+
+def save(window, path):
+    window.key("ctrl+t")
+    window.dialog()
+    window.type(str(path))
+    window.key("Return")
+    window.wait(path.exists, 10, f"{path} is written")
+    window.wait(lambda: window.open_dialog() is None, 5, "the file dialog closes")
+
+
+def session(window, folder):
+    window.wait_text("Zustand", "Bereit", 40)
+
+    # Band by the mouse, order by the keyboard; the panel follows.
+    window.menu("Breite", "EGSM 900")
+    window.wait_text("m_Band_sel", "EGSM")
+    window.key("ctrl+5")
+    window.wait_text("m_IM_sel", "IM5")
+    window.key("ctrl+3")
+    window.wait_text("m_IM_sel", "IM3")
+
+    # A 2-tone run that passes; in the middle of it nothing else can be set up.
+    window.key("ctrl+m")
+    window.wait_text("Zustand", "Messung laeuft")
+    window.key("ctrl+5")
+    refused(window, "Halten Messung erst!")
+    window.key("ctrl+x")
+    refused(window, "Halten Messung erst!")
+    window.wait_text("Zustand", "Bereit", 60)
+    window.screenshot(str(folder / "two_tone.png"))
+    save(window, folder / "two_tone.dat")
+
+    # A limit below what is measured: the next run fails. It is set in the panel's box.
+    window.click("m_AlarmText")
+    window.key("ctrl+a")
+    window.type("-120")
+    window.key("Tab")
+    measure(window)
+    window.screenshot(str(folder / "failed.png"))
+    window.click("m_AlarmText")
+    window.key("ctrl+a")
+    window.type("5")
+    window.key("Tab")
+    refused(window, "should be in range 0 ~ -200")
+    window.key("ctrl+a")
+    window.type("-90")
+    window.key("Tab")
+
+    # A sweep, stopped by the button and made again to its end.
+    window.menu("Messung", "Scannen")
+    window.wait_text("m_Mode_sel", "Scannen Modell")
+    window.click("Beginnen Messung")
+    window.wait_text("Zustand", "Messung laeuft")
+    time.sleep(1)
+    window.click("Halten Messung")
+    window.wait_text("Zustand", "Bereit")
+    measure(window)
+    window.screenshot(str(folder / "sweep.png"))
+    save(window, folder / "sweep.dat")
+
+    # Both files loaded again: the list shows them, and a click on the other row shows that one.
+    window.key("ctrl+l")
+    window.dialog()
+    window.type(f'"{folder}/two_tone.dat" "{folder}/sweep.dat"')
+    window.key("Return")
+    window.wait_text("m_FileRow1", "two_tone.dat")
+    window.wait_text("m_FileRow2", "sweep.dat")
+    window.wait_text("m_Mode_sel", "2 Ton Modell")
+    window.click("m_FileRow2")
+    window.wait_text("m_Mode_sel", "Scannen Modell")
+    window.screenshot(str(folder / "loaded.png"))
+
+    # dBc and back, the plot alone and back.
+    window.menu("Anzeige", "Einheit: dBm/dBc")
+    window.wait_text("m_AlarmText", "-133.0")
+    window.menu("Anzeige", "Einheit: dBm/dBc")
+    window.wait_text("m_AlarmText", "-90.0")
+
+    # The way out asks; No stays, Yes ends in order.
+    window.key("ctrl+x")
+    window.dialog()
+    window.key("alt+n")
+    window.wait(lambda: window.open_dialog() is None, 5, "No stays")
+    window.click("Exit")
+    window.dialog()
+    window.key("alt+j")
+    status = window.process.wait(15)
+    expect(status == 16, f"it ended with {status}")
+
+
+def main():
+    program = sys.argv[1]
+    with tempfile.TemporaryDirectory() as temporary:
+        folder = pathlib.Path(sys.argv[2]) if len(sys.argv) > 2 else pathlib.Path(temporary)
+        folder.mkdir(parents=True, exist_ok=True)
+        for old in folder.glob("*.dat"):
+            old.unlink()
+        with tempfile.TemporaryDirectory() as stores:
+            window = QorWindow(program, "--data-dir", stores, "--simulate", "RT-DB22:6.2")
+            try:
+                session(window, folder)
+            except Failure:
+                window.screenshot(str(folder / "failure.png"))
+                raise
+            finally:
+                window.close()
+    print("The operator is content.")
+
+
+main()
