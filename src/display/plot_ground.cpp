@@ -17,6 +17,11 @@ constexpr int EndRoom = 30;      ///< the number at the end of the time axis kee
 constexpr Rgb TitleColour = 0x00FAE6;
 constexpr Rgb LabelColour = 0x00C8B4;
 
+// shown to the operator
+constexpr std::string_view TimeText = "Ziet: Sek.";
+// shown to the operator
+constexpr std::string_view FrequencyText = "Freq: MHz";
+
 struct Ground {
     std::vector<PlotItem>& items;
     const CurveState& curve;
@@ -138,7 +143,7 @@ void AddGround(std::vector<PlotItem>& items, const CurveState& curve, const Plot
                                 std::string(PlotTitle), TitleColour, TextSize(plot), PlotAlign::Centre,
                                 plot.Span()});
     items.emplace_back(PlotText{plot.right, plot.axis + plot.marginY + 20,
-                                Translated(facts, IsSweepCurve(curve) ? "Freq: MHz" : "Ziet: Sek."),
+                                Translated(facts, IsSweepCurve(curve) ? FrequencyText : TimeText),
                                 LabelColour, TextSize(plot), PlotAlign::Right});
     items.emplace_back(
         PlotText{plot.left - 35, 7, curve.g_UnitDbc ? "dBc    " : "dBm    ", colours.scale, NumberSize});

@@ -23,6 +23,16 @@ constexpr Rgb StampColour = 0x0000FF;
 constexpr Rgb NearlyBlack = 0x000500;
 constexpr double NoLevel = -0.1; ///< a text or maximum that is not below is no level
 
+// shown to the operator: errors of the instrument
+constexpr std::array<std::string_view, 3> ErrorTexts = {
+    "ERR0 - SYNTAX ERROR", "ERR1 - Parameter out of limits.", "ERR2 - PLL not locket."};
+// shown to the operator
+constexpr std::string_view PassText = "Durch";
+// shown to the operator
+constexpr std::string_view FailText = "Misserfolg";
+// shown to the operator
+constexpr std::string_view WorstText = "Meist Posten:";
+
 constexpr std::array<Rgb, 10> Palette = {0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0x128A87,
                                          0xFF7D19, 0x1E5050, 0xFF0000, 0x00FF00, 0xFF7D96};
 
@@ -97,10 +107,9 @@ void AddStatusTexts(std::vector<PlotItem>& items, const CurveState& curve, const
                     const PlotFacts& facts) {
     if (const std::string& worst = curve.g_worstText; !worst.empty() && worst != "-300") {
         const bool announced = facts.tagEndless && NumberIn(worst) < 0.0;
-        items.emplace_back(PlotText{plot.left,
-                                    std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot))),
-                                    announced ? Translated(facts, "Meist Posten:") + " " + worst : worst,
-                                    StatusColour, TextSize(plot)});
+        items.emplace_back(PlotText{
+            plot.left, std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot))),
+            announced ? Translated(facts, WorstText) + " " + worst : worst, StatusColour, TextSize(plot)});
     }
     const bool powered = facts.bandSelected && (facts.power1 >= 0.1 || facts.power2 >= 0.1);
     if (powered && !facts.g_calDisplay)
@@ -111,14 +120,7 @@ void AddStatusTexts(std::vector<PlotItem>& items, const CurveState& curve, const
 }
 
 std::string_view ErrorText(int verdict) {
-    switch (verdict) {
-    case VerdictSyntaxError:
-        return "ERR0 - SYNTAX ERROR";
-    case VerdictOutOfRange:
-        return "ERR1 - Parameter out of limits.";
-    default:
-        return "ERR2 - PLL not locket.";
-    }
+    return ErrorTexts[static_cast<std::size_t>(verdict - VerdictSyntaxError)];
 }
 
 /// The verdict of the run over the upper right of the plot; an error of the instrument over all its width.
@@ -143,10 +145,10 @@ void AddStamp(std::vector<PlotItem>& items, const CurveState& curve, const PlotG
         return;
     const int left = plot.right * 3 / 4;
     const int width = plot.right - left;
-    const std::string_view text = passed ? (facts.narrowScreen ? "Durch" : "    Durch")
-                                         : (facts.narrowScreen ? "Misserfolg" : " Misserfolg");
+    const std::string indent = facts.narrowScreen ? "" : passed ? "    " : " ";
+    std::string text = indent + Translated(facts, passed ? PassText : FailText);
     items.emplace_back(PlotBox{left, plot.top + 5, width, 85, passed ? PassGreen : FailRed});
-    items.emplace_back(PlotText{left + width / 2, textY, Translated(facts, text), StampColour, StampSize,
+    items.emplace_back(PlotText{left + width / 2, textY, std::move(text), StampColour, StampSize,
                                 PlotAlign::Centre, width - 16, PlotFont::Stamp});
 }
 
