@@ -139,7 +139,8 @@ void AddGround(std::vector<PlotItem>& items, const CurveState& curve, const Plot
     Ground ground{items, curve, plot, facts, ColoursOf(facts.look, facts.m_PrintMode)};
     const PlotColours& colours = ground.colours;
     items.emplace_back(PlotBox{0, 0, plot.width, plot.height, colours.background});
-    items.emplace_back(PlotText{(plot.left + plot.right) / 2, plot.top - 2 * plot.marginY,
+    items.emplace_back(PlotText{(plot.left + plot.right) / 2,
+                                std::min(plot.top - 2 * plot.marginY, plot.top - LineHeight(TextSize(plot))),
                                 std::string(PlotTitle), TitleColour, TextSize(plot), PlotAlign::Centre,
                                 plot.Span()});
     items.emplace_back(PlotText{plot.right, plot.axis + plot.marginY + 20,
