@@ -269,6 +269,7 @@ void Commands::ClearDisplay() {
         return;
     ResetCurve(session.curve);
     ClearLevels(session.curve);
+    m_Program.Marks().Clear();
     session.curve.StoreDataPot = 0;
     session.curve.g_MeasVerdict = VerdictNone;
     session.panel.m_ReadingText.clear();

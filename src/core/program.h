@@ -64,6 +64,7 @@ public:
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
     [[nodiscard]] ListPanel& List() { return m_List; }
+    [[nodiscard]] Markers& Marks() { return m_Markers; }
     [[nodiscard]] const Platform& Parts() const { return m_Platform; }
 
 private:
@@ -88,6 +89,7 @@ private:
     ReceiverAccess m_Receiver;
     ResultFiles m_Files;
     ListPanel m_List;
+    Markers m_Markers;
     Channel m_Channel;
     BandActivation m_Activation;
     Initialisation m_Init;

@@ -59,6 +59,7 @@ void Measurement::OnMeasButton(Connection& connection) {
     run.g_SweepIntervalLeft = run.g_SweepInterval;
     run.g_bSweepIntervalOk = true;
     ResetCurve(m_Session.curve);
+    Markers(m_Session).Clear();
     if (run.tagEndless)
         m_Session.curve.g_worstText = "-300"; // any level is higher
     m_Session.panel.m_WorstFreqText.clear();
