@@ -16,6 +16,7 @@ constexpr int Grip = 20;     ///< pixels of a label that can be grabbed
 constexpr int LabelLeft = 8; ///< the label stands this far left of its point
 constexpr int LabelAbove = 28;
 constexpr int LabelBelow = 13;
+constexpr int FlagText = 20;         ///< the flag of the maximum has its text where the label would stand
 constexpr float LeastHigher = 0.05f; ///< dB by which a maximum displaces an earlier one
 
 void Forget(Marker& marker) {
@@ -324,7 +325,8 @@ void Markers::PlaceTwoTone(int number, Marker& marker, const PlotGeometry& plot,
         mark.y = plot.YOf(row[column]);
         if (!marker.g_markerDrag) {
             marker.g_markerLabelX = mark.labelX = std::min(mark.x, plot.right) - LabelLeft;
-            marker.g_markerLabelY = mark.labelY = mark.y - LabelAbove;
+            marker.g_markerLabelY = mark.labelY =
+                mark.y - LabelAbove - (static_cast<int>(column) == curve.g_maxUpIndex ? FlagText : 0);
         }
     }
     if (mark.onPoint || marker.g_markerDrag)
@@ -371,7 +373,10 @@ void Markers::PlaceSweep(int number, Marker& marker, const PlotGeometry& plot,
         MarkerMark mark{number, true, XOfPoint(curve, plot, column), plot.YOf(level), down, 0, 0};
         if (!marker.g_markerDrag) {
             marker.g_markerLabelX = mark.x - LabelLeft;
-            marker.g_markerLabelY = down ? mark.y + LabelBelow : mark.y - LabelAbove;
+            const bool flagged =
+                static_cast<int>(column) == (down ? curve.g_maxDownIndex : curve.g_maxUpIndex);
+            const int aside = flagged ? FlagText : 0;
+            marker.g_markerLabelY = down ? mark.y + LabelBelow + aside : mark.y - LabelAbove - aside;
         }
         mark.labelX = marker.g_markerLabelX;
         mark.labelY = marker.g_markerLabelY;
