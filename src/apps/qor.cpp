@@ -52,6 +52,7 @@ template <typename Line> int Run(const app::DesktopOptions& options, Line& line)
         ui::InstallLanguage(CurrentLanguage(program.Stores()));
         ui::ApplyLook(options.configStart ? LoadAppearance(program.Stores()).m_skin : SkinDefault);
         ui::OpenUserLogOn(program, nullptr);
+        program.IdentifyAfterLoss();
         program.Start(options.configStart);
         ui::CMainFrame window(program, dialogs);
         user.SetWindow(&window);

@@ -307,6 +307,8 @@ void Channel::LoseContact(bool stopRun) {
     m_Session.panel.lamp = Lamp::NotReady;
     link.g_InstrStatus &= static_cast<std::uint8_t>(~0x04);
     ++link.contactLosses;
+    if (link.identifyAfterLoss)
+        link.g_isSWStart = true;
     link.g_bStartAfterConnect = false; // carriers must not come on when the cable is put back minutes later
     if (link.m_CloseCountdown == 0)    // else the operator is closing the port
         m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);

@@ -86,6 +86,7 @@ struct LinkState {
     bool g_bStartAfterConnect = false;
     int m_CloseCountdown = 0;
     PortButton portButton = PortButton::Scan;
+    bool identifyAfterLoss = false; ///< a reconnection asks for everything, as the first connection does
     int contactLosses = 0; ///< times contact was lost since the program started
 
     // Flags of the status poll and of factory work that the channel reads.

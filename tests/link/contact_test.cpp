@@ -101,6 +101,22 @@ TEST(Contact, UnpluggedWhileIdle) {
     }
 }
 
+// Positions of the band switch depend on the firmware: without it EGSM would go to another band's filter.
+TEST(Contact, IdentifiedInFullTheBandsKeepTheirPositions) {
+    Rig rig(AtDcs("6.2"));
+    rig.program.IdentifyAfterLoss();
+    ASSERT_TRUE(rig.PowerOn());
+    rig.port.Unplug();
+    rig.time.RunFor(5000);
+    EXPECT_EQ(rig.S().panel.lamp, Lamp::NotReady);
+    rig.port.Replug();
+    ASSERT_TRUE(BecomesReady(rig, 30000));
+    EXPECT_FLOAT_EQ(rig.S().link.FirmVersion, 6.2f);
+    EXPECT_EQ(rig.S().select.m_BandId, BandDcs) << "the band it stands at";
+    ASSERT_TRUE(rig.SelectBand(BandEgsm));
+    EXPECT_EQ(rig.instrument.Settings().position, 3);
+}
+
 TEST(Contact, TheHeartbeatNoticesSilenceWhileIdle) {
     Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.PowerOn());

@@ -41,6 +41,7 @@ Job::Job(Program& program, const Options& options, Console& console, const WireL
 void Job::Start() {
     m_Since.start();
     m_InPhase.start();
+    m_Program.IdentifyAfterLoss();
     m_Program.Start(true);
     ApplySettings();
     m_Program.SearchNow();
@@ -124,12 +125,8 @@ void Job::LookForInstrument() {
 }
 
 void Job::WaitIdle() {
-    if (ContactWasLost()) {
-        // Found again, it may be another instrument, and a short reconnection does not ask for its firmware:
-        // a verdict is only worth something on an instrument that has said who it is.
-        m_LossesAtStart = m_Program.State().link.contactLosses;
-        m_Program.IdentifyAgain();
-    }
+    if (ContactWasLost())
+        m_LossesAtStart = m_Program.State().link.contactLosses; // it is identified in full when it is found again
     const bool over = m_InPhase.elapsed() >= qint64{m_Options.idleSeconds} * 1000;
     if (over && m_Program.IsReady())
         m_Phase = Phase::Select;
