@@ -23,7 +23,7 @@ constexpr int LongestClose = 40;
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_Store(std::move(dataDirectory)),
       m_Receiver(m_Session.receiver, m_Store, platform.visa, platform.sensor),
-      m_Files(m_Session, m_Platform, m_Store), m_List(m_Session, m_Files, m_Store),
+      m_Files(m_Session, m_Platform, m_Store), m_List(m_Session, m_Files, m_Store), m_Markers(m_Session),
       m_Channel(m_Session, m_Platform, *this, *this), m_Activation(m_Session, m_Platform, m_Store),
       m_Init(m_Session, m_Platform, m_Channel, m_Activation),
       m_Connection(m_Session, m_Platform, m_Channel, m_Init, *this),
@@ -45,6 +45,7 @@ void Program::Start(bool keepLastSession) {
     m_Session.link.g_isSWStart = true;
     m_Selection.ShowRepetition();
     m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+    m_Platform.timers.SetTimer(MarkerTimer, MarkerPeriod);
     m_Platform.timers.SetTimer(HousekeepingTimer,
                                HousekeepingPeriod); // stops itself when it has nothing to do
 }
@@ -151,6 +152,8 @@ void Program::OnTimer(int id) {
         return m_Connection.OnSearchTimer();
     case ReadEachType:
         return m_Connection.OnProbeTimer();
+    case MarkerTimer:
+        return m_Markers.OnTimer();
     case SlowBeepTimer:
     case FastBeepTimer:
     case UnderBeepTimer:

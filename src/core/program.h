@@ -4,6 +4,7 @@
 #include "core/run_control.h"
 #include "core/selection.h"
 #include "core/session.h"
+#include "display/markers.h"
 #include "link/band_activation.h"
 #include "link/channel.h"
 #include "link/connection.h"
@@ -64,6 +65,7 @@ public:
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
     [[nodiscard]] ListPanel& List() { return m_List; }
+    [[nodiscard]] Markers& Marks() { return m_Markers; }
     [[nodiscard]] const Platform& Parts() const { return m_Platform; }
 
 private:
@@ -88,6 +90,7 @@ private:
     ReceiverAccess m_Receiver;
     ResultFiles m_Files;
     ListPanel m_List;
+    Markers m_Markers;
     Channel m_Channel;
     BandActivation m_Activation;
     Initialisation m_Init;

@@ -40,15 +40,10 @@ void JudgeRow(CurveState& curve, std::span<const float> levels) {
         curve.g_MeasVerdict = VerdictOverLimit;
 }
 
-struct Maximum {
-    float level = 0;
-    int index = 0;
-};
-
-void SearchRow(std::span<const float> row, std::size_t last, std::optional<Maximum>& best) {
+void SearchRow(std::span<const float> row, std::size_t last, std::optional<CurveMaximum>& best) {
     for (std::size_t i = 0; i < row.size() && i <= last; ++i) {
         if (IsPresent(row[i]) && (!best || IsHigher(row[i], best->level)))
-            best = Maximum{row[i], static_cast<int>(i)};
+            best = CurveMaximum{row[i], static_cast<int>(i)};
     }
 }
 
@@ -59,11 +54,11 @@ std::optional<std::size_t> SingleRow(const CurveState& curve) {
     return static_cast<std::size_t>(curve.g_shownRun) - 1;
 }
 
-std::optional<Maximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix) {
+std::optional<CurveMaximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix) {
     const std::size_t last = LastPoint(curve);
     const auto single = SingleRow(curve);
     const std::size_t end = single.value_or(CurrentRow(curve));
-    std::optional<Maximum> best;
+    std::optional<CurveMaximum> best;
     for (std::size_t row = single.value_or(0); row <= end; ++row) {
         SearchRow(matrix.Row(row), last, best);
         if (!best)
@@ -178,6 +173,25 @@ void UpdateCurveArrays(CurveState& curve, bool internalReceiver) {
     JudgeRow(curve, curve.m_LevelDown.Row(checked));
 }
 
+void JudgeAnew(CurveState& curve, bool internalReceiver) {
+    int& verdict = curve.g_MeasVerdict;
+    if (verdict == VerdictOverLimit || verdict >= VerdictFailed)
+        verdict = VerdictPassed;
+    UpdateCurveArrays(curve, internalReceiver);
+    if (verdict != VerdictPassed)
+        return;
+    for (std::size_t row = 0; row <= CurrentRow(curve); ++row) {
+        JudgeRow(curve, curve.m_LevelUp.Row(row));
+        JudgeRow(curve, curve.m_LevelDown.Row(row));
+    }
+}
+
+CurveMaximum HighestOf(std::span<const float> row) {
+    std::optional<CurveMaximum> best;
+    SearchRow(row, row.size(), best);
+    return best.value_or(CurveMaximum{});
+}
+
 void SearchMaxima(CurveState& curve) {
     const bool sweep = IsSweepCurve(curve);
     const auto up = SearchRuns(curve, curve.m_LevelUp);
@@ -187,11 +201,11 @@ void SearchMaxima(CurveState& curve) {
     curve.g_maxDownLevel = down ? down->level : 0;
     curve.g_maxDownIndex = down ? down->index : 0;
 
-    const auto counts = [](const std::optional<Maximum>& m) { return m && m->level < -0.1f; };
+    const auto counts = [](const std::optional<CurveMaximum>& m) { return m && m->level < -0.1f; };
     const bool downWins = counts(down) && (!counts(up) || IsHigher(down->level, up->level));
     if (!downWins && !counts(up))
         return;
-    const Maximum& worst = downWins ? *down : *up;
+    const CurveMaximum& worst = downWins ? *down : *up;
     curve.g_worstLevel = curve.g_UnitDbc ? worst.level - curve.g_CarrierDbm : worst.level;
     if (sweep)
         curve.g_worstFreq = curve.g_freqGrid[static_cast<std::size_t>(worst.index)];
