@@ -70,6 +70,8 @@ void Markers::Check(std::size_t marker, bool max, bool up, bool down) {
 void Markers::Enter(std::size_t marker, std::string_view position) {
     Marker& m = m_Session.markers.marker[marker];
     m.m_MarkerPosText = position;
+    m.g_markerDrag = false;
+    TakePosition(m); // at once: a paint before the next tick would bring the old place back
     Touch(m);
 }
 
