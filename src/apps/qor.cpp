@@ -4,8 +4,12 @@
 #include "core/program.h"
 #include "core/ui/desktop_launcher.h"
 #include "core/ui/language.h"
+#include "core/ui/looks.h"
 #include "core/ui/main_frame.h"
+#include "core/ui/open_dialog.h"
+#include "core/ui/user_modes_dialog.h"
 #include "core/ui/window_operator.h"
+#include "platform/alsa/alsa_speaker.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/wire_log.h"
 
@@ -37,15 +41,21 @@ template <typename Line> int Run(const app::DesktopOptions& options, Line& line)
     }
     LoggedComm comm(line.comm, wire);
     QtTimers timers;
+    AlsaSpeaker speaker;
     ui::DesktopLauncher launcher;
+    ui::WindowDialogs dialogs;
     int status = 0;
     {
-        Program program({comm, line.ports, timers, clock, user, nullptr, nullptr, nullptr, &launcher},
-                        options.dataDirectory);
+        Program program(
+            {comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher, &dialogs},
+            options.dataDirectory);
         ui::InstallLanguage(CurrentLanguage(program.Stores()));
+        ui::ApplyLook(options.configStart ? LoadAppearance(program.Stores()).m_skin : SkinDefault);
+        ui::OpenUserLogOn(program, nullptr);
         program.Start(options.configStart);
-        ui::CMainFrame window(program);
+        ui::CMainFrame window(program, dialogs);
         user.SetWindow(&window);
+        dialogs.SetWindow(program, window);
         program.SetQuit([&window](int code) {
             window.LetGo();
             QCoreApplication::exit(code);

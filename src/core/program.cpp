@@ -153,7 +153,7 @@ void Program::OnTimer(int id) {
     case ReadEachType:
         return m_Connection.OnProbeTimer();
     case MarkerTimer:
-        return m_Markers.OnTimer();
+        return m_Markers.OnMarkerTimer();
     case SlowBeepTimer:
     case FastBeepTimer:
     case UnderBeepTimer:

@@ -34,6 +34,15 @@ private:
     std::unique_ptr<float[], Free> m_Cells;
 };
 
+/// The highest level of the runs before the one in progress, kept so that each tick searches that one only.
+struct FinishedMaximum {
+    std::size_t rows = 0; ///< searched; 0: nothing is known
+    std::size_t last = 0; ///< index of the last point searched
+    unsigned revision = 0;
+    float level = 0;
+    int index = 0;
+};
+
 /// The memory of a measurement. Levels are dBm whatever the unit shown; 0.0 is no point.
 ///
 /// The live layer is what the measurement cycle writes and the files hold; the matrices are what is drawn,
@@ -86,6 +95,8 @@ struct CurveState {
     int g_maxUpIndex = 0;
     float g_maxDownLevel = 0;
     int g_maxDownIndex = 0;
+    FinishedMaximum m_FinishedUp;
+    FinishedMaximum m_FinishedDown;
     float g_worstFreq = 0;   ///< MHz
     float g_worstLevel = 0;  ///< in the display unit
     std::string g_worstText; ///< worst level of a continuous run as shown, or a loaded file's name

@@ -54,16 +54,28 @@ std::optional<std::size_t> SingleRow(const CurveState& curve) {
     return static_cast<std::size_t>(curve.g_shownRun) - 1;
 }
 
-std::optional<CurveMaximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix) {
+std::optional<CurveMaximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix,
+                                       FinishedMaximum& known) {
     const std::size_t last = LastPoint(curve);
-    const auto single = SingleRow(curve);
-    const std::size_t end = single.value_or(CurrentRow(curve));
     std::optional<CurveMaximum> best;
-    for (std::size_t row = single.value_or(0); row <= end; ++row) {
+    if (const auto single = SingleRow(curve)) {
+        SearchRow(matrix.Row(*single), last, best);
+        return best;
+    }
+    const std::size_t run = CurrentRow(curve);
+    std::size_t row = 0;
+    if (known.revision == curve.m_RowsRevision && known.last == last && known.rows <= run && known.rows > 0) {
+        best = CurveMaximum{known.level, known.index};
+        row = known.rows;
+    }
+    for (; row < run; ++row) {
         SearchRow(matrix.Row(row), last, best);
         if (!best)
             return best; // without a first run there is nothing to compare with
     }
+    known =
+        best ? FinishedMaximum{run, last, curve.m_RowsRevision, best->level, best->index} : FinishedMaximum{};
+    SearchRow(matrix.Row(run), last, best);
     return best;
 }
 
@@ -194,8 +206,8 @@ CurveMaximum HighestOf(std::span<const float> row) {
 
 void SearchMaxima(CurveState& curve) {
     const bool sweep = IsSweepCurve(curve);
-    const auto up = SearchRuns(curve, curve.m_LevelUp);
-    const auto down = sweep ? SearchRuns(curve, curve.m_LevelDown) : std::nullopt;
+    const auto up = SearchRuns(curve, curve.m_LevelUp, curve.m_FinishedUp);
+    const auto down = sweep ? SearchRuns(curve, curve.m_LevelDown, curve.m_FinishedDown) : std::nullopt;
     curve.g_maxUpLevel = up ? up->level : 0;
     curve.g_maxUpIndex = up ? up->index : 0;
     curve.g_maxDownLevel = down ? down->level : 0;

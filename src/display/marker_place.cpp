@@ -1,4 +1,5 @@
 // The markers under the mouse, and their places in a paint.
+#include "bands/tenths.h"
 #include "core/session.h"
 #include "core/text_format.h"
 #include "display/curve_store.h"
@@ -38,6 +39,20 @@ std::size_t ColumnAt(const CurveState& curve, const PlotGeometry& plot, int x) {
     return column;
 }
 
+/// True for a text that names the frequency: what is being typed is left as it is.
+bool Reads(std::string_view text, float frequency) {
+    return std::abs(NumberIn(text) - static_cast<double>(frequency)) < 0.001;
+}
+
+/// Grid entry next to a frequency.
+std::size_t NearestTo(std::span<const float> grid, float frequency) {
+    const auto above = std::lower_bound(grid.begin(), grid.end(), frequency);
+    if (above == grid.begin())
+        return 0;
+    const auto at = static_cast<std::size_t>(above - grid.begin());
+    return above != grid.end() && *above - frequency < frequency - grid[at - 1] ? at : at - 1;
+}
+
 void PutLabel(Marker& marker, MarkerMark& mark, std::vector<MarkerMark>& marks) {
     if (mark.onPoint && !marker.g_markerDrag) {
         marker.g_markerLabelX = mark.x - LabelLeft;
@@ -73,35 +88,38 @@ bool Markers::Press(int x, int y) {
     return held;
 }
 
-bool Markers::Drag(int x, int y) {
+void Markers::Move(int x, int y) {
     for (Marker& marker : m_Session.markers.marker) {
         if (!marker.g_markerDrag)
             continue;
         marker.g_markerLabelX = x;
         marker.g_markerLabelY = y;
-        return true;
     }
-    return false;
 }
 
-void Markers::Release(const PlotGeometry& plot) {
+void Markers::Release() {
     for (Marker& marker : m_Session.markers.marker) {
         if (!marker.g_markerDrag)
             continue;
-        FollowMouse(marker, plot); // the last move may not have been painted
+        FollowMouse(marker); // the last move may not have been painted
         TakePosition(marker);
         marker.g_markerDrag = false;
     }
 }
 
+bool Markers::IsDragging() const {
+    const auto& markers = m_Session.markers.marker;
+    return std::any_of(markers.begin(), markers.end(), [](const Marker& m) { return m.g_markerDrag; });
+}
+
 /// The position that belongs to the label's place, which is kept on the plot.
-void Markers::FollowMouse(Marker& marker, const PlotGeometry& plot) {
+void Markers::FollowMouse(Marker& marker) {
     const CurveState& curve = m_Session.curve;
+    const PlotGeometry& plot = m_Plot;
     marker.g_markerLabelX = std::clamp(marker.g_markerLabelX, plot.left, plot.right);
     marker.g_markerLabelY = std::clamp(marker.g_markerLabelY, plot.top, plot.axis);
     if (IsSweepCurve(curve)) {
         marker.g_markerPos = curve.g_freqGrid[ColumnAt(curve, plot, marker.g_markerLabelX)];
-        marker.labelDue = true;
     } else {
         const double offset = marker.g_markerLabelX - plot.left;
         marker.g_markerPos =
@@ -110,6 +128,7 @@ void Markers::FollowMouse(Marker& marker, const PlotGeometry& plot) {
 }
 
 std::vector<MarkerMark> Markers::Place(const PlotGeometry& plot) {
+    m_Plot = plot;
     std::vector<MarkerMark> marks;
     auto& markers = m_Session.markers.marker;
     for (std::size_t n = 0; n < markers.size(); ++n) {
@@ -120,21 +139,20 @@ std::vector<MarkerMark> Markers::Place(const PlotGeometry& plot) {
         MarkerMark mark;
         mark.marker = static_cast<int>(n);
         if (IsSweepCurve(m_Session.curve))
-            PlaceInSweep(marker, mark, plot, marks);
+            PlaceInSweep(marker, mark, marks);
         else
-            PlaceInTwoTone(marker, mark, plot, marks);
+            PlaceInTwoTone(marker, mark, marks);
     }
     return marks;
 }
 
-void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, const PlotGeometry& plot,
-                             std::vector<MarkerMark>& marks) {
+void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
     const CurveState& curve = m_Session.curve;
     marker.g_markerValueUp.clear();
     if (!marker.g_markerEnableDown[0])
         return;
     if (marker.g_markerDrag)
-        FollowMouse(marker, plot);
+        FollowMouse(marker);
     const double ms = static_cast<double>(marker.g_markerPos) * 1000.0;
     if (!(ms >= 0) || ms > RunLength(curve))
         return;
@@ -145,16 +163,15 @@ void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, const PlotGeometry
     if (level < 0.0f) {
         ShowLevel(marker.g_markerValueUp, level);
         mark.onPoint = true;
-        mark.x = HeldOnPlot(curve, plot, column);
-        mark.y = plot.YOf(level);
+        mark.x = HeldOnPlot(curve, m_Plot, column);
+        mark.y = m_Plot.YOf(level);
     }
     if (mark.onPoint || marker.g_markerDrag)
         PutLabel(marker, mark, marks);
 }
 
 /// Marks the marker's points on one curve, `mark.down` says which. False when there is none.
-bool Markers::FindOnCurve(Marker& marker, MarkerMark mark, const PlotGeometry& plot,
-                          std::vector<MarkerMark>& marks) {
+bool Markers::FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
     const CurveState& curve = m_Session.curve;
     const auto grid = GridOf(curve);
     const RunMatrix& matrix = mark.down ? curve.m_LevelDown : curve.m_LevelUp;
@@ -176,42 +193,46 @@ bool Markers::FindOnCurve(Marker& marker, MarkerMark mark, const PlotGeometry& p
             ShowLevel(value, level);
             if (!drawn)
                 continue;
-            if (!marker.g_markerDrag)
+            if (!marker.g_markerDrag && !Reads(marker.m_MarkerPosText, frequency))
                 marker.m_MarkerPosText = Fixed(static_cast<double>(frequency), 1);
             mark.onPoint = true;
-            mark.x = HeldOnPlot(curve, plot, i);
-            mark.y = plot.YOf(level);
+            mark.x = HeldOnPlot(curve, m_Plot, i);
+            mark.y = m_Plot.YOf(level);
             PutLabel(marker, mark, marks);
         }
     }
     return mark.onPoint;
 }
 
-void Markers::PlaceInSweep(Marker& marker, MarkerMark mark, const PlotGeometry& plot,
-                           std::vector<MarkerMark>& marks) {
+void Markers::PlaceInSweep(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
     const CurveState& curve = m_Session.curve;
+    const auto grid = GridOf(curve);
     const auto run = static_cast<std::size_t>(marker.g_markerRun);
     const bool enabled = marker.g_markerEnableUp[run] || marker.g_markerEnableDown[run];
-    if (!enabled || GridOf(curve).empty())
+    if (!enabled || grid.empty())
         return;
     if (marker.g_markerDrag)
-        FollowMouse(marker, plot);
+        FollowMouse(marker);
     // A curve that has lost to the other is still looked at: it may be the higher one next time.
     bool found = false;
     for (const bool down : {false, true}) {
         mark.down = down;
-        found = FindOnCurve(marker, mark, plot, marks) || found;
+        found = FindOnCurve(marker, mark, marks) || found;
     }
-    if (found)
-        marker.labelDue = false;
-    if (!marker.labelDue)
+    const auto tolerance = static_cast<float>(GridTolerance);
+    const bool inSweep =
+        marker.g_markerPos > grid.front() - tolerance && marker.g_markerPos < grid.back() + tolerance;
+    const int shown = curve.g_shownRun;
+    const bool runInView = run <= CurrentRow(curve) &&
+                           (shown == 0 || (shown - 1) % static_cast<int>(MarkerRuns) == marker.g_markerRun);
+    if (found || !inSweep || !runInView)
         return;
+    // No point there: the label alone tells where the marker would stand.
     mark.down = marker.g_markerCurve == MarkerOnDown;
     if (!marker.g_markerDrag) {
-        const std::size_t column = ColumnAt(curve, plot, marker.g_markerLabelX);
-        const float frequency = curve.g_freqGrid[column];
-        marker.m_MarkerPosText = frequency > 0 ? Fixed(static_cast<double>(frequency), 1) : std::string();
-        marker.g_markerLabelX = HeldOnPlot(curve, plot, column);
+        marker.g_markerLabelX = HeldOnPlot(curve, m_Plot, NearestTo(grid, marker.g_markerPos));
+        marker.g_markerLabelY =
+            std::clamp(marker.g_markerLabelY, m_Plot.top, std::max(m_Plot.axis - GripSize, m_Plot.top));
     }
     PutLabel(marker, mark, marks);
 }

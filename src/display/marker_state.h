@@ -26,8 +26,7 @@ struct Marker {
     float g_markerPos = -1; ///< the position as a number; -1 none
     int g_markerLabelX = 0; ///< of the label, pixels of the plot's window: also the grip for the mouse
     int g_markerLabelY = 0;
-    bool labelShown = false; ///< the last paint has drawn the label
-    bool labelDue = false;   ///< dragged to a place without a point: the label stays there, without triangle
+    bool labelShown = false;   ///< the last paint has drawn the label
     bool g_markerDrag = false; ///< the label is at the mouse
     int g_markerCurve = MarkerOnTime;
     bool g_markerFresh = false; ///< a control has just changed: the levels found belong to the old place

@@ -15,6 +15,9 @@ namespace {
 constexpr int RefreshAfterChange = 10; ///< ticks; at this count the maxima of the runs are searched
 constexpr int RefreshInRun = 30;
 
+// shown to the operator
+constexpr std::string_view Seconds = "Sec.";
+
 void ForgetLevels(Marker& marker) {
     marker.m_MarkerLevelText.clear();
     marker.g_markerValueUp.clear();
@@ -45,7 +48,6 @@ void EnableOnly(Marker& marker, bool up) {
 
 void Markers::Touch(Marker& marker) {
     marker.g_markerFresh = true;
-    marker.labelDue = false;
     ForgetLevels(marker);
     RefreshMarkers(m_Session.markers);
 }
@@ -58,7 +60,7 @@ void Markers::Toggle(std::size_t marker) {
     RefreshMarkers(m_Session.markers);
 }
 
-void Markers::Check(std::size_t marker, bool max, bool up, bool down) {
+void Markers::SetChecks(std::size_t marker, bool max, bool up, bool down) {
     Marker& m = m_Session.markers.marker[marker];
     const bool curves = MarkersHaveCurves(m_Session.curve);
     m.m_MarkerMax = max;
@@ -67,7 +69,7 @@ void Markers::Check(std::size_t marker, bool max, bool up, bool down) {
     Touch(m);
 }
 
-void Markers::Enter(std::size_t marker, std::string_view position) {
+void Markers::SetPosition(std::size_t marker, std::string_view position) {
     Marker& m = m_Session.markers.marker[marker];
     m.m_MarkerPosText = position;
     m.g_markerDrag = false;
@@ -178,7 +180,7 @@ void Markers::SearchRunMaxima() {
     }
 }
 
-void Markers::OnTimer() {
+void Markers::OnMarkerTimer() {
     MarkerState& state = m_Session.markers;
     for (Marker& marker : state.marker) {
         if (!marker.m_MarkerOn) {
@@ -225,7 +227,7 @@ bool MarkersHaveCurves(const CurveState& curve) {
 }
 
 std::string_view MarkerUnit(const CurveState& curve) {
-    return IsSweepCurve(curve) ? "MHz" : "Sec.";
+    return IsSweepCurve(curve) ? "MHz" : Seconds;
 }
 
 void ClearMarkers(MarkerState& markers) {
@@ -233,7 +235,7 @@ void ClearMarkers(MarkerState& markers) {
         Blank(marker);
         ForgetLevels(marker);
         marker.g_markerPos = -1;
-        marker.g_markerDrag = marker.labelDue = false;
+        marker.g_markerDrag = false;
     }
     for (auto* maxima : {&markers.g_runUpMax, &markers.g_runDownMax})
         maxima->fill(0); // of a curve that is gone

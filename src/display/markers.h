@@ -2,6 +2,7 @@
 
 #include "display/marker_mark.h"
 #include "display/marker_state.h"
+#include "display/plot_geometry.h"
 
 #include <cstddef>
 #include <string_view>
@@ -10,7 +11,6 @@
 namespace qor {
 
 struct CurveState;
-struct PlotGeometry;
 struct Session;
 
 /// The markers: their controls on the panel, the mouse on the plot, the 300 ms tick that brings their texts
@@ -24,18 +24,17 @@ public:
 
     void Toggle(std::size_t marker); ///< its button
     /// The three check boxes. In 2-tone there is but one curve, and the last two mean nothing.
-    void Check(std::size_t marker, bool max, bool up, bool down);
+    void SetChecks(std::size_t marker, bool max, bool up, bool down);
     /// Each change of the position box. What is no number is no place.
-    void Enter(std::size_t marker, std::string_view position);
+    void SetPosition(std::size_t marker, std::string_view position);
 
-    /// The left button is pressed; true when it has taken hold of a label.
-    bool Press(int x, int y);
-    /// The mouse moves; true when a label follows it and the plot has to be painted.
-    bool Drag(int x, int y);
-    /// The left button is let go: the marker stays where its label is.
-    void Release(const PlotGeometry& plot);
+    // The mouse on the plot.
+    bool Press(int x, int y); ///< true when it has taken hold of a label
+    void Move(int x, int y);
+    void Release(); ///< the marker stays where its label is
+    [[nodiscard]] bool IsDragging() const;
 
-    void OnTimer(); ///< MarkerTimer
+    void OnMarkerTimer(); ///< MarkerTimer
     /// Part of each paint, after the maxima: finds the points and their levels, gives the labels their places
     /// and says what to draw. Allocates nothing while no marker is on.
     [[nodiscard]] std::vector<MarkerMark> Place(const PlotGeometry& plot);
@@ -50,15 +49,13 @@ private:
     void TakePosition(Marker& marker);
     void SearchRunMaxima();
     void ShowLevel(std::string& text, float level) const;
-    void FollowMouse(Marker& marker, const PlotGeometry& plot);
-    void PlaceInTwoTone(Marker& marker, MarkerMark mark, const PlotGeometry& plot,
-                        std::vector<MarkerMark>& marks);
-    void PlaceInSweep(Marker& marker, MarkerMark mark, const PlotGeometry& plot,
-                      std::vector<MarkerMark>& marks);
-    bool FindOnCurve(Marker& marker, MarkerMark mark, const PlotGeometry& plot,
-                     std::vector<MarkerMark>& marks);
+    void FollowMouse(Marker& marker);
+    void PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
+    void PlaceInSweep(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
+    bool FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
 
     Session& m_Session;
+    PlotGeometry m_Plot; ///< of the last paint
 };
 
 /// The dialog "Marker n Einbauen", which gives a marker its run. The marker is off while this lives, and

@@ -23,16 +23,6 @@ double OffsetOf(const CurveState& curve, std::size_t index) {
 
 } // namespace
 
-int PlotGeometry::FreeHeightOf(float level) const {
-    const double pixels = static_cast<double>(level - plotBottom) * pxPerDb;
-    constexpr double Far = 1e6;
-    return pixels > -Far ? static_cast<int>(std::min(pixels, Far)) : static_cast<int>(-Far);
-}
-
-int PlotGeometry::HeightOf(float level) const {
-    return std::clamp(FreeHeightOf(level), 1, axis - top - 1);
-}
-
 PlotGeometry ComputeLayout(CurveState& curve, int width, int height) {
     PlotGeometry plot;
     plot.width = width;

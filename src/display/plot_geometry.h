@@ -2,6 +2,7 @@
 
 #include "display/curve_state.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace qor {
@@ -22,9 +23,18 @@ struct PlotGeometry {
     float plotBottom = -150;
 
     /// Height of a level over the axis, kept on the plot: 1 to axis - top - 1.
-    [[nodiscard]] int HeightOf(float level) const;
+    [[nodiscard]] int HeightOf(float level) const {
+        const double pixels = static_cast<double>(level - plotBottom) * pxPerDb;
+        const double highest = axis - top - 1;
+        const double raised = pixels > 1.0 ? pixels : 1.0; // no number counts as under the scale
+        return static_cast<int>(raised < highest ? raised : highest);
+    }
     /// The same without the limits; 0 and below lie under the scale.
-    [[nodiscard]] int FreeHeightOf(float level) const;
+    [[nodiscard]] int FreeHeightOf(float level) const {
+        constexpr double Far = 1e6;
+        const double pixels = static_cast<double>(level - plotBottom) * pxPerDb;
+        return pixels > -Far ? static_cast<int>(std::min(pixels, Far)) : static_cast<int>(-Far);
+    }
     [[nodiscard]] int YOf(float level) const { return axis - HeightOf(level); }
     /// Pixels of the plot's width.
     [[nodiscard]] int Span() const { return right - left; }

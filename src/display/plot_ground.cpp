@@ -17,6 +17,11 @@ constexpr int EndRoom = 30;      ///< the number at the end of the time axis kee
 constexpr Rgb TitleColour = 0x00FAE6;
 constexpr Rgb LabelColour = 0x00C8B4;
 
+// shown to the operator
+constexpr std::string_view TimeText = "Ziet: Sek.";
+// shown to the operator
+constexpr std::string_view FrequencyText = "Freq: MHz";
+
 struct Ground {
     std::vector<PlotItem>& items;
     const CurveState& curve;
@@ -39,8 +44,8 @@ struct Ground {
         if (x - half < numbersEnd && !always)
             return;
         numbersEnd = x + half;
-        items.emplace_back(PlotText{x, plot.axis + NumbersDrop, std::move(text), colours.scale,
-                                    PlotFont::Scale, PlotAlign::Centre});
+        items.emplace_back(PlotText{x, plot.axis + NumbersDrop, std::move(text), colours.scale, NumberSize,
+                                    PlotAlign::Centre});
     }
 
     void LevelNumber(int y, double level) const {
@@ -48,8 +53,8 @@ struct Ground {
             level -= static_cast<double>(curve.g_CarrierDbm);
         if (facts.g_calDisplay)
             level += 150;
-        items.emplace_back(PlotText{plot.left - 5, y - 7, Fixed(level, 1), colours.scale, PlotFont::Scale,
-                                    PlotAlign::Right});
+        items.emplace_back(
+            PlotText{plot.left - 5, y - 7, Fixed(level, 1), colours.scale, NumberSize, PlotAlign::Right});
     }
 
     void Frame() const {
@@ -134,14 +139,15 @@ void AddGround(std::vector<PlotItem>& items, const CurveState& curve, const Plot
     Ground ground{items, curve, plot, facts, ColoursOf(facts.look, facts.m_PrintMode)};
     const PlotColours& colours = ground.colours;
     items.emplace_back(PlotBox{0, 0, plot.width, plot.height, colours.background});
-    items.emplace_back(PlotText{(plot.left + plot.right) / 2, plot.top - 2 * plot.marginY,
-                                std::string(PlotTitle), TitleColour, PlotFont::Scale, PlotAlign::Centre,
+    items.emplace_back(PlotText{(plot.left + plot.right) / 2,
+                                std::min(plot.top - 2 * plot.marginY, plot.top - LineHeight(TextSize(plot))),
+                                std::string(PlotTitle), TitleColour, TextSize(plot), PlotAlign::Centre,
                                 plot.Span()});
     items.emplace_back(PlotText{plot.right, plot.axis + plot.marginY + 20,
-                                Translated(facts, IsSweepCurve(curve) ? "Freq: MHz" : "Ziet: Sek."),
-                                LabelColour, PlotFont::Status, PlotAlign::Right});
+                                Translated(facts, IsSweepCurve(curve) ? FrequencyText : TimeText),
+                                LabelColour, TextSize(plot), PlotAlign::Right});
     items.emplace_back(
-        PlotText{plot.left - 35, 7, curve.g_UnitDbc ? "dBc    " : "dBm    ", colours.scale, PlotFont::Scale});
+        PlotText{plot.left - 35, 7, curve.g_UnitDbc ? "dBc    " : "dBm    ", colours.scale, NumberSize});
     if (curve.g_histogramOn)
         items.emplace_back(PlotBox{plot.left - BarLeft - 2, plot.top - 2, BarWidth + 4,
                                    plot.axis - plot.top + 5, BarGround});

@@ -21,9 +21,17 @@ constexpr Rgb DownTextColour = 0xFF3700;
 constexpr Rgb StatusColour = 0x00C8B4;
 constexpr Rgb StampColour = 0x0000FF;
 constexpr Rgb NearlyBlack = 0x000500;
-constexpr int FlagCharacter = 10; ///< room of a character of a flag's text, pixels
-constexpr int TextHeight = 18;
 constexpr double NoLevel = -0.1; ///< a text or maximum that is not below is no level
+
+// shown to the operator: errors of the instrument
+constexpr std::array<std::string_view, 3> ErrorTexts = {
+    "ERR0 - SYNTAX ERROR", "ERR1 - Parameter out of limits.", "ERR2 - PLL not locket."};
+// shown to the operator
+constexpr std::string_view PassText = "Durch";
+// shown to the operator
+constexpr std::string_view FailText = "Misserfolg";
+// shown to the operator
+constexpr std::string_view WorstText = "Meist Posten:";
 
 constexpr std::array<Rgb, 10> Palette = {0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0x128A87,
                                          0xFF7D19, 0x1E5050, 0xFF0000, 0x00FF00, 0xFF7D96};
@@ -77,12 +85,13 @@ void AddFlag(std::vector<PlotItem>& items, const CurveState& curve, const PlotGe
 
     const int x = XOfPoint(curve, plot, index);
     const int y = plot.YOf(level);
-    const int room = static_cast<int>(text.size()) * FlagCharacter;
+    const int size = TextSize(plot);
+    const int room = static_cast<int>(text.size()) * size * 2 / 3;
     const int textX = std::max(std::min(x - 8, plot.right - room), plot.left + 2);
-    const int textY = down ? std::min(y + 12, plot.axis - TextHeight - 2) : std::max(y - 28, plot.top + 2);
+    const int textY = down ? std::min(y + 12, plot.axis - LineHeight(size) - 2)
+                           : std::max(y - 10 - LineHeight(size), plot.top + 2);
     items.emplace_back(PlotTriangle{x, down ? y + 2 : y - 2, down, true, down ? FailRed : colours.flag});
-    items.emplace_back(
-        PlotText{textX, textY, std::move(text), down ? DownTextColour : colours.frame, PlotFont::Scale});
+    items.emplace_back(PlotText{textX, textY, std::move(text), down ? DownTextColour : colours.frame, size});
 }
 
 void AddMark(std::vector<PlotItem>& items, const MarkerMark& mark, const PlotColours& colours) {
@@ -90,34 +99,28 @@ void AddMark(std::vector<PlotItem>& items, const MarkerMark& mark, const PlotCol
     if (mark.onPoint)
         items.emplace_back(
             PlotTriangle{mark.x, mark.down ? mark.y + 2 : mark.y - 2, mark.down, false, colour});
-    items.emplace_back(PlotText{mark.labelX, mark.labelY, "M" + std::to_string(mark.marker + 1), colour});
+    items.emplace_back(
+        PlotText{mark.labelX, mark.labelY, "M" + std::to_string(mark.marker + 1), colour, MarkerSize});
 }
 
 void AddStatusTexts(std::vector<PlotItem>& items, const CurveState& curve, const PlotGeometry& plot,
                     const PlotFacts& facts) {
     if (const std::string& worst = curve.g_worstText; !worst.empty() && worst != "-300") {
         const bool announced = facts.tagEndless && NumberIn(worst) < 0.0;
-        items.emplace_back(PlotText{plot.left, plot.bottom - 10,
-                                    announced ? Translated(facts, "Meist Posten:") + " " + worst : worst,
-                                    StatusColour, PlotFont::Status});
+        items.emplace_back(PlotText{
+            plot.left, std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot))),
+            announced ? Translated(facts, WorstText) + " " + worst : worst, StatusColour, TextSize(plot)});
     }
     const bool powered = facts.bandSelected && (facts.power1 >= 0.1 || facts.power2 >= 0.1);
     if (powered && !facts.g_calDisplay)
         items.emplace_back(
             PlotText{plot.left + 2, plot.top + 20,
                      "Power 1: " + Fixed(facts.power1, 1) + "dBm  Power 2: " + Fixed(facts.power2, 1) + "dBm",
-                     StatusColour, PlotFont::Status});
+                     StatusColour, TextSize(plot)});
 }
 
 std::string_view ErrorText(int verdict) {
-    switch (verdict) {
-    case VerdictSyntaxError:
-        return "ERR0 - SYNTAX ERROR";
-    case VerdictOutOfRange:
-        return "ERR1 - Parameter out of limits.";
-    default:
-        return "ERR2 - PLL not locket.";
-    }
+    return ErrorTexts[static_cast<std::size_t>(verdict - VerdictSyntaxError)];
 }
 
 /// The verdict of the run over the upper right of the plot; an error of the instrument over all its width.
@@ -132,8 +135,8 @@ void AddStamp(std::vector<PlotItem>& items, const CurveState& curve, const PlotG
         items.emplace_back(PlotBox{plot.left + 1, plot.top + 1, plot.Span() - 1, last - plot.top, FailRed});
         if (stamped)
             items.emplace_back(PlotText{(plot.left + plot.right) / 2, textY,
-                                        Translated(facts, ErrorText(verdict)), StampColour, PlotFont::Stamp,
-                                        PlotAlign::Centre, plot.Span() - 2});
+                                        Translated(facts, ErrorText(verdict)), StampColour, StampSize,
+                                        PlotAlign::Centre, plot.Span() - 16, PlotFont::Stamp});
         return;
     }
     const bool passed = verdict > 1000;
@@ -142,14 +145,18 @@ void AddStamp(std::vector<PlotItem>& items, const CurveState& curve, const PlotG
         return;
     const int left = plot.right * 3 / 4;
     const int width = plot.right - left;
-    const std::string_view text = passed ? (facts.narrowScreen ? "Durch" : "    Durch")
-                                         : (facts.narrowScreen ? "Misserfolg" : " Misserfolg");
+    const std::string indent = facts.narrowScreen ? "" : passed ? "    " : " ";
+    std::string text = indent + Translated(facts, passed ? PassText : FailText);
     items.emplace_back(PlotBox{left, plot.top + 5, width, 85, passed ? PassGreen : FailRed});
-    items.emplace_back(PlotText{left + width / 2, textY, Translated(facts, text), StampColour,
-                                PlotFont::Stamp, PlotAlign::Centre, width - 4});
+    items.emplace_back(PlotText{left + width / 2, textY, std::move(text), StampColour, StampSize,
+                                PlotAlign::Centre, width - 16, PlotFont::Stamp});
 }
 
 } // namespace
+
+int TextSize(const PlotGeometry& plot) {
+    return std::clamp(plot.height / 40, 15, 20);
+}
 
 PlotColours ColoursOf(PlotLook look, bool printMode) {
     const Rgb grid = printMode ? 0x000000 : 0x808A87;

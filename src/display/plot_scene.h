@@ -45,7 +45,8 @@ struct PlotFacts {
     std::function<std::string(std::string_view)> translate;
 };
 
-enum class PlotFont { Scale, Status, Stamp };
+enum class PlotFont { Plain, Stamp };
+
 enum class PlotAlign { Left, Centre, Right };
 
 /// A filled rectangle; the straight lines of the plot are rectangles 1 pixel wide.
@@ -73,9 +74,10 @@ struct PlotText {
     int y = 0; ///< upper edge
     std::string text;
     Rgb colour = 0;
-    PlotFont font = PlotFont::Scale;
+    int size = 0; ///< of the font, pixels
     PlotAlign align = PlotAlign::Left;
     int room = 0; ///< pixels the text is kept to by drawing it narrower; 0: any
+    PlotFont font = PlotFont::Plain;
     bool operator==(const PlotText&) const = default;
 };
 
@@ -86,6 +88,18 @@ struct PlotScene {
     std::vector<PlotItem> ground; ///< background, frame, grid, scale, limit line: changes with the scale only
     std::vector<PlotItem> front;  ///< level bar, flags, markers, texts, stamp: follows the measurement
 };
+
+// Sizes of the fonts, pixels. The texts of a large plot are read from a few metres; the numbers of the scale
+// have to do with the margins, which do not grow.
+inline constexpr int NumberSize = 16;
+inline constexpr int MarkerSize = 15;
+inline constexpr int StampSize = 46;
+/// Of title, flags and status texts.
+[[nodiscard]] int TextSize(const PlotGeometry& plot);
+/// Height of a line of a font.
+[[nodiscard]] constexpr int LineHeight(int size) {
+    return size * 6 / 5;
+}
 
 inline constexpr std::string_view PlotTitle = "- - - ZANDVOSS QOR SYSTEM - - -";
 

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <memory>
+#include <random>
+#include <tuple>
 #include <unistd.h>
 
 namespace qor {
@@ -137,6 +139,44 @@ TEST(CurveRuns, OneRunIsShownAloneAndAllComeBack) {
     EXPECT_FALSE(HoldsPoints(*curve));
     EXPECT_EQ(shown(0), std::vector<float>(8));
     EXPECT_EQ(shown(2), std::vector<float>(8));
+}
+
+TEST(CurveMaxima, WhatIsKnownOfFinishedRunsIsWhatASearchOfAllFinds) {
+    std::mt19937 random(7);
+    const auto any = [&random](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    auto curve = NewCurve(true);
+    for (int step = 0; step < 2000; ++step) {
+        switch (any(0, 19)) {
+        case 0:
+            ResetCurve(*curve);
+            ClearLevels(*curve);
+            break;
+        case 1:
+            ++curve->g_runIndex;
+            ClearLevels(*curve);
+            break;
+        case 2:
+            curve->g_shownRun = any(0, curve->g_runIndex + 1);
+            break;
+        default:
+            curve->g_levelUp[static_cast<std::size_t>(any(0, 9))] = Decimal(any(-12000, -11900));
+            curve->g_levelDown[static_cast<std::size_t>(any(0, 9))] = Decimal(any(-12000, -11900));
+        }
+        UpdateCurveArrays(*curve, true);
+        SearchMaxima(*curve);
+        const auto found = [&curve] {
+            return std::tuple(curve->g_maxUpLevel, curve->g_maxUpIndex, curve->g_maxDownLevel,
+                              curve->g_maxDownIndex, curve->g_worstLevel);
+        };
+        const auto known = found();
+        const auto kept = std::pair(curve->m_FinishedUp, curve->m_FinishedDown);
+        curve->m_FinishedUp = curve->m_FinishedDown = {};
+        SearchMaxima(*curve);
+        ASSERT_EQ(known, found()) << step;
+        std::tie(curve->m_FinishedUp, curve->m_FinishedDown) = kept;
+    }
 }
 
 TEST(CurveMaxima, EveryPointOfAnUnevenGridIsSearched) {

@@ -55,7 +55,7 @@ struct MarkerDesk : Rig {
     std::vector<MarkerMark> Settle() {
         for (int i = 0; i < 2; ++i) {
             Paint();
-            program.Marks().OnTimer();
+            program.Marks().OnMarkerTimer();
         }
         return Paint();
     }
@@ -68,8 +68,8 @@ struct MarkerDesk : Rig {
         if (!M(n).m_MarkerOn)
             program.Marks().Toggle(n);
         const auto ticked = [&boxes](char box) { return boxes.find(box) != std::string::npos; };
-        program.Marks().Check(n, ticked('M'), ticked('U'), ticked('D'));
-        program.Marks().Enter(n, position);
+        program.Marks().SetChecks(n, ticked('M'), ticked('U'), ticked('D'));
+        program.Marks().SetPosition(n, position);
         return Settle();
     }
 
@@ -114,15 +114,15 @@ TEST(Markers, InASweepTheBoxesChooseTheCurve) {
         const char* boxes;
         const char* position;
         const char* texts;
-        const char* drawn; ///< U, D, or nothing
+        const char* drawn; ///< U, D, small for a label without a point, or nothing
     };
     for (const Case& c :
          {Case{"MUD", "", "910.0 -94.0", "D"}, Case{"MU", "", "909.0 -95.0", "U"},
           Case{"MD", "", "910.0 -94.0", "D"}, Case{"M", "906", " ", ""}, Case{"", "906", " ", ""},
-          Case{"U", "906", "906.0 -100.0", "U"}, Case{"D", "906", "906.0 -101.0", "D"},
-          Case{"UD", "906", "906.0 -100.0", "U"}, Case{"UD", "908", "908.0 -101.0", "D"},
-          Case{"UD", "909", "909.0 -95.0", "U"}, Case{"U", "908", "908 ", ""},
-          Case{"U", "909.04", "909.0 -95.0", "U"}, Case{"U", "909.06", "909.06 ", ""},
+          Case{"U", "906", "906 -100.0", "U"}, Case{"D", "906", "906 -101.0", "D"},
+          Case{"UD", "906", "906 -100.0", "U"}, Case{"UD", "908", "908 -101.0", "D"},
+          Case{"UD", "909", "909 -95.0", "U"}, Case{"U", "908", "908 ", "u"},
+          Case{"U", "909.04", "909.0 -95.0", "U"}, Case{"U", "909.06", "909.06 ", "u"},
           Case{"D", "12", "12 ", ""}, Case{"UD", "x", "x ", ""}}) {
         SCOPED_TRACE(std::string(c.boxes) + " " + c.position);
         MarkerDesk desk;
@@ -131,7 +131,7 @@ TEST(Markers, InASweepTheBoxesChooseTheCurve) {
         EXPECT_EQ(desk.Texts(), c.texts);
         std::string drawn;
         for (const MarkerMark& mark : marks)
-            drawn += mark.down ? 'D' : 'U';
+            drawn += mark.onPoint ? (mark.down ? 'D' : 'U') : (mark.down ? 'd' : 'u');
         EXPECT_EQ(drawn, c.drawn);
         if (drawn == "D") {
             EXPECT_EQ(marks[0].labelY, marks[0].y + 13);
@@ -143,7 +143,7 @@ TEST(Markers, InASweepTheBoxesChooseTheCurve) {
     desk.Set("U", "909");
     ConvertLevelUnit(true, desk.S());
     desk.Settle();
-    EXPECT_EQ(desk.Texts(), "909.0 -138.0") << "in dBc, less the carrier of 43 dBm, once";
+    EXPECT_EQ(desk.Texts(), "909 -138.0") << "in dBc, less the carrier of 43 dBm, once";
 }
 
 TEST(Markers, EqualPeaksStandOnTheUpCurveAndACurveWithoutPointsNeverWins) {
@@ -170,18 +170,18 @@ TEST(Markers, ALabelIsDraggedAndStaysWhereItIsLetGo) {
     ASSERT_TRUE(marks.Press(desk.M(1).g_markerLabelX + 20, desk.M(1).g_markerLabelY + 20));
     EXPECT_TRUE(!desk.M(0).g_markerDrag && desk.M(1).g_markerDrag);
     const int x = XOfPoint(desk.S().curve, desk.plot, 20);
-    EXPECT_TRUE(marks.Drag(x, 77));
+    marks.Move(x, 77);
     const auto moved = desk.Paint();
     ASSERT_EQ(moved.size(), 2u);
     EXPECT_EQ(moved[1].x, x);
     EXPECT_EQ(moved[1].labelX, x) << "the label is at the mouse";
     EXPECT_EQ(moved[1].labelY, 77);
-    desk.program.Marks().OnTimer();
+    desk.program.Marks().OnMarkerTimer();
     EXPECT_EQ(desk.Texts(1), "2.0 -90.0");
 
-    marks.Drag(99999, -50); // and let go before anything was painted
-    marks.Release(desk.plot);
-    EXPECT_FALSE(marks.Drag(1, 1));
+    marks.Move(99999, -50); // and let go before anything was painted
+    marks.Release();
+    EXPECT_FALSE(marks.IsDragging());
     EXPECT_EQ(desk.M(1).m_MarkerPosText, "5.0") << "held at the end of the plot";
     desk.Settle();
     EXPECT_EQ(desk.Texts(1), "5.0 ") << "where no level was taken";
@@ -202,13 +202,13 @@ TEST(Markers, InASweepADraggedLabelTakesTheFrequencyUnderIt) {
         return XOfPoint(curve, desk.plot, static_cast<std::size_t>(FindOnGrid(curve, f)));
     };
     for (const int f : {920, 902, 930}) {
-        marks.Drag(xOf(static_cast<float>(f)) + 3, 60);
+        marks.Move(xOf(static_cast<float>(f)) + 3, 60);
         desk.Settle();
         EXPECT_EQ(desk.Texts(), std::to_string(f) + ".0 -101.0");
     }
     // 921 is a frequency of the up list alone: nothing to stand on, so the label waits there without moving.
-    marks.Drag(xOf(921), 60);
-    marks.Release(desk.plot);
+    marks.Move(xOf(921), 60);
+    marks.Release();
     for (int i = 0; i < 5; ++i) {
         const auto waiting = desk.Settle();
         ASSERT_EQ(waiting.size(), 1u);
@@ -217,7 +217,7 @@ TEST(Markers, InASweepADraggedLabelTakesTheFrequencyUnderIt) {
         EXPECT_EQ(desk.Texts(), "921.0 ");
     }
     desk.Set("D", "912");
-    EXPECT_EQ(desk.Texts(), "912.0 -101.0") << "what is typed goes before the label's place";
+    EXPECT_EQ(desk.Texts(), "912 -101.0") << "what is typed goes before the label's place";
 }
 
 TEST(Markers, AMarkerBelongsToARunThatIsSetUp) {
@@ -228,7 +228,7 @@ TEST(Markers, AMarkerBelongsToARunThatIsSetUp) {
     const auto choose = [&desk](int run) {
         MarkerRunChoice choice(desk.program.Marks(), 0);
         EXPECT_FALSE(desk.M().m_MarkerOn);
-        desk.program.Marks().OnTimer();
+        desk.program.Marks().OnMarkerTimer();
         choice.Take(run);
     };
     for (const int refused : {2, 9, 10, -1}) {
@@ -237,13 +237,13 @@ TEST(Markers, AMarkerBelongsToARunThatIsSetUp) {
         EXPECT_TRUE(desk.M().m_MarkerOn);
     }
     desk.Settle();
-    EXPECT_EQ(desk.Texts(), "909.0 -95.0");
+    EXPECT_EQ(desk.Texts(), "909 -95.0");
     choose(1);
     EXPECT_TRUE(desk.Settle().empty()) << "run 2 has no curve yet";
-    EXPECT_EQ(desk.Texts(), "909.0 ") << "but the place is kept";
+    EXPECT_EQ(desk.Texts(), "909 ") << "but the place is kept";
     desk.Sweep(1);
     EXPECT_EQ(desk.Settle().size(), 1u);
-    EXPECT_EQ(desk.Texts(), "909.0 -95.0");
+    EXPECT_EQ(desk.Texts(), "909 -95.0");
     desk.S().curve.g_shownRun = 1;
     EXPECT_TRUE(desk.Settle().empty()) << "its run is not in view";
 }
@@ -272,7 +272,7 @@ TEST(Markers, ARunAndTheSwitchTakeTheTextsAwayAndTheBoxesStay) {
     ASSERT_TRUE(rig.Measure());
     Marker& marker = rig.S().markers.marker[2];
     rig.program.Marks().Toggle(2);
-    rig.program.Marks().Check(2, true, false, false);
+    rig.program.Marks().SetChecks(2, true, false, false);
     rig.time.RunFor(600);
     EXPECT_EQ(marker.m_MarkerLevelText, rig.S().panel.m_WorstLevelText);
     EXPECT_NE(marker.m_MarkerPosText, "");

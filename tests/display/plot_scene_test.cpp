@@ -68,7 +68,7 @@ std::vector<std::pair<std::string, int>> NumbersUnderAxis(Paper& paper) {
 std::vector<std::string> LevelNumbers(Paper& paper) {
     std::vector<std::string> numbers;
     for (const PlotText& text : All<PlotText>(paper.Scene().ground)) {
-        if (text.align == PlotAlign::Right && text.font == PlotFont::Scale)
+        if (text.align == PlotAlign::Right && text.size == NumberSize)
             numbers.push_back(text.text);
     }
     return numbers;

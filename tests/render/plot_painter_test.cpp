@@ -3,6 +3,8 @@
 #include "support/application.h"
 
 #include <array>
+#include <cmath>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
@@ -20,8 +22,7 @@ std::vector<std::string> Drawn(const std::vector<paint::TracePoint>& points, con
     std::vector<std::uint32_t> pixels(Width * Height);
     TraceColumns trace;
     trace.Reset(Width);
-    for (const auto& point : points)
-        trace.Add(point);
+    trace.Draw(points);
     trace.Paint({pixels.data(), Width}, {0, 0, Width, Height}, pen);
     std::vector<std::string> rows;
     for (std::size_t y = 0; y < Height; ++y) {
@@ -151,107 +152,137 @@ TEST(PlotPainter, ATickPaintsOnlyWhatIsNew) {
     EXPECT_EQ(screen.Tick(painter), QRegion(0, 0, 800, 420));
 }
 
-/// Whatever happens to the curve, an image that was kept up to date is the one painted afresh, and nothing
-/// has changed outside of what was reported.
+/// What may happen to the plot between two ticks.
+class Events {
+public:
+    explicit Events(unsigned seed) : m_Random(seed) {}
+
+    void Next(Screen& screen) {
+        CurveState& curve = *screen.curve;
+        const bool sweep = IsSweepCurve(curve);
+        switch (Any(0, 24)) {
+        case 0:
+            if (Any(0, 3) == 0)
+                BeginRun(screen);
+            break;
+        case 1:
+            ChangeScale(screen);
+            break;
+        case 2:
+            curve.g_shownRun = Any(0, 2) ? 0 : Any(1, curve.g_runIndex + 1);
+            break;
+        case 3:
+            curve.g_MeasVerdict = std::array{0, 1, 3, 101, 1001}[static_cast<std::size_t>(Any(0, 4))];
+            break;
+        case 4:
+            screen.facts.marks = {{Any(0, 2), Any(0, 1) == 1, Any(0, 700), Any(0, 400), Any(0, 1) == 1,
+                                   Any(0, 700), Any(0, 400)}};
+            break;
+        case 5:
+            curve.g_worstText = Any(0, 1) ? "DATEN.dat" : "";
+            break;
+        case 6:
+        case 7:
+        case 8: // the end of a run may bring points that no tick has seen
+            if (sweep) {
+                UpdateCurveArrays(curve, true);
+                ++curve.g_runIndex;
+                ClearLevels(curve);
+                for (int i = Any(0, 30); i > 0; --i)
+                    TakePoint(curve, true);
+                m_Next = 0;
+            }
+            break;
+        default:
+            TakePoint(curve, sweep);
+            break;
+        }
+    }
+
+private:
+    int Any(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_Random); }
+    float Level() { return static_cast<float>(Any(-1600, -500)) / 10.0f; }
+
+    void TakePoint(CurveState& curve, bool sweep) {
+        const auto index = static_cast<std::size_t>(Any(0, 110));
+        if (Any(0, 5) == 0)
+            curve.g_levelUp[index] = Level(); // measured again
+        else if (sweep && Any(0, 1))
+            curve.g_levelDown[index] = Level();
+        else
+            curve.g_levelUp[m_Next++ % 110] = Level();
+    }
+    void BeginRun(Screen& screen) {
+        screen.BeginSweep(static_cast<std::size_t>(Any(2, 110)));
+        m_Next = 0;
+        if (Any(0, 2) == 0) {
+            screen.curve->g_freqGrid.fill(0);
+            screen.curve->g_pxPerStep = 0;
+            screen.curve->g_testTimeMs = Any(1, 30) * 1000;
+        }
+    }
+    void ChangeScale(Screen& screen) {
+        CurveState& curve = *screen.curve;
+        switch (Any(0, 7)) {
+        case 0:
+            screen.width = Any(60, 900);
+            screen.height = Any(60, 500);
+            break;
+        case 1:
+            curve.g_plotBottom = static_cast<float>(Any(-170, -100));
+            break;
+        case 2:
+            curve.g_alarmLevel = Level();
+            break;
+        case 3:
+            curve.g_histogramOn = 1 - curve.g_histogramOn;
+            break;
+        default:
+            break;
+        }
+    }
+
+    std::mt19937 m_Random;
+    std::size_t m_Next = 0; ///< point of the up curve
+};
+
+/// Copies what was reported from one image to the other; both in pixels of the image.
+void Blit(QImage& to, const QImage& from, const QRegion& reported, double ratio) {
+    const auto device = [ratio](int edge) { return static_cast<int>(std::lround(edge * ratio)); };
+    for (const QRect& area : reported) {
+        const int left = std::max(device(area.left()), 0);
+        const int right = std::min(device(area.right() + 1), to.width());
+        for (int y = std::max(device(area.top()), 0); y < std::min(device(area.bottom() + 1), to.height());
+             ++y)
+            std::memcpy(to.scanLine(y) + 4 * left, from.constScanLine(y) + 4 * left,
+                        static_cast<std::size_t>(std::max(right - left, 0)) * 4);
+    }
+}
+
+/// Whatever happens, an image that was kept up to date is the one painted afresh, and a window that shows
+/// only what was reported as changed shows it all.
 TEST(PlotPainter, KeptUpToDateIsPaintedAfresh) {
     test::NeedApplication();
     for (const double ratio : {1.0, 1.5, 2.0}) {
         for (unsigned seed = 1; seed <= 4; ++seed) {
-            std::mt19937 random(seed);
-            const auto any = [&random](int low, int high) {
-                return std::uniform_int_distribution<int>(low, high)(random);
-            };
+            Events events(seed);
             Screen screen;
             screen.ratio = ratio;
-            CurveState& curve = *screen.curve;
-            curve.g_runCount = 10;
+            screen.BeginSweep(100);
+            screen.curve->g_runCount = 10;
             PlotPainter kept;
-            std::size_t at = 0;
-            QImage before;
-            for (int step = 0; step < 120; ++step) {
-                const auto index = static_cast<std::size_t>(any(0, 110));
-                const auto level = static_cast<float>(any(-1600, -500)) / 10.0f;
-                const bool sweep = IsSweepCurve(curve);
-                switch (any(0, 23)) {
-                case 0:
-                    if (sweep) {
-                        ++curve.g_runIndex;
-                        ClearLevels(curve);
-                        at = 0;
-                    }
-                    break;
-                case 1:
-                    screen.BeginSweep(static_cast<std::size_t>(any(2, 110)));
-                    at = 0;
-                    break;
-                case 2:
-                    if (any(0, 2) == 0) {
-                        ResetCurve(curve);
-                        ClearLevels(curve);
-                        curve.g_freqGrid.fill(0);
-                        curve.g_pxPerStep = 0;
-                        curve.g_testTimeMs = any(1, 30) * 1000;
-                        at = 0;
-                    }
-                    break;
-                case 3:
-                    curve.g_plotBottom = static_cast<float>(any(-170, -100));
-                    break;
-                case 4:
-                    curve.g_shownRun = any(0, 1) ? 0 : any(1, curve.g_runIndex + 1);
-                    break;
-                case 5:
-                    curve.g_histogramOn = any(0, 1);
-                    break;
-                case 6:
-                    curve.g_alarmLevel = level;
-                    break;
-                case 7:
-                    curve.g_MeasVerdict = std::array{0, 1, 3, 101, 1001}[static_cast<std::size_t>(any(0, 4))];
-                    break;
-                case 8:
-                    screen.width = any(60, 900);
-                    screen.height = any(60, 500);
-                    break;
-                case 9:
-                    screen.facts.marks = {{any(0, 2), any(0, 1) == 1, any(0, 700), any(0, 400),
-                                           any(0, 1) == 1, any(0, 700), any(0, 400)}};
-                    break;
-                case 10:
-                    curve.g_levelUp[index] = level; // measured again
-                    break;
-                case 11:
-                    curve.g_worstText = any(0, 1) ? "DATEN.dat" : "";
-                    break;
-                case 12:
-                case 13:
-                case 14:
-                    if (sweep)
-                        curve.g_levelDown[index] = level;
-                    break;
-                default:
-                    curve.g_levelUp[at++ % 110] = level;
-                    break;
-                }
+            QImage shown;
+            for (int step = 0; step < 150; ++step) {
+                events.Next(screen);
                 const QRegion reported = screen.Tick(kept);
                 PlotPainter afresh;
                 screen.Tick(afresh);
                 ASSERT_EQ(kept.Image(), afresh.Image())
                     << "seed " << seed << " step " << step << " x" << ratio;
-                if (before.size() == kept.Image().size()) {
-                    QImage patched = before;
-                    for (const QRect& area : reported) {
-                        const QRect device(QPointF(area.topLeft() * ratio).toPoint(),
-                                           QPointF((area.bottomRight() + QPoint(1, 1)) * ratio).toPoint());
-                        for (int y = std::max(device.top() - 1, 0);
-                             y < std::min(device.bottom(), patched.height()); ++y)
-                            for (int x = std::max(device.left() - 1, 0);
-                                 x < std::min(device.right(), patched.width()); ++x)
-                                patched.setPixel(x, y, kept.Image().pixel(x, y));
-                    }
-                    ASSERT_EQ(patched, kept.Image()) << "seed " << seed << " step " << step << " x" << ratio;
-                }
-                before = kept.Image().copy();
+                if (shown.size() != kept.Image().size())
+                    shown = kept.Image().copy();
+                Blit(shown, kept.Image(), reported, ratio);
+                ASSERT_EQ(shown, kept.Image()) << "seed " << seed << " step " << step << " x" << ratio;
             }
         }
     }

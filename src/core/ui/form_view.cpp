@@ -437,7 +437,24 @@ void CTestSDIFormView::TakeLimit() {
         m_AfterCommand();
 }
 
-void CTestSDIFormView::RefreshMarkers() {}
+void CTestSDIFormView::RefreshMarkers() {
+    const Session& session = m_Program.State();
+    const bool curves = MarkersHaveCurves(session.curve);
+    for (std::size_t n = 0; n < m_Marker.size(); ++n) {
+        const Marker& marker = session.markers.marker[n];
+        const MarkerRow& row = m_Marker[n];
+        row.on->setChecked(marker.m_MarkerOn);
+        Show(row.position, Plain(marker.m_MarkerPosText));
+        Show(row.level, Plain(marker.m_MarkerLevelText));
+        Show(row.positionUnit, Tr(MarkerUnit(session.curve)));
+        Show(row.levelUnit, session.curve.g_UnitDbc ? QStringLiteral("dBc") : QStringLiteral("dBm"));
+        row.max->setChecked(marker.m_MarkerMax);
+        row.up->setChecked(marker.m_MarkerUp);
+        row.down->setChecked(marker.m_MarkerDown);
+        row.up->setEnabled(curves);
+        row.down->setEnabled(curves);
+    }
+}
 
 void CTestSDIFormView::RefreshList() {
     const ResultState& results = m_Program.State().results;
@@ -468,8 +485,17 @@ bool CTestSDIFormView::eventFilter(QObject* watched, QEvent* event) {
     Pressed([this, n = static_cast<int>(row - m_ListRow.begin())] { m_Program.List().ClickRow(n); });
     return true;
 }
-void CTestSDIFormView::ToggleMarker(std::size_t) {}
-void CTestSDIFormView::TakeMarkerChecks(std::size_t) {}
-void CTestSDIFormView::TakeMarkerPosition(std::size_t) {}
+void CTestSDIFormView::ToggleMarker(std::size_t n) {
+    m_Program.Marks().Toggle(n);
+}
+
+void CTestSDIFormView::TakeMarkerChecks(std::size_t n) {
+    const MarkerRow& row = m_Marker[n];
+    m_Program.Marks().SetChecks(n, row.max->isChecked(), row.up->isChecked(), row.down->isChecked());
+}
+
+void CTestSDIFormView::TakeMarkerPosition(std::size_t n) {
+    m_Program.Marks().SetPosition(n, Utf8(m_Marker[n].position->text()));
+}
 
 } // namespace qor::ui

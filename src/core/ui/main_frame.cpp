@@ -4,7 +4,6 @@
 #include "core/program.h"
 #include "core/ui/form_view.h"
 #include "core/ui/looks.h"
-#include "core/ui/open_dialog.h"
 #include "core/ui/text.h"
 
 #include <QtWidgets>
@@ -28,8 +27,8 @@ QString MenuCaption(const QString& caption) {
 
 } // namespace
 
-CMainFrame::CMainFrame(Program& program)
-    : m_Program(program), m_Commands(program, *this),
+CMainFrame::CMainFrame(Program& program, Dialogs& dialogs)
+    : m_Program(program), m_Commands(program, dialogs),
       m_Form(new CTestSDIFormView(program, m_Commands, this)) {
     setWindowTitle(QStringLiteral("QOR"));
     setCentralWidget(m_Form);
@@ -97,6 +96,7 @@ void CMainFrame::RunCommand(Command command, int argument) {
 
 void CMainFrame::Refresh() {
     ApplyAppearance();
+    menuBar()->setVisible(m_Program.State().panel.menuShown);
     m_Form->Refresh();
 }
 
@@ -168,10 +168,6 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     event->ignore(); // the exit button's way: carriers off, port closed, then it ends by itself
     if (!m_Program.IsLeaving())
         RunCommand(Command::Exit, 0);
-}
-
-bool CMainFrame::Open(DialogId dialog, int argument) {
-    return OpenDialog(m_Program, dialog, argument, this);
 }
 
 } // namespace qor::ui

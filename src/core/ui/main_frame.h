@@ -21,9 +21,9 @@ namespace qor::ui {
 class CTestSDIFormView;
 
 /// The main window: menu and keyboard in front of the engine's commands, the panel inside.
-class CMainFrame final : public QMainWindow, private Dialogs {
+class CMainFrame final : public QMainWindow {
 public:
-    explicit CMainFrame(Program& program);
+    CMainFrame(Program& program, Dialogs& dialogs);
 
     /// Shows what has changed: called at each refresh and after each command.
     void Refresh();
@@ -40,7 +40,6 @@ private:
         int argument;
     };
 
-    bool Open(DialogId dialog, int argument) override;
     void BuildMenu();
     void ShowChecks();
     void RunCommand(Command command, int argument);

@@ -10,7 +10,20 @@ class Program;
 
 namespace qor::ui {
 
-/// Shows a dialog and comes back when it is closed; false for one that cannot be opened.
-bool OpenDialog(Program& program, DialogId dialog, int argument, QWidget* parent);
+/// The dialogs of the window.
+class WindowDialogs final : public Dialogs {
+public:
+    /// Until this is called no dialog can be opened.
+    void SetWindow(Program& program, QWidget& window) {
+        m_Program = &program;
+        m_Window = &window;
+    }
+
+    bool Open(DialogId dialog, int argument = 0) override;
+
+private:
+    Program* m_Program = nullptr;
+    QWidget* m_Window = nullptr;
+};
 
 } // namespace qor::ui

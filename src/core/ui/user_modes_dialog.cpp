@@ -104,9 +104,4 @@ bool OpenUserLogOn(Program& program, QWidget* parent) {
     return true;
 }
 
-bool OpenUserModes(Program& program, QWidget* parent) {
-    FlipUserModes(program.Stores(), program.Parts(), [&] { OpenModifyPassword(program, parent); });
-    return true;
-}
-
 } // namespace qor::ui

@@ -15,6 +15,7 @@ using paint::PixelRect;
 using paint::Pixels;
 using paint::TraceColumns;
 using paint::TracePen;
+using paint::TracePoint;
 
 namespace {
 
@@ -45,10 +46,6 @@ QRegion InWindow(const std::vector<PixelRect>& areas, double ratio) {
 
 } // namespace
 
-int PlotPainter::InImage(int pixel) const {
-    return static_cast<int>(std::lround(pixel * m_Ratio));
-}
-
 PixelRect PlotPainter::Whole() const {
     return {0, 0, m_Image.width(), m_Image.height()};
 }
@@ -68,7 +65,6 @@ void PlotPainter::Resize(int width, int height, double ratio) {
     m_Image = QImage(size, QImage::Format_RGB32);
     m_Image.setDevicePixelRatio(ratio);
     m_Base = QImage(size, QImage::Format_RGB32);
-    m_Downs.clear();
     m_Ground.clear();
 }
 
@@ -94,12 +90,23 @@ bool PlotPainter::TakeLayout(const CurveState& curve, const PlotGeometry& plot, 
     return !fits;
 }
 
-void PlotPainter::Collapse(TraceColumns& trace, std::span<const float> levels) const {
-    trace.Reset(static_cast<std::size_t>(m_Image.width()));
-    for (std::size_t i = 0; i < m_Places.size(); ++i) {
-        if (IsPresent(levels[i]) && m_Places[i] >= 0)
-            trace.Add({m_Places[i], InImage(m_Plot.YOf(levels[i]))});
+void PlotPainter::Collapse(TraceColumns& trace, std::span<const float> levels) {
+    // Two plain loops: the first does several points at once.
+    const PlotGeometry plot = m_Plot;
+    const std::size_t count = m_Places.size();
+    m_Rows.resize(count);
+    int* rows = m_Rows.data();
+    for (std::size_t i = 0; i < count; ++i)
+        rows[i] = plot.YOf(levels[i]);
+    m_Points.resize(count);
+    TracePoint* next = m_Points.data();
+    for (std::size_t i = 0; i < count; ++i) {
+        *next = {m_Places[i], InImage(rows[i])};
+        next += IsPresent(levels[i]) && m_Places[i] >= 0;
     }
+    const std::span<const TracePoint> points(m_Points.data(), next);
+    trace.Reset(static_cast<std::size_t>(m_Image.width()));
+    trace.Draw(points);
 }
 
 void PlotPainter::PaintGround(const std::vector<PlotItem>& items) {
@@ -110,19 +117,33 @@ void PlotPainter::PaintGround(const std::vector<PlotItem>& items) {
         paint::PaintItem(painter, item);
 }
 
-void PlotPainter::PaintFinished(std::size_t run, const TraceColumns& up, const TraceColumns& down) {
-    up.Paint(PixelsOf(m_Base), m_TraceArea, UpPen(run));
-    if (down.Empty())
-        return;
-    m_Downs.resize(static_cast<std::size_t>(m_Image.width()) * static_cast<std::size_t>(m_Image.height()));
-    down.Paint({m_Downs.data(), m_Image.width()}, m_TraceArea, DownPen(run));
+/// Paints all that stands still while a run is in progress.
+void PlotPainter::PaintBase(const CurveState& curve) {
+    PaintGround(m_Ground);
+    m_LiveUp.Reset(0);
+    m_LiveDown.Reset(0);
+    m_LiveRun = CurrentRow(curve);
+    m_DownsStand = false;
+    for (std::size_t run = 0; run < m_LiveRun; ++run) {
+        Collapse(m_Scratch, curve.m_LevelUp.Row(run));
+        m_Scratch.Paint(PixelsOf(m_Base), m_TraceArea, UpPen(run));
+    }
 }
 
-/// Lays the runs up to `run` down as finished, as they stand in the matrices.
-void PlotPainter::FinishRuns(const CurveState& curve, std::size_t run, std::vector<PixelRect>& changed) {
-    for (; m_LiveRun < run; ++m_LiveRun) {
+void PlotPainter::PaintDowns(const CurveState& curve, Pixels pixels) {
+    for (std::size_t run = 0; run < m_LiveRun; ++run) {
+        Collapse(m_Scratch, curve.m_LevelDown.Row(run));
+        m_Scratch.Paint(pixels, m_TraceArea, DownPen(run));
+    }
+}
+
+/// Lays the runs that have ended since down upon the base, as they stand in the matrices now.
+void PlotPainter::FinishRuns(const CurveState& curve, std::vector<PixelRect>& changed) {
+    for (; m_LiveRun < CurrentRow(curve); ++m_LiveRun) {
         TakeLive(curve, changed);
-        PaintFinished(m_LiveRun, m_LiveUp, m_LiveDown);
+        m_LiveUp.Paint(PixelsOf(m_Base), m_TraceArea, UpPen(m_LiveRun));
+        if (m_DownsStand)
+            m_LiveDown.Paint({m_Downs.data(), m_Image.width()}, m_TraceArea, DownPen(m_LiveRun));
         m_LiveUp.Reset(0);
         m_LiveDown.Reset(0);
     }
@@ -130,12 +151,12 @@ void PlotPainter::FinishRuns(const CurveState& curve, std::size_t run, std::vect
 
 void PlotPainter::TakeLive(const CurveState& curve, std::vector<PixelRect>& changed) {
     Collapse(m_Scratch, curve.m_LevelUp.Row(m_LiveRun));
-    changed.push_back(m_Scratch.Difference(m_LiveUp, UpPen(0).width));
+    changed.push_back(m_Scratch.Difference(m_LiveUp, UpPen(m_LiveRun)));
     std::swap(m_Scratch, m_LiveUp);
     if (!m_Sweep)
         return;
     Collapse(m_Scratch, curve.m_LevelDown.Row(m_LiveRun));
-    changed.push_back(m_Scratch.Difference(m_LiveDown, DownPen(0).width));
+    changed.push_back(m_Scratch.Difference(m_LiveDown, DownPen(m_LiveRun)));
     std::swap(m_Scratch, m_LiveDown);
 }
 
@@ -159,18 +180,31 @@ void PlotPainter::TakeFront(std::vector<PlotItem> items, std::vector<PixelRect>&
     m_Front = std::move(front);
 }
 
-void PlotPainter::CoverDowns(const PixelRect& area) {
+/// Puts the down curves of the finished runs over an area.
+void PlotPainter::CoverDowns(const CurveState& curve, const PixelRect& area) {
+    if (!m_Sweep || m_LiveRun == 0 || area.Empty())
+        return;
     const Pixels image = PixelsOf(m_Image);
+    if (area == m_TraceArea) {
+        PaintDowns(curve, image); // cheaper than to look at each pixel, and the layer may never be needed
+        return;
+    }
+    if (!m_DownsStand) {
+        m_Downs.assign(static_cast<std::size_t>(m_Image.width()) * static_cast<std::size_t>(m_Image.height()),
+                       0);
+        PaintDowns(curve, {m_Downs.data(), m_Image.width()});
+        m_DownsStand = true;
+    }
+    const Pixels downs{m_Downs.data(), m_Image.width()};
     for (int y = area.top; y < area.bottom; ++y) {
         std::uint32_t* to = image.At(area.left, y);
-        const std::uint32_t* from =
-            m_Downs.data() + static_cast<std::ptrdiff_t>(y) * m_Image.width() + area.left;
+        const std::uint32_t* from = downs.At(area.left, y);
         for (int x = area.left; x < area.right; ++x, ++to, ++from)
             *to = *from ? *from : *to;
     }
 }
 
-void PlotPainter::Compose(const PixelRect& area, QPainter& painter) {
+void PlotPainter::Compose(const CurveState& curve, const PixelRect& area, QPainter& painter) {
     const Pixels image = PixelsOf(m_Image);
     const Pixels base = PixelsOf(m_Base);
     for (int y = area.top; y < area.bottom; ++y)
@@ -178,8 +212,7 @@ void PlotPainter::Compose(const PixelRect& area, QPainter& painter) {
                     static_cast<std::size_t>(area.right - area.left) * sizeof(std::uint32_t));
     const PixelRect traces = area.Cut(m_TraceArea);
     m_LiveUp.Paint(image, traces, UpPen(m_LiveRun));
-    if (!m_Downs.empty() && !traces.Empty())
-        CoverDowns(traces);
+    CoverDowns(curve, traces);
     m_LiveDown.Paint(image, traces, DownPen(m_LiveRun));
 
     painter.save();
@@ -205,17 +238,13 @@ QRegion PlotPainter::Update(const CurveState& curve, const PlotGeometry& plot, c
     PlotScene scene = BuildScene(curve, plot, facts);
     const bool moved = TakeLayout(curve, plot, facts.m_PrintMode);
     std::vector<PixelRect> changed;
-    if (moved || scene.ground != m_Ground) {
-        PaintGround(scene.ground);
+    const bool all = moved || scene.ground != m_Ground;
+    if (all) {
         m_Ground = std::move(scene.ground);
-        m_Downs.clear();
-        m_LiveRun = 0;
-        m_LiveUp.Reset(0);
-        m_LiveDown.Reset(0);
-        changed.push_back(Whole());
+        PaintBase(curve);
+    } else {
+        FinishRuns(curve, changed);
     }
-    const bool all = !changed.empty();
-    FinishRuns(curve, CurrentRow(curve), changed);
     TakeLive(curve, changed);
     TakeFront(std::move(scene.front), changed);
     if (all)
@@ -229,7 +258,7 @@ QRegion PlotPainter::Update(const CurveState& curve, const PlotGeometry& plot, c
     QImage canvas = Canvas(m_Image);
     QPainter painter(&canvas);
     for (const PixelRect& area : changed)
-        Compose(area, painter);
+        Compose(curve, area, painter);
     return InWindow(changed, m_Ratio);
 }
 

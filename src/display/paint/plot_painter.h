@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QRegion>
 
+#include <cmath>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -42,16 +43,19 @@ private:
 
     void Resize(int width, int height, double ratio);
     [[nodiscard]] bool TakeLayout(const CurveState& curve, const PlotGeometry& plot, bool printMode);
-    void Collapse(paint::TraceColumns& trace, std::span<const float> levels) const;
+    void Collapse(paint::TraceColumns& trace, std::span<const float> levels);
     void PaintGround(const std::vector<PlotItem>& items);
-    void PaintFinished(std::size_t run, const paint::TraceColumns& up, const paint::TraceColumns& down);
-    void FinishRuns(const CurveState& curve, std::size_t run, std::vector<paint::PixelRect>& changed);
+    void PaintBase(const CurveState& curve);
+    void PaintDowns(const CurveState& curve, paint::Pixels pixels);
+    void FinishRuns(const CurveState& curve, std::vector<paint::PixelRect>& changed);
     void TakeLive(const CurveState& curve, std::vector<paint::PixelRect>& changed);
     void TakeFront(std::vector<PlotItem> items, std::vector<paint::PixelRect>& changed);
-    void Compose(const paint::PixelRect& area, QPainter& painter);
-    void CoverDowns(const paint::PixelRect& area);
+    void Compose(const CurveState& curve, const paint::PixelRect& area, QPainter& painter);
+    void CoverDowns(const CurveState& curve, const paint::PixelRect& area);
 
-    [[nodiscard]] int InImage(int pixel) const;
+    [[nodiscard]] int InImage(int pixel) const {
+        return m_Ratio == 1 ? pixel : static_cast<int>(std::lround(pixel * m_Ratio));
+    }
     [[nodiscard]] paint::PixelRect Whole() const;
     [[nodiscard]] paint::TracePen UpPen(std::size_t run) const;
     [[nodiscard]] paint::TracePen DownPen(std::size_t run) const;
@@ -60,6 +64,7 @@ private:
     QImage m_Image;
     QImage m_Base;                      ///< ground and up curves of finished runs
     std::vector<std::uint32_t> m_Downs; ///< down curves of finished runs, 0 where there are none
+    bool m_DownsStand = false;          ///< m_Downs is painted; made when first needed
     std::vector<PlotItem> m_Ground;
     std::vector<FrontItem> m_Front;
 
@@ -75,6 +80,8 @@ private:
     paint::TraceColumns m_LiveUp;
     paint::TraceColumns m_LiveDown;
     paint::TraceColumns m_Scratch;
+    std::vector<int> m_Rows; ///< of the trace that is being collapsed, as the next
+    std::vector<paint::TracePoint> m_Points;
 };
 
 /// The whole plot as a picture of the size of `plot`.

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace qor::paint {
@@ -12,16 +13,15 @@ namespace {
 constexpr int TriangleHeight = 8;
 constexpr int TriangleHalf = 8;
 
-QFont FontOf(PlotFont font) {
-    QFont result;
-    result.setStyleHint(QFont::SansSerif);
-    result.setPixelSize(15);
-    if (font == PlotFont::Stamp) {
-        result.setFamily(QStringLiteral("Arial"));
-        result.setPixelSize(46);
-        result.setBold(true);
+QFont FontOf(const PlotText& item) {
+    QFont font;
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(std::max(item.size, 1));
+    if (item.font == PlotFont::Stamp) {
+        font.setFamily(QStringLiteral("Arial"));
+        font.setBold(true);
     }
-    return result;
+    return font;
 }
 
 QColor ColourOf(Rgb rgb) {
@@ -38,7 +38,7 @@ struct LaidText {
 };
 
 LaidText LayOut(const PlotText& item) {
-    LaidText laid{FontOf(item.font), QString::fromStdString(item.text), {}, 1, 0};
+    LaidText laid{FontOf(item), QString::fromStdString(item.text), {}, 1, 0};
     if (item.align != PlotAlign::Left)
         laid.text = laid.text.trimmed();
     const QFontMetricsF metrics(laid.font);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -52,27 +53,42 @@ class TraceColumns {
 public:
     /// Empties all columns.
     void Reset(std::size_t columns);
-    /// Draws on to a point, straight from the one before.
-    void Add(TracePoint point);
+    /// Draws straight from point to point.
+    void Draw(std::span<const TracePoint> points);
 
     [[nodiscard]] bool Empty() const { return m_From > m_To; }
-    /// What a pen of this width covers where the two differ.
-    [[nodiscard]] PixelRect Difference(const TraceColumns& other, int penWidth) const;
+    /// Where the two come out differently.
+    [[nodiscard]] PixelRect Difference(const TraceColumns& other, const TracePen& pen) const;
     void Paint(Pixels pixels, const PixelRect& clip, const TracePen& pen) const;
 
 private:
     struct Rows {
         int low = std::numeric_limits<int>::max();
         int high = std::numeric_limits<int>::min();
+        void Take(int row) {
+            low = std::min(low, row);
+            high = std::max(high, row);
+        }
         bool operator==(const Rows&) const = default;
     };
 
-    void Cover(int column, int from, int to);
+    [[nodiscard]] Rows At(int column) const {
+        return column >= 0 && column < static_cast<int>(m_Columns.size())
+                   ? m_Columns[static_cast<std::size_t>(column)]
+                   : Rows{};
+    }
+    void Cover(int column, const Rows& rows) {
+        Rows& there = m_Columns[static_cast<std::size_t>(column)];
+        there.low = std::min(there.low, rows.low);
+        there.high = std::max(there.high, rows.high);
+    }
+    void CoverLine(TracePoint from, TracePoint to);
+    void PaintPairs(Pixels pixels, const PixelRect& clip, std::uint32_t colour) const;
+    void PaintColumns(Pixels pixels, const PixelRect& clip, const TracePen& pen) const;
 
     std::vector<Rows> m_Columns;
     int m_From = std::numeric_limits<int>::max(); ///< columns in use
     int m_To = std::numeric_limits<int>::min();
-    TracePoint m_Last{};
 };
 
 } // namespace qor::paint

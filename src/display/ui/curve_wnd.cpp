@@ -23,6 +23,7 @@ void CCurveWnd::Refresh() {
     const PlotGeometry plot = ComputeLayout(curve, width(), height());
     SearchMaxima(curve);
     PlotFacts facts = FactsOf(session);
+    facts.marks = m_Program.Marks().Place(plot);
     facts.narrowScreen = m_Narrow;
     facts.translate = [](std::string_view text) { return Utf8(Tr(text)); };
     const QRegion changed = m_Painter.Update(curve, plot, facts, devicePixelRatioF());
@@ -42,6 +43,26 @@ void CCurveWnd::paintEvent(QPaintEvent* event) {
         const QRectF source(area.x() * ratio, area.y() * ratio, area.width() * ratio, area.height() * ratio);
         painter.drawImage(QRectF(area), image, source);
     }
+}
+
+void CCurveWnd::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && m_Program.Marks().Press(at.x(), at.y()))
+        setCursor(Qt::SizeAllCursor);
+}
+
+void CCurveWnd::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_Program.Marks().IsDragging())
+        return;
+    const QPoint at = event->position().toPoint();
+    m_Program.Marks().Move(at.x(), at.y());
+    Refresh();
+}
+
+void CCurveWnd::mouseReleaseEvent(QMouseEvent*) {
+    m_Program.Marks().Release();
+    unsetCursor();
+    Refresh();
 }
 
 void CCurveWnd::resizeEvent(QResizeEvent*) {

@@ -120,7 +120,14 @@ bool CSweeptimes::Take() {
     setup.interval = m_IntervalEdit.toInt();
     setup.saEnclosed = m_bSaEnclosed->isChecked();
     setup.continuous = m_Continu->isChecked();
-    return ok && ApplyRunSetup(setup, m_Program.State().user.administrator, m_Program.State(), m_Program.Parts(), m_Program.Stores());
+    return ok && ApplyRunSetup(setup, m_Program.State().user.administrator, m_Program.State(),
+                               m_Program.Parts(), m_Program.Stores());
+}
+
+bool OpenRunSetup(Program& program, QWidget* parent) {
+    CSweeptimes(program, parent).exec();
+    program.Select().ShowRepetition();
+    return true;
 }
 
 } // namespace qor::ui

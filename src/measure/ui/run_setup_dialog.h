@@ -30,4 +30,7 @@ private:
     QString m_IntervalEdit;
 };
 
+/// Shows it; the panel then names the kind of repetition.
+bool OpenRunSetup(Program& program, QWidget* parent);
+
 } // namespace qor::ui
