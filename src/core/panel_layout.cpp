@@ -12,6 +12,8 @@ constexpr int NarrowFrame = 22;
 constexpr int RowHeight = 20;
 /// The normal form ends above the layout's height; the strip below is given to the plot.
 constexpr int SpareBelow = 99;
+constexpr int PlotRight = 315;      ///< from the column's right edge
+constexpr int StatusBottom = 388;   ///< from the boxes' lower edge
 constexpr int SpareBelowSmall = 52; ///< where a row of buttons stands under the boxes
 
 struct Placer {
@@ -72,14 +74,14 @@ void PlaceColumn(const Placer& place, int r) {
 }
 
 void PlaceBoxes(const Placer& place, int b, int shift) {
-    place(Control::FrequencyBox, 0, b - 388, 245, b - 227);
+    place(Control::FrequencyBox, 0, b - StatusBottom, 245, b - 227);
     place(Control::F1Label, 28, b - 345, 66, b - 315);
     place(Control::F2Label, 28, b - 310, 66, b - 280);
     place(Control::F1Text, 69, b - 349, 157, b - 314);
     place(Control::F2Text, 69, b - 312, 157, b - 277);
     place(Control::PathPicture, 159, b - 349, 243, b - 276);
     place(Control::LampPicture, 28, b - 272, 157, b - 236);
-    place(Control::ReadingBox, 250 + shift, b - 388, 710 + shift, b - 227);
+    place(Control::ReadingBox, 250 + shift, b - StatusBottom, 710 + shift, b - 227);
     place(Control::FimLabel, 260 + shift, b - 345, 346 + shift, b - 315);
     place(Control::FimText, 258 + shift, b - 312, 346 + shift, b - 277);
     place(Control::Reading, 355 + shift, b - 370, 652 + shift, b - 238);
@@ -96,7 +98,7 @@ void PlaceButtons(const Placer& place, const LayoutRequest& request, int r, int 
         place(Control::PortLabel, r - 295, b - 325, r - 155, b - 280);
         place(Control::PortButtonControl, r - 295, b - 275, r - 65, b - 230);
         place(Control::StartButton, left, b - 375, r - 305, b - 330);
-        place(Control::ClearButton, r - 62, b - 275, r - 40, b - 230);
+        place(Control::ClearButton, r - 300, b - 375, r - 278, b - 330);
         place(Control::ExitButton, left, b - 275, r - 305, b - 230);
     } else if (!small) {
         place(Control::PortListBox, r - 153, b - 475, r - 35, b - 450);
@@ -124,9 +126,11 @@ void PlaceNormal(PanelLayout& layout, const LayoutRequest& asked) {
     layout.narrowScreen = request.width < 1200;
     const bool wide = request.width * 10 / request.height >= 15;
     const bool small = !wide && request.width < 1300 && request.height < 1024;
-    const int r = layout.clientWidth + FrameWidth + (request.plotOnly ? PlotOnlyWidth : 0);
-    const int b = layout.clientHeight + FrameHeight + (request.plotOnly ? PlotOnlyHeight : 0) +
-                  (small ? SpareBelowSmall : SpareBelow);
+    // In the plot-only display the status row ends at the area's lower right corner, and what stands right of
+    // the plot and below that row lies outside.
+    const int r = layout.clientWidth + (request.plotOnly ? PlotRight : FrameWidth);
+    const int spare = small ? SpareBelowSmall : SpareBelow;
+    const int b = layout.clientHeight + (request.plotOnly ? StatusBottom : FrameHeight + spare);
     int shift = 0;
     if (!wide)
         shift = std::max((r - 1025) / 2, 0);
@@ -134,13 +138,13 @@ void PlaceNormal(PanelLayout& layout, const LayoutRequest& asked) {
         shift = std::max((r - 1265) / 2, 0);
 
     const Placer place{layout};
-    place(Control::Plot, 0, 0, r - 315, b - 410 - (request.listShown ? RowHeight : 0));
+    place(Control::Plot, 0, 0, r - PlotRight, b - 410 - (request.listShown ? RowHeight : 0));
     place.ScaleButtons(layout[Control::Plot]);
     if (request.listShown) {
         place.ListButtons(r - 320, b - 430, b - 410);
         place.Row(Control::ListCell, 7, r - 420, b - 430, b - 410);
     }
-    place.Row(Control::StatusCell, 6, r - 315, b - 408, b - 388);
+    place.Row(Control::StatusCell, 6, r - PlotRight, b - 408, b - StatusBottom);
     PlaceBoxes(place, b, shift);
     PlaceColumn(place, r);
     PlaceButtons(place, request, r, b, wide, small);

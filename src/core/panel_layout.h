@@ -83,10 +83,6 @@ struct PanelLayout {
 
 /// A control placed here is out of sight.
 inline constexpr PanelRect OutOfSight{2000, 2000, 2000, 2000};
-/// Growth of the plot in the plot-only display; what stands right of it and below moves out by as much.
-inline constexpr int PlotOnlyWidth = 305;
-inline constexpr int PlotOnlyHeight = 263;
-
 /// True for the sizes of small panel computers: up to 1024 wide and below 768 high.
 [[nodiscard]] bool IsNarrow(int width, int height);
 

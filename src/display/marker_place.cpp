@@ -17,7 +17,8 @@ constexpr int GripSize = 20; ///< pixels of a label that can be taken hold of
 constexpr int LabelLeft = 8; ///< of its point
 constexpr int LabelAbove = 28;
 constexpr int LabelBelow = 13;
-constexpr int EndRoom = 8; ///< a marker beyond the plot stands so far before its end
+constexpr int FlagText = 20; ///< on a maximum its flag has its text where the label would stand
+constexpr int EndRoom = 8;   ///< a marker beyond the plot stands so far before its end
 
 /// x of a point; one that lies beyond the plot is kept on it.
 int HeldOnPlot(const CurveState& curve, const PlotGeometry& plot, std::size_t index) {
@@ -53,11 +54,21 @@ std::size_t NearestTo(std::span<const float> grid, float frequency) {
     return above != grid.end() && *above - frequency < frequency - grid[at - 1] ? at : at - 1;
 }
 
-void PutLabel(Marker& marker, MarkerMark& mark, std::vector<MarkerMark>& marks) {
-    if (mark.onPoint && !marker.g_markerDrag) {
-        marker.g_markerLabelX = mark.x - LabelLeft;
-        marker.g_markerLabelY = mark.down ? mark.y + LabelBelow : mark.y - LabelAbove;
-    }
+/// Puts the marker on its point at a column of the curve; a label at the mouse stays there.
+void PutOnPoint(Marker& marker, MarkerMark& mark, const CurveState& curve, const PlotGeometry& plot,
+                std::size_t column, float level) {
+    mark.onPoint = true;
+    mark.x = HeldOnPlot(curve, plot, column);
+    mark.y = plot.YOf(level);
+    if (marker.g_markerDrag)
+        return;
+    const bool flagged = static_cast<int>(column) == (mark.down ? curve.g_maxDownIndex : curve.g_maxUpIndex);
+    const int aside = flagged ? FlagText : 0;
+    marker.g_markerLabelX = mark.x - LabelLeft;
+    marker.g_markerLabelY = mark.down ? mark.y + LabelBelow + aside : mark.y - LabelAbove - aside;
+}
+
+void PutLabel(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
     mark.labelX = marker.g_markerLabelX;
     mark.labelY = marker.g_markerLabelY;
     marker.labelShown = true;
@@ -162,9 +173,7 @@ void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<Marker
     const float level = column < CurvePoints ? curve.m_LevelUp.Row(CurrentRow(curve))[column] : 0.0f;
     if (level < 0.0f) {
         ShowLevel(marker.g_markerValueUp, level);
-        mark.onPoint = true;
-        mark.x = HeldOnPlot(curve, m_Plot, column);
-        mark.y = m_Plot.YOf(level);
+        PutOnPoint(marker, mark, curve, m_Plot, column, level);
     }
     if (mark.onPoint || marker.g_markerDrag)
         PutLabel(marker, mark, marks);
@@ -195,9 +204,7 @@ bool Markers::FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMar
                 continue;
             if (!marker.g_markerDrag && !Reads(marker.m_MarkerPosText, frequency))
                 marker.m_MarkerPosText = Fixed(static_cast<double>(frequency), 1);
-            mark.onPoint = true;
-            mark.x = HeldOnPlot(curve, m_Plot, i);
-            mark.y = m_Plot.YOf(level);
+            PutOnPoint(marker, mark, curve, m_Plot, i, level);
             PutLabel(marker, mark, marks);
         }
     }

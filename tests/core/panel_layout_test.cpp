@@ -73,9 +73,10 @@ TEST(PanelLayout, SmallPanelComputersGetThePlotAndOneRow) {
 TEST(PanelLayout, PlotOnlyMovesTheColumnOutAndBackExactly) {
     const PanelLayout normal = Relayout({1280, 1024});
     const PanelLayout plot = Relayout({1280, 1024, true});
-    EXPECT_EQ(plot[Control::Plot].right, normal[Control::Plot].right + PlotOnlyWidth);
-    EXPECT_EQ(plot[Control::Plot].bottom, normal[Control::Plot].bottom + PlotOnlyHeight);
-    EXPECT_GE(plot[Control::AlarmBox].left + 25, plot.clientWidth) << "out at the right";
+    EXPECT_EQ(plot[Control::Plot].right, plot.clientWidth);
+    EXPECT_EQ(plot[Control::StatusCell].bottom, plot.clientHeight) << "the row of cells is the last there is";
+    EXPECT_GE(plot[Control::AlarmBox].left, plot.clientWidth) << "out at the right";
+    EXPECT_GE(plot[Control::ReadingBox].top, plot.clientHeight) << "out below";
     EXPECT_EQ(plot[Control::StartButton].right, plot[Control::Plot].right) << "in the sixth cell";
     EXPECT_EQ(plot[Nth(Control::StatusCell, 5)], OutOfSight);
     EXPECT_EQ(Relayout({1280, 1024}).place, normal.place);

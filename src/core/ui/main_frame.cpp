@@ -13,6 +13,7 @@ namespace qor::ui {
 namespace {
 
 constexpr int RefreshMs = 100;
+constexpr int IdleRefreshMs = 250; ///< while nothing happens by itself but the status poll
 
 /// "Caption(&X)" in the toolkit's way: a mnemonic within the word where there is one, else behind it.
 QString MenuCaption(const QString& caption) {
@@ -96,6 +97,10 @@ void CMainFrame::RunCommand(Command command, int argument) {
 
 void CMainFrame::Refresh() {
     ApplyAppearance();
+    const Session& session = m_Program.State();
+    const bool idle = !session.run.runOn && session.panel.lamp == Lamp::Ready;
+    if (const int wanted = idle ? IdleRefreshMs : RefreshMs; m_Refresh.interval() != wanted)
+        m_Refresh.start(wanted);
     menuBar()->setVisible(m_Program.State().panel.menuShown);
     m_Form->Refresh();
 }
