@@ -107,6 +107,9 @@ TEST(Markers, InTwoToneAPositionFindsItsLevelAndWhatLiesOutsideFindsNone) {
     const auto at2 = desk.Set("", "2.0");
     EXPECT_EQ(at2[0].x, XOfPoint(desk.S().curve, desk.plot, 20));
     EXPECT_EQ(at2[0].y, desk.plot.YOf(-90.0f));
+    desk.S().curve.g_forcedMsPerPoint = 200; // the maximum is at 4.0 s then
+    desk.Set("", "3.9");
+    EXPECT_EQ(desk.Texts(), "3.9 -100.0") << "half way still belongs to the point before";
 }
 
 /// The table of the three boxes, of the sweep of Sweep(): its peaks are -95 up at 909, -94 down at 910.
@@ -141,7 +144,8 @@ TEST(Markers, InASweepTheBoxesChooseTheCurve) {
     MarkerDesk desk;
     desk.Sweep();
     EXPECT_EQ(MarkerUnit(desk.S().curve), "MHz");
-    desk.Set("U", "909");
+    desk.Set("U", "906");
+    desk.Set("U", "909"); // a paint in between does not bring 906 back
     ConvertLevelUnit(true, desk.S());
     desk.Settle();
     EXPECT_EQ(desk.Texts(), "909 -138.0") << "in dBc, less the carrier of 43 dBm, once";
