@@ -8,6 +8,7 @@
 #include "core/text_format.h"
 #include "display/curve_store.h"
 #include "display/level_unit.h"
+#include "display/markers.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
 
@@ -108,6 +109,14 @@ bool SetPort2Loss(double port2, Session& session, const Platform& platform) {
     return true;
 }
 
+void DropPathLoss(Session& session) {
+    PlanState& plan = session.plan;
+    plan.g_powerOffset = plan.g_port2Loss = 0;
+    plan.g_RxLoss = plan.g_BandRxLoss = 0;
+    if (!session.panel.m_lossInfo.empty())
+        ShowLossInfo(session);
+}
+
 std::string CompensationTitle(Session& session, SetupStore& store) {
     constexpr std::size_t Column = 15;
     TakeStoredPowers(session, store);
@@ -137,7 +146,7 @@ bool ApplyCompensation(std::string_view f1, std::string_view f2, Session& sessio
     plan.m_power1_compensation = f1;
     plan.m_power2_compensation = f2;
     ShowLossInfo(session);
-    ResetCurve(session.curve);
+    ClearPlot(session);
     ClearLevels(session.curve);
     session.curve.g_curveDirty = 1;
     return true;

@@ -11,6 +11,7 @@
 #include "core/user_modes.h"
 #include "display/curve_store.h"
 #include "display/level_unit.h"
+#include "display/markers.h"
 #include "display/plot_range.h"
 #include "display/run_view.h"
 #include "platform/launcher.h"
@@ -267,9 +268,8 @@ void Commands::ClearDisplay() {
     Session& session = m_Program.State();
     if (!RunIsOff(session, m_Program.Parts()))
         return;
-    ResetCurve(session.curve);
+    ClearPlot(session);
     ClearLevels(session.curve);
-    m_Program.Marks().Clear();
     session.curve.StoreDataPot = 0;
     session.curve.g_MeasVerdict = VerdictNone;
     session.panel.m_ReadingText.clear();

@@ -4,6 +4,7 @@
 #include "core/run_control.h"
 #include "core/selection.h"
 #include "core/session.h"
+#include "display/markers.h"
 #include "link/band_activation.h"
 #include "link/channel.h"
 #include "link/connection.h"

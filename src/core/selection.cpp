@@ -6,6 +6,7 @@
 #include "core/session.h"
 #include "core/timer_ids.h"
 #include "display/curve_store.h"
+#include "display/markers.h"
 #include "link/channel.h"
 #include "link/commands.h"
 #include "link/connection.h"
@@ -26,7 +27,7 @@ Selection::Selection(Session& session, const Platform& platform, SetupStore& sto
 void Selection::ResetPlot() {
     LinkState& link = m_Session.link;
     const int step = link.g_init;
-    ResetCurve(m_Session.curve);
+    ClearPlot(m_Session);
     m_Init.HardBandInit();
     if (m_Platform.comm.GetPortOpen())
         return;

@@ -6,7 +6,7 @@
 #include "core/user_modes.h"
 #include "display/alarm.h"
 #include "display/curve_state.h"
-#include "display/markers.h"
+#include "display/marker_state.h"
 #include "link/link_state.h"
 #include "measure/inter_band.h"
 #include "measure/run_state.h"

@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "core/text_format.h"
 #include "core/timer_ids.h"
+#include "display/curve_store.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
 #include "platform/speaker.h"
@@ -26,6 +27,8 @@ constexpr std::array Tones{500, 1500, 2200};
 constexpr double LowestLimit = -200;
 constexpr double FastFrom = 10.0; ///< dB over the limit
 constexpr std::size_t LimitCharacters = 7;
+// shown to the operator
+constexpr std::string_view NoNumber = "keine Zahl. Bitte mit Dezimalpunkt eingeben.";
 
 /// How far the level shown is over the limit, dB; nothing when no level is shown.
 std::optional<double> Excess(const Session& session) {
@@ -36,9 +39,19 @@ std::optional<double> Excess(const Session& session) {
     return static_cast<double>(ToTenths(level) - ToTenths(NumberIn(session.panel.m_AlarmText))) / 10.0;
 }
 
-void KeepFlags(const CurveState& curve, SetupStore& store) {
+/// What the limit says of the curve has changed.
+void Rejudge(Session& session) {
+    JudgeAnew(session.curve, session.receiver.tagReceiver == 1);
+    session.curve.g_curveDirty = 1;
+}
+
+/// Keeps the flags. A curve taken while the alarm was off has not been judged yet.
+void TakeFlags(Session& session, SetupStore& store) {
+    const CurveState& curve = session.curve;
     store.Write("tagWarningOn.ccz", std::to_string(curve.g_alarmOff));
     store.Write("tagWarningStampOn.ccz", std::to_string(curve.g_stampOff));
+    if (!curve.g_alarmOff)
+        Rejudge(session);
 }
 
 } // namespace
@@ -60,7 +73,7 @@ void FlipAlarm(Session& session, SetupStore& store) {
     curve.g_alarmOff = curve.g_alarmOff == 0 ? 1 : 0;
     if (curve.g_alarmOff)
         curve.g_stampOff = 1;
-    KeepFlags(curve, store);
+    TakeFlags(session, store);
 }
 
 void FlipStamp(Session& session, SetupStore& store) {
@@ -68,7 +81,7 @@ void FlipStamp(Session& session, SetupStore& store) {
     curve.g_stampOff = curve.g_stampOff == 0 ? 1 : 0;
     if (!curve.g_stampOff)
         curve.g_alarmOff = 0;
-    KeepFlags(curve, store);
+    TakeFlags(session, store);
 }
 
 void ChooseBeepTone(int hz, AlarmState& alarm, SetupStore& store) {
@@ -88,14 +101,16 @@ bool EnterLimit(std::string_view text, Session& session, const Platform& platfor
         return false;
     }
     const auto entered = EnteredNumber(text);
-    if (!entered || *entered > 0 || *entered < LowestLimit) {
+    if (!entered) {
+        platform.user.Message(std::string(text) + ": " + std::string(NoNumber));
+        return false;
+    }
+    if (*entered > 0 || *entered < LowestLimit) {
         platform.user.Message("The value of Alarm Lever should be in range 0 ~ -200");
         return false;
     }
-    if (curve.g_MeasVerdict == VerdictOverLimit || curve.g_MeasVerdict >= VerdictFailed)
-        curve.g_MeasVerdict = VerdictPassed; // until the curve is held against the new limit
     curve.g_alarmLevel = curve.g_alarmKept = static_cast<float>(*entered);
-    curve.g_curveDirty = 1;
+    Rejudge(session);
     session.panel.m_AlarmText = Fixed(*entered, 1);
     const double absolute = *entered + (curve.g_UnitDbc ? static_cast<double>(curve.g_CarrierDbm) : 0.0);
     store.Write("AlarmUp.ccz", Fixed(absolute, 1).substr(0, LimitCharacters));

@@ -40,15 +40,10 @@ void JudgeRow(CurveState& curve, std::span<const float> levels) {
         curve.g_MeasVerdict = VerdictOverLimit;
 }
 
-struct Maximum {
-    float level = 0;
-    int index = 0;
-};
-
-void SearchRow(std::span<const float> row, std::size_t last, std::optional<Maximum>& best) {
+void SearchRow(std::span<const float> row, std::size_t last, std::optional<CurveMaximum>& best) {
     for (std::size_t i = 0; i < row.size() && i <= last; ++i) {
         if (IsPresent(row[i]) && (!best || IsHigher(row[i], best->level)))
-            best = Maximum{row[i], static_cast<int>(i)};
+            best = CurveMaximum{row[i], static_cast<int>(i)};
     }
 }
 
@@ -59,9 +54,10 @@ std::optional<std::size_t> SingleRow(const CurveState& curve) {
     return static_cast<std::size_t>(curve.g_shownRun) - 1;
 }
 
-std::optional<Maximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix, FinishedMaximum& known) {
+std::optional<CurveMaximum> SearchRuns(const CurveState& curve, const RunMatrix& matrix,
+                                       FinishedMaximum& known) {
     const std::size_t last = LastPoint(curve);
-    std::optional<Maximum> best;
+    std::optional<CurveMaximum> best;
     if (const auto single = SingleRow(curve)) {
         SearchRow(matrix.Row(*single), last, best);
         return best;
@@ -69,7 +65,7 @@ std::optional<Maximum> SearchRuns(const CurveState& curve, const RunMatrix& matr
     const std::size_t run = CurrentRow(curve);
     std::size_t row = 0;
     if (known.revision == curve.m_RowsRevision && known.last == last && known.rows <= run && known.rows > 0) {
-        best = Maximum{known.level, known.index};
+        best = CurveMaximum{known.level, known.index};
         row = known.rows;
     }
     for (; row < run; ++row) {
@@ -189,6 +185,25 @@ void UpdateCurveArrays(CurveState& curve, bool internalReceiver) {
     JudgeRow(curve, curve.m_LevelDown.Row(checked));
 }
 
+void JudgeAnew(CurveState& curve, bool internalReceiver) {
+    int& verdict = curve.g_MeasVerdict;
+    if (verdict == VerdictOverLimit || verdict >= VerdictFailed)
+        verdict = VerdictPassed;
+    UpdateCurveArrays(curve, internalReceiver);
+    if (verdict != VerdictPassed)
+        return;
+    for (std::size_t row = 0; row <= CurrentRow(curve); ++row) {
+        JudgeRow(curve, curve.m_LevelUp.Row(row));
+        JudgeRow(curve, curve.m_LevelDown.Row(row));
+    }
+}
+
+CurveMaximum HighestOf(std::span<const float> row) {
+    std::optional<CurveMaximum> best;
+    SearchRow(row, row.size(), best);
+    return best.value_or(CurveMaximum{});
+}
+
 void SearchMaxima(CurveState& curve) {
     const bool sweep = IsSweepCurve(curve);
     const auto up = SearchRuns(curve, curve.m_LevelUp, curve.m_FinishedUp);
@@ -198,11 +213,11 @@ void SearchMaxima(CurveState& curve) {
     curve.g_maxDownLevel = down ? down->level : 0;
     curve.g_maxDownIndex = down ? down->index : 0;
 
-    const auto counts = [](const std::optional<Maximum>& m) { return m && m->level < -0.1f; };
+    const auto counts = [](const std::optional<CurveMaximum>& m) { return m && m->level < -0.1f; };
     const bool downWins = counts(down) && (!counts(up) || IsHigher(down->level, up->level));
     if (!downWins && !counts(up))
         return;
-    const Maximum& worst = downWins ? *down : *up;
+    const CurveMaximum& worst = downWins ? *down : *up;
     curve.g_worstLevel = curve.g_UnitDbc ? worst.level - curve.g_CarrierDbm : worst.level;
     if (sweep)
         curve.g_worstFreq = curve.g_freqGrid[static_cast<std::size_t>(worst.index)];

@@ -52,6 +52,18 @@ void UpdateTimePerPoint(CurveState& curve, bool internalReceiver);
 /// 0.0 that exceeds it by more than 0.01 dB sets g_MeasVerdict to 1 unless the alarm is off.
 void UpdateCurveArrays(CurveState& curve, bool internalReceiver);
 
+/// Judges the curve in view anew, all its runs, after a change of the limit, the alarm or the runs shown.
+/// Only a verdict about levels changes: none, and an error of the instrument, stay.
+void JudgeAnew(CurveState& curve, bool internalReceiver);
+
+/// Highest present level of a row and its column, earliest first unless another is more than 0.05 dB higher;
+/// 0 for a row without one.
+struct CurveMaximum {
+    float level = 0;
+    int index = 0;
+};
+[[nodiscard]] CurveMaximum HighestOf(std::span<const float> row);
+
 /// Finds the highest present level of the shown runs, earliest first unless another is more than 0.05 dB
 /// higher, and with it the worst point of the curve.
 void SearchMaxima(CurveState& curve);

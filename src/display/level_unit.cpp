@@ -4,6 +4,7 @@
 #include "bands/tenths.h"
 #include "core/session.h"
 #include "core/text_format.h"
+#include "display/markers.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
 
@@ -26,6 +27,7 @@ void ShiftShownLevels(double by, Session& session) {
     ShiftLevel(session.panel.m_ReadingText, by);
     session.panel.m_AlarmText = Fixed(NumberIn(session.panel.m_AlarmText) + by, 1);
     session.curve.g_alarmLevel += static_cast<float>(by);
+    RefreshMarkers(session.markers);
 }
 
 } // namespace

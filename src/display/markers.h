@@ -1,93 +1,92 @@
 #pragma once
 
 #include "display/marker_mark.h"
+#include "display/marker_state.h"
 #include "display/plot_geometry.h"
 
-#include <array>
-#include <optional>
-#include <string>
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
 namespace qor {
 
+struct CurveState;
 struct Session;
 
-inline constexpr std::size_t MarkerCount = 3;
-inline constexpr std::size_t MarkerRuns = 10; ///< runs that a marker can belong to; later ones share them
-
-/// Curve that a marker stands on.
-enum class MarkerCurve { Down = 0, Up = 1, Time = 2 };
-
-/// One marker: what its row on the panel says, and where it stands.
-struct Marker {
-    bool m_MarkerOn = false;
-    bool m_MarkerMax = false;      ///< stands on the highest point
-    bool m_MarkerUp = false;       ///< of the up curve; means nothing in 2-tone
-    bool m_MarkerDown = false;     ///< of the down curve; the same
-    std::string m_MarkerPosText;   ///< "%.1f", s or MHz
-    std::string m_MarkerLevelText; ///< "%.1f" in the unit shown
-
-    float g_markerPos = -1; ///< the position as a number; below 0: none
-    int g_markerLabelX = 0; ///< label and grip, pixels of the plot's window
-    int g_markerLabelY = 0;
-    bool g_markerDrag = false;
-    MarkerCurve g_markerCurve = MarkerCurve::Time;
-    bool g_markerFresh = false; ///< a control has just changed: the value found is still that of before
-    int g_markerRun = 0;        ///< 0 to 9
-    std::array<bool, MarkerRuns> g_markerEnableUp{};
-    std::array<bool, MarkerRuns> g_markerEnableDown{}; ///< entry 0 also stands for the 2-tone trace
-    std::optional<float> g_markerValueUp;              ///< dBm, found by the last paint
-    std::optional<float> g_markerValueDown;            ///< the same
-};
-
-struct MarkerState {
-    std::array<Marker, MarkerCount> marker;
-    bool sweep = false;                         ///< kind of curve that the check boxes are for
-    std::array<float, MarkerRuns> g_runUpMax{}; ///< dBm, 0: the run has no point
-    std::array<float, MarkerRuns> g_runDownMax{};
-    std::array<int, MarkerRuns> g_runUpMaxIndex{};
-    std::array<int, MarkerRuns> g_runDownMaxIndex{};
-};
-
-/// Three markers that read single points off the plot: at a position that is typed, dragged, or the highest
-/// point. Painting finds the levels, the marker timer puts them on the panel.
+/// The markers: their controls on the panel, the mouse on the plot, the 300 ms tick that brings their texts
+/// up to date, and the place a paint gives them. A paint finds a level, the next tick shows it.
+///
+/// markers.cpp holds the controls and the tick, marker_place.cpp the mouse and the paint. Markers are counted
+/// from 0 here; places of the mouse are pixels of the plot's window.
 class Markers {
 public:
     explicit Markers(Session& session) : m_Session(session) {}
 
-    // The row of a marker, 0 to 2.
-    void Toggle(std::size_t marker);
+    void Toggle(std::size_t marker); ///< its button
+    /// The three check boxes. In 2-tone there is but one curve, and the last two mean nothing.
     void SetChecks(std::size_t marker, bool max, bool up, bool down);
-    void SetPosition(std::size_t marker, std::string_view text);
-    /// Gives a marker to a run, 0 and up; a run beyond those set up changes nothing.
-    void ChooseRun(std::size_t marker, int run);
+    /// Each change of the position box. What is no number is no place.
+    void SetPosition(std::size_t marker, std::string_view position);
 
-    // The mouse on the plot, pixels of its window. Press tells whether a label was grabbed.
-    bool Press(int x, int y);
+    // The mouse on the plot.
+    bool Press(int x, int y); ///< true when it has taken hold of a label
     void Move(int x, int y);
-    void Release();
+    void Release(); ///< the marker stays where its label is
     [[nodiscard]] bool IsDragging() const;
 
-    void OnMarkerTimer();
-    /// Where the markers are drawn on this plot. Finds their levels.
+    void OnMarkerTimer(); ///< MarkerTimer
+    /// Part of each paint, after the maxima: finds the points and their levels, gives the labels their places
+    /// and says what to draw. Allocates nothing while no marker is on.
     [[nodiscard]] std::vector<MarkerMark> Place(const PlotGeometry& plot);
-    /// A new curve: positions and levels are gone.
-    void Clear();
 
 private:
-    void FollowCurveKind();
-    void FindRunMaxima();
-    void UpdateTwoTone(Marker& marker);
-    void UpdateSweep(Marker& marker);
-    void TakeMaximum(Marker& marker, bool up);
+    friend class MarkerRunChoice;
+
+    void Touch(Marker& marker);
+    void UpdateInTwoTone(Marker& marker);
+    void UpdateInSweep(Marker& marker);
+    void StandOnMaximum(Marker& marker, bool up);
     void TakePosition(Marker& marker);
-    void ShowValue(Marker& marker, std::optional<float> value);
-    void PlaceTwoTone(int number, Marker& marker, const PlotGeometry& plot, std::vector<MarkerMark>& marks);
-    void PlaceSweep(int number, Marker& marker, const PlotGeometry& plot, std::vector<MarkerMark>& marks);
-    [[nodiscard]] std::string LevelText(float level) const;
+    void SearchRunMaxima();
+    void ShowLevel(std::string& text, float level) const;
+    void FollowMouse(Marker& marker);
+    void PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
+    void PlaceInSweep(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
+    bool FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
 
     Session& m_Session;
+    PlotGeometry m_Plot; ///< of the last paint
 };
+
+/// The dialog "Marker n Einbauen", which gives a marker its run. The marker is off while this lives, and
+/// afterwards as it was.
+class MarkerRunChoice {
+public:
+    MarkerRunChoice(Markers& markers, std::size_t marker);
+    ~MarkerRunChoice();
+    MarkerRunChoice(const MarkerRunChoice&) = delete;
+    MarkerRunChoice& operator=(const MarkerRunChoice&) = delete;
+
+    /// The run chosen, counted from 0. One that is not set up, or beyond the tenth, changes nothing.
+    void Take(int run);
+
+private:
+    Markers& m_Markers;
+    Marker& m_Marker;
+    bool m_On;
+    std::string m_Position;
+};
+
+/// True when "Oben" and "Unter" can be ticked: only a sweep has the two curves.
+[[nodiscard]] bool MarkersHaveCurves(const CurveState& curve);
+/// Unit of the positions: "Sec." or "MHz".
+[[nodiscard]] std::string_view MarkerUnit(const CurveState& curve);
+
+/// Takes the markers' texts and places away; their boxes stay ticked.
+void ClearMarkers(MarkerState& markers);
+/// The panel and the maxima of the runs have to follow a change of curve, unit or control.
+void RefreshMarkers(MarkerState& markers);
+/// ResetCurve, and the texts of the markers with it.
+void ClearPlot(Session& session);
 
 } // namespace qor

@@ -2,6 +2,7 @@
 
 #include "core/guards.h"
 #include "core/session.h"
+#include "display/curve_store.h"
 
 namespace qor {
 
@@ -14,8 +15,7 @@ bool ShowRun(int run, Session& session, const Platform& platform) {
     if (!RunIsOff(session, platform) || run < 0 || run > curve.g_runCount)
         return false;
     curve.g_shownRun = run == curve.g_shownRun ? 0 : run;
-    if (curve.g_MeasVerdict != VerdictNone && !IsInstrumentError(curve.g_MeasVerdict))
-        curve.g_MeasVerdict = VerdictPassed;
+    JudgeAnew(curve, session.receiver.tagReceiver == 1);
     curve.g_curveDirty = 1;
     return true;
 }

@@ -6,6 +6,7 @@
 #include "core/timer_ids.h"
 #include "display/alarm.h"
 #include "display/curve_store.h"
+#include "display/markers.h"
 #include "link/channel.h"
 #include "link/connection.h"
 #include "link/firmware.h"
@@ -58,8 +59,7 @@ void Measurement::OnMeasButton(Connection& connection) {
     run.passes = 0;
     run.g_SweepIntervalLeft = run.g_SweepInterval;
     run.g_bSweepIntervalOk = true;
-    ResetCurve(m_Session.curve);
-    Markers(m_Session).Clear();
+    ClearPlot(m_Session);
     if (run.tagEndless)
         m_Session.curve.g_worstText = "-300"; // any level is higher
     m_Session.panel.m_WorstFreqText.clear();

@@ -1,5 +1,6 @@
 #include "results/list_panel.h"
 
+#include "bands/path_loss.h"
 #include "bands/setup_store.h"
 #include "core/session.h"
 #include "results/result_files.h"
@@ -28,6 +29,7 @@ void ListPanel::Load(const std::vector<std::filesystem::path>& paths) {
     if (!Idle() || paths.empty())
         return;
     ResultState& results = m_Session.results;
+    DropPathLoss(m_Session);
     results.LastLoadPath = paths.front().string();
     m_Store.Write("LastLoadPath.ccz", results.LastLoadPath);
     for (std::size_t n = 0; n < results.g_fileList.size(); ++n)
@@ -97,13 +99,15 @@ void ListPanel::Remove() {
     ResultState& results = m_Session.results;
     if (!Idle() || results.g_FileShown < 0 || results.g_FileShown > LastRow)
         return;
-    const auto gone = results.g_fileList.begin() + results.g_FileFirst + results.g_FileShown;
+    const int place = results.g_FileFirst + results.g_FileShown;
+    const auto gone = results.g_fileList.begin() + place;
     std::move(gone + 1, results.g_fileList.end(), gone);
     results.g_fileList.back().clear();
     results.g_FileLast = std::max(results.g_FileLast - 1, LastRow);
     results.g_FileFirst = std::min(results.g_FileFirst, results.g_FileLast - LastRow);
     FillRows();
-    ShowRow(results.g_FileShown);
+    // The next file has moved up to the place, though the rows may stand elsewhere now.
+    ShowRow(std::min(place, results.g_FileLast) - results.g_FileFirst);
 }
 
 } // namespace qor

@@ -6,6 +6,7 @@
 #include "core/text_format.h"
 #include "display/curve_store.h"
 #include "display/level_unit.h"
+#include "display/markers.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
 #include "results/report_lines.h"
@@ -112,7 +113,7 @@ bool ResultFiles::CurrentShow(const std::filesystem::path& path) {
 
 void ResultFiles::Apply(const ResultFile& file, const std::filesystem::path& path) {
     CurveState& curve = m_Session.curve;
-    ResetCurve(curve);
+    ClearPlot(m_Session);
     ClearLevels(curve);
     curve.g_freqGrid.fill(0);
     curve.g_worstText = path.filename().string();
@@ -141,6 +142,7 @@ void ResultFiles::Apply(const ResultFile& file, const std::filesystem::path& pat
     UpdateCurveArrays(curve, internal);
     SearchMaxima(curve);
     curve.g_curveDirty = 1; // the plot has to follow
+    RefreshMarkers(m_Session.markers);
     Panel& panel = m_Session.panel;
     const bool known = curve.g_worstLevel != 0;
     panel.m_WorstFreqText =

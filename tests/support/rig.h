@@ -64,10 +64,10 @@ class Rig {
 public:
     explicit Rig(const sim::InstrumentConfig& config = {}, VisaLibrary* visa = nullptr,
                  PowerSensorLibrary* sensor = nullptr, Dialogs* dialogs = nullptr,
-                 Launcher* launcher = nullptr)
+                 Launcher* launcher = nullptr, Speaker* speaker = nullptr)
         : instrument(config), line(instrument), ports(time.later), port(ports, time.later), wire(time.clock),
           comm(port, wire),
-          program({comm, ports, time.timers, time.clock, user, visa, sensor, nullptr, launcher, dialogs},
+          program({comm, ports, time.timers, time.clock, user, visa, sensor, speaker, launcher, dialogs},
                   dir.Path()) {
         ports.Add(line, "/dev/ttySIM0");
     }

@@ -439,20 +439,20 @@ void CTestSDIFormView::TakeLimit() {
 
 void CTestSDIFormView::RefreshMarkers() {
     const Session& session = m_Program.State();
-    const MarkerState& markers = session.markers;
+    const bool curves = MarkersHaveCurves(session.curve);
     for (std::size_t n = 0; n < m_Marker.size(); ++n) {
-        const Marker& marker = markers.marker[n];
+        const Marker& marker = session.markers.marker[n];
         const MarkerRow& row = m_Marker[n];
         row.on->setChecked(marker.m_MarkerOn);
         Show(row.position, Plain(marker.m_MarkerPosText));
         Show(row.level, Plain(marker.m_MarkerLevelText));
-        Show(row.positionUnit, markers.sweep ? QStringLiteral("MHz") : Tr("Sec."));
+        Show(row.positionUnit, Tr(MarkerUnit(session.curve)));
         Show(row.levelUnit, session.curve.g_UnitDbc ? QStringLiteral("dBc") : QStringLiteral("dBm"));
         row.max->setChecked(marker.m_MarkerMax);
         row.up->setChecked(marker.m_MarkerUp);
         row.down->setChecked(marker.m_MarkerDown);
-        row.up->setEnabled(markers.sweep);
-        row.down->setEnabled(markers.sweep);
+        row.up->setEnabled(curves);
+        row.down->setEnabled(curves);
     }
 }
 

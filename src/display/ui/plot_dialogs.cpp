@@ -63,23 +63,20 @@ bool OpenAlarm(Program& program, QWidget* parent) {
 
 bool OpenMarker(Program& program, int marker, QWidget* parent) {
     const auto number = static_cast<std::size_t>(marker);
-    Marker& state = program.State().markers.marker[number];
     FormDialog dialog(MarkerTitles[number], parent);
     auto* runs = new QComboBox;
     runs->setAccessibleName(Tr("Bilden:"));
     const int count = std::min(program.State().curve.g_runCount, static_cast<int>(MarkerRuns));
     for (int run = 1; run <= count; ++run)
         runs->addItem(QString::number(run));
-    runs->setCurrentIndex(state.g_markerRun);
+    runs->setCurrentIndex(program.State().markers.marker[number].g_markerRun);
     auto* label = new QLabel(Tr("Bilden:"));
     label->setBuddy(runs);
     dialog.AddGroup({})->addRow(label, runs);
     dialog.AddButtons("OK");
-    const bool wasOn =
-        std::exchange(state.m_MarkerOn, false); // it does not move while its run is being chosen
+    MarkerRunChoice choice(program.Marks(), number);
     if (dialog.exec() == QDialog::Accepted)
-        program.Marks().ChooseRun(number, runs->currentIndex());
-    state.m_MarkerOn = wasOn;
+        choice.Take(runs->currentIndex());
     return true;
 }
 

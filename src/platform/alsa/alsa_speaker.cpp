@@ -2,64 +2,58 @@
 
 #include <algorithm>
 #include <alsa/asoundlib.h>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <memory>
 #include <numbers>
+#include <utility>
 #include <vector>
 
 namespace qor {
 
 namespace {
 
-constexpr unsigned Rate = 44100;
+constexpr unsigned Rate = 44100; ///< frames per second
 constexpr unsigned LatencyUs = 50000;
-constexpr double Loudness = 9000; ///< of 32767
-constexpr int FadeSamples = 200;  ///< at both ends, against clicks
+constexpr int HighestHz = 20000;
+constexpr int LongestMs = 5000;
+constexpr int RampMs = 5; ///< a tone that begins or ends at once clicks
+constexpr double Loudness = 0.5 * 32767;
+constexpr int Patience = 20; ///< waits for a device that takes nothing; then the tone is given up
+constexpr int WaitMs = 10;
 
-void Quiet(const char*, int, const char*, int, const char*, ...) {}
+/// The library would print what goes wrong; a computer without sound is no fault.
+void Silent(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
+            const char* /*format*/, ...) {} // NOLINT(cert-dcl50-cpp)
 
-std::vector<std::int16_t> Tone(int hz, int ms) {
+std::vector<std::int16_t> Samples(int hz, int ms) {
     std::vector<std::int16_t> samples(static_cast<std::size_t>(Rate) * static_cast<std::size_t>(ms) / 1000);
-    const int count = static_cast<int>(samples.size());
-    for (int i = 0; i < count; ++i) {
-        const double fade = std::min(
-            {1.0, i / static_cast<double>(FadeSamples), (count - i) / static_cast<double>(FadeSamples)});
-        const double phase = 2 * std::numbers::pi * hz * i / Rate;
-        samples[static_cast<std::size_t>(i)] = static_cast<std::int16_t>(Loudness * fade * std::sin(phase));
+    const double ramp = Rate * RampMs / 1000.0;
+    const double perSample = 2 * std::numbers::pi * hz / Rate;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        const auto fromEnd = static_cast<double>(std::min(i, samples.size() - 1 - i));
+        const double swell = std::min(fromEnd / ramp, 1.0);
+        samples[i] = static_cast<std::int16_t>(
+            std::lround(Loudness * swell * std::sin(perSample * static_cast<double>(i))));
     }
     return samples;
 }
 
-void PlayTone(int hz, int ms) {
-    snd_pcm_t* device = nullptr;
-    if (snd_pcm_open(&device, "default", SND_PCM_STREAM_PLAYBACK, 0) < 0)
-        return;
-    if (snd_pcm_set_params(device, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, 1, Rate, 1,
-                           LatencyUs) == 0) {
-        const std::vector<std::int16_t> samples = Tone(hz, ms);
-        snd_pcm_sframes_t written = snd_pcm_writei(device, samples.data(), samples.size());
-        if (written < 0)
-            written = snd_pcm_recover(device, static_cast<int>(written), 1);
-        if (written >= 0)
-            snd_pcm_drain(device);
-    }
-    snd_pcm_close(device);
-}
-
 } // namespace
 
-AlsaSpeaker::AlsaSpeaker() {
-    snd_lib_error_set_handler(Quiet);
+AlsaSpeaker::AlsaSpeaker(std::string device) : m_Device(std::move(device)) {
+    snd_lib_error_set_handler(&Silent);
+    m_Thread = std::thread([this] { Work(); });
 }
 
 AlsaSpeaker::~AlsaSpeaker() {
     {
-        const std::lock_guard lock(m_Lock);
+        const std::lock_guard lock(m_Mutex);
         m_End = true;
     }
-    m_Wake.notify_one();
-    if (m_Thread.joinable())
-        m_Thread.join();
+    m_Changed.notify_all();
+    m_Thread.join();
     snd_config_update_free_global();
 }
 
@@ -67,31 +61,65 @@ void AlsaSpeaker::Beep(int hz, int ms) {
     if (hz <= 0 || ms <= 0)
         return;
     {
-        const std::lock_guard lock(m_Lock);
-        m_Hz = hz;
-        m_Ms = std::min(ms, 10000);
+        const std::lock_guard lock(m_Mutex);
+        m_Next = {std::min(hz, HighestHz), std::min(ms, LongestMs)};
     }
-    if (!m_Thread.joinable())
-        m_Thread = std::thread([this] { Play(); });
-    m_Wake.notify_one();
+    m_Changed.notify_all();
 }
 
-void AlsaSpeaker::Play() {
+void AlsaSpeaker::Work() {
     for (;;) {
-        int hz = 0;
-        int ms = 0;
+        Tone tone;
         {
-            std::unique_lock lock(m_Lock);
-            m_Wake.wait(lock, [this] { return m_End || m_Hz != 0; });
+            std::unique_lock lock(m_Mutex);
+            m_Changed.wait(lock, [this] { return m_End || m_Next.hz != 0; });
             if (m_End)
                 return;
-            hz = m_Hz;
-            ms = m_Ms;
+            tone = std::exchange(m_Next, {});
         }
-        PlayTone(hz, ms);
-        const std::lock_guard lock(m_Lock);
-        m_Hz = 0; // what was asked for meanwhile is over
+        Play(tone);
     }
+}
+
+/// False when the program ends meanwhile.
+bool AlsaSpeaker::Pause(int ms) {
+    std::unique_lock lock(m_Mutex);
+    return !m_Changed.wait_for(lock, std::chrono::milliseconds(ms), [this] { return m_End; });
+}
+
+/// Never waits in the library: a device that hangs must not keep the program from ending.
+void AlsaSpeaker::Play(const Tone& tone) {
+    snd_pcm_t* opened = nullptr;
+    if (snd_pcm_open(&opened, m_Device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0)
+        return;
+    const std::unique_ptr<snd_pcm_t, int (*)(snd_pcm_t*)> pcm(opened, &snd_pcm_close);
+    constexpr int Resample = 1;
+    if (snd_pcm_set_params(opened, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, 1, Rate, Resample,
+                           LatencyUs) < 0)
+        return;
+    const std::vector<std::int16_t> samples = Samples(tone.hz, tone.ms);
+    std::size_t written = 0;
+    for (int waits = 0; written < samples.size();) {
+        const snd_pcm_sframes_t taken = snd_pcm_writei(opened, &samples[written], samples.size() - written);
+        if (taken > 0) {
+            written += static_cast<std::size_t>(taken);
+            waits = 0;
+        } else if ((taken != 0 && taken != -EAGAIN &&
+                    snd_pcm_recover(opened, static_cast<int>(taken), 1) < 0) ||
+                   ++waits > Patience || !Pause(WaitMs)) {
+            break;
+        }
+    }
+    if (written == samples.size()) {
+        snd_pcm_start(opened); // a tone shorter than the buffer has not begun by itself
+        snd_pcm_sframes_t left = 0;
+        for (int waits = 0; waits <= tone.ms / WaitMs + Patience; ++waits) {
+            if (snd_pcm_state(opened) != SND_PCM_STATE_RUNNING || snd_pcm_delay(opened, &left) < 0 ||
+                left <= 0 || !Pause(WaitMs))
+                break;
+        }
+    }
+    snd_pcm_drop(opened);
 }
 
 } // namespace qor

@@ -4,28 +4,39 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <string>
 #include <thread>
 
 namespace qor {
 
-/// Tones through the computer's sound system, played by a thread of their own so that nobody waits for them.
-/// A tone that comes while one sounds is dropped. Without a sound device there is silence.
+/// The loudspeaker through ALSA. Tones are played by a thread of their own, one at a time; a tone that comes
+/// while another sounds takes the place of the one that waits. A computer without sound is asked anew for
+/// each tone, so one that gets its sound later is heard.
 class AlsaSpeaker final : public Speaker {
 public:
-    AlsaSpeaker();
+    /// `device` is a name of the ALSA configuration.
+    explicit AlsaSpeaker(std::string device = "default");
+    /// Breaks off the tone that sounds.
     ~AlsaSpeaker() override;
 
     void Beep(int hz, int ms) override;
 
 private:
-    void Play();
+    struct Tone {
+        int hz = 0;
+        int ms = 0;
+    };
 
-    std::mutex m_Lock;
-    std::condition_variable m_Wake;
-    int m_Hz = 0; ///< tone asked for, 0: none
-    int m_Ms = 0;
+    void Work();
+    void Play(const Tone& tone);
+    bool Pause(int ms);
+
+    const std::string m_Device;
+    std::mutex m_Mutex;
+    std::condition_variable m_Changed;
+    Tone m_Next; ///< 0 Hz: none waits
     bool m_End = false;
-    std::thread m_Thread; ///< begins with the first tone
+    std::thread m_Thread;
 };
 
 } // namespace qor

@@ -1,0 +1,86 @@
+#include "display/curve_store.h"
+#include "display/plot_range.h"
+#include "display/run_view.h"
+#include "support/rig.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace qor::test {
+namespace {
+
+TEST(RunView, OneRunIsShownAloneAndTheSameAgainShowsAll) {
+    Rig rig;
+    CurveState& curve = rig.S().curve;
+    curve.g_pxPerStep = 1;
+    curve.g_runCount = 3;
+    for (int run = 0; run < 3; ++run) {
+        curve.g_runIndex = run;
+        curve.g_levelUp[0] = -100.0f - static_cast<float>(run);
+        UpdateCurveArrays(curve, true);
+    }
+    const auto show = [&](int run) { return ShowRun(run, rig.S(), rig.program.Parts()); };
+    const auto inView = [&] {
+        std::string levels;
+        for (std::size_t run = 0; run < 3; ++run)
+            levels += std::to_string(static_cast<int>(curve.m_LevelUp.Row(run)[0])) + " ";
+        return levels;
+    };
+    EXPECT_TRUE(show(3));
+    EXPECT_EQ(inView(), "0 0 -102 ");
+    EXPECT_TRUE(show(1));
+    EXPECT_EQ(inView(), "-100 0 0 ");
+    EXPECT_TRUE(show(1));
+    EXPECT_EQ(inView(), "-100 -101 -102 ");
+    for (const int wrong : {4, 10, -1}) {
+        EXPECT_FALSE(show(wrong)) << wrong;
+        EXPECT_EQ(curve.g_shownRun, 0);
+    }
+    rig.S().run.runOn = true;
+    EXPECT_FALSE(show(2));
+    EXPECT_EQ(rig.user.messages, std::vector<std::string>{"\nHalten Messung erst!"});
+    EXPECT_EQ(curve.g_shownRun, 0);
+
+    for (const auto& [runs, enabled] : {std::pair{1, 0}, {2, 2}, {3, 3}, {10, 10}, {1000, 10}}) {
+        curve.g_runCount = runs;
+        int count = 0;
+        for (int run = 1; run <= 10; ++run)
+            count += CanShowRun(rig.S(), run) ? 1 : 0;
+        EXPECT_EQ(count, enabled) << runs;
+    }
+}
+
+TEST(PlotRange, IsCheckedInDbmAndKept) {
+    struct Case {
+        double top;
+        double bottom;
+        bool taken;
+    };
+    for (const Case& c : {Case{0, -200, true}, Case{-60, -62, true}, Case{1, -150, false},
+                          Case{-60, -61.5, false}, Case{-60, -201, false}, Case{-150, -60, false},
+                          Case{-0.05, -199.95, true}, Case{std::nan(""), -150, false}}) {
+        for (const double carrier : {0.0, 43.0}) {
+            SCOPED_TRACE(std::to_string(c.top) + " " + std::to_string(c.bottom));
+            Rig rig;
+            CurveState& curve = rig.S().curve;
+            curve.g_UnitDbc = carrier > 0;
+            rig.program.Stores().Write("unit.ccz", carrier > 0 ? "1" : "0");
+            const PlotRange before = ShownPlotRange(curve);
+            EXPECT_EQ(ApplyPlotRange({c.top - carrier, c.bottom - carrier}, curve, rig.program.Parts(),
+                                     rig.program.Stores()),
+                      c.taken);
+            if (c.taken) {
+                EXPECT_NEAR(ShownPlotRange(curve).top, c.top - carrier, 1e-4);
+                rig.program.Start(true);
+                EXPECT_NEAR(ShownPlotRange(curve).bottom, c.bottom - carrier, 0.051) << "from the store";
+            } else {
+                EXPECT_EQ(rig.user.messages, std::vector<std::string>{"Falsch, dichtesortierung."});
+                EXPECT_EQ(ShownPlotRange(curve).bottom, before.bottom);
+                EXPECT_FALSE(rig.program.Stores().Exists("dbmset.ccz"));
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace qor::test
