@@ -5,947 +5,1515 @@
     <name>qor</name>
     <message>
       <source>&amp;Ja</source>
-      <translation type="unfinished" />
+      <translation>&amp;Yes</translation>
     </message>
     <message>
       <source>&amp;Nein</source>
-      <translation type="unfinished" />
+      <translation>&amp;No</translation>
     </message>
     <message>
       <source>--- Frequenz ---</source>
-      <translation type="unfinished" />
+      <translation>--- Frequency ---</translation>
     </message>
     <message>
       <source>--- fIM/dBm ---</source>
-      <translation type="unfinished" />
+      <translation>--- fIM/dBm ---</translation>
     </message>
     <message>
       <source>----- Alarm Niveau------</source>
-      <translation type="unfinished" />
+      <translation>----- Alarm Limit -----</translation>
     </message>
     <message>
       <source>----- Marker 1 ------</source>
-      <translation type="unfinished" />
+      <translation>----- Marker 1 -----</translation>
     </message>
     <message>
       <source>----- Marker 2 ------</source>
-      <translation type="unfinished" />
+      <translation>----- Marker 2 -----</translation>
     </message>
     <message>
       <source>----- Marker 3 ------</source>
-      <translation type="unfinished" />
+      <translation>----- Marker 3 -----</translation>
     </message>
     <message>
-      <source>. Please choose another file.</source>
-      <translation type="unfinished" />
+      <source>1. Password is needless for Operator mode.</source>
+      <translation>1. Operator mode needs no password.</translation>
     </message>
     <message>
       <source>2 Ton Modell</source>
-      <translation type="unfinished" />
+      <translation>2-Tone</translation>
     </message>
     <message>
       <source>2 Ton(&amp;2)</source>
-      <translation type="unfinished" />
+      <translation>2-Tone(&amp;2)</translation>
     </message>
     <message>
       <source>2 Tone</source>
-      <translation type="unfinished" />
+      <translation>2-Tone</translation>
     </message>
     <message>
-      <source>: results are saved as .dat or .txt.</source>
-      <translation type="unfinished" />
+      <source>2 Tone Mode Set</source>
+      <translation>2-Tone Mode</translation>
     </message>
     <message>
-      <source>=https://... eintragen.</source>
-      <translation type="unfinished" />
+      <source>2. Please modify password for adminitrator mode, please type "740261" in "old password" field if no old password.</source>
+      <translation>2. Please change the password of administrator mode; if there is no old password, type "740261" into the field "Old password".</translation>
+    </message>
+    <message>
+      <source>&lt;&lt;&lt;2-Ton&gt;&gt;&gt;</source>
+      <translation>&lt;&lt;&lt;2-Tone&gt;&gt;&gt;</translation>
+    </message>
+    <message>
+      <source>&lt;&lt;Oben Scannen&gt;&gt;</source>
+      <translation>&lt;&lt;Sweep Up&gt;&gt;</translation>
+    </message>
+    <message>
+      <source>&lt;The graph is invalid for official report as it's not loaded from DAT file&gt;</source>
+      <translation>&lt;Not valid for an official report: not loaded from a DAT file&gt;</translation>
+    </message>
+    <message>
+      <source>&lt;Unter Scannen&gt;</source>
+      <translation>&lt;&lt;Sweep Down&gt;&gt;</translation>
+    </message>
+    <message>
+      <source>AMPS Einbauen</source>
+      <translation>AMPS Setup</translation>
+    </message>
+    <message>
+      <source>AWS Setup</source>
+      <translation>AWS Setup</translation>
+    </message>
+    <message>
+      <source>Abbestellen</source>
+      <translation>Cancel</translation>
     </message>
     <message>
       <source>Abbrechen</source>
-      <translation type="unfinished" />
+      <translation>Cancel</translation>
     </message>
     <message>
       <source>Abtasten Nummer(1-10):</source>
-      <translation type="unfinished" />
+      <translation>Number of sweeps (1-10):</translation>
+    </message>
+    <message>
+      <source>Addieren</source>
+      <translation>Add</translation>
+    </message>
+    <message>
+      <source>Addieren Anmerkung</source>
+      <translation>Comment</translation>
     </message>
     <message>
       <source>Addieren Anmerkung(&amp;C)</source>
-      <translation type="unfinished" />
+      <translation>Add Comment(&amp;C)</translation>
+    </message>
+    <message>
+      <source>Administrator Mode</source>
+      <translation>Administrator Mode</translation>
     </message>
     <message>
       <source>Administrator/Operator Mode Enable(&amp;E)</source>
-      <translation type="unfinished" />
+      <translation>Administrator/Operator Mode(&amp;O)</translation>
     </message>
     <message>
       <source>Aisa Pacific</source>
-      <translation type="unfinished" />
+      <translation>Asia Pacific</translation>
     </message>
     <message>
       <source>Aktivitaet</source>
-      <translation type="unfinished" />
+      <translation>Active</translation>
+    </message>
+    <message>
+      <source>Alarm Einbauen</source>
+      <translation>Alarm Setup</translation>
+    </message>
+    <message>
+      <source>Alarm Niveau</source>
+      <translation>Alarm limit</translation>
     </message>
     <message>
       <source>Alarm Oeffnen/Schliessen</source>
-      <translation type="unfinished" />
+      <translation>Alarm On/Off</translation>
     </message>
     <message>
       <source>Alarm Stempel Oeffnen/Schliessen</source>
-      <translation type="unfinished" />
+      <translation>Pass/Fail Stamp On/Off</translation>
     </message>
     <message>
       <source>Alarm(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>Alarm(&amp;A)</translation>
     </message>
     <message>
       <source>Alle passenden Dateien</source>
-      <translation type="unfinished" />
+      <translation>All matching files</translation>
     </message>
     <message>
       <source>America</source>
-      <translation type="unfinished" />
+      <translation>America</translation>
+    </message>
+    <message>
+      <source>Anfang f1:</source>
+      <translation>Start f1:</translation>
+    </message>
+    <message>
+      <source>Anfang f2:</source>
+      <translation>Start f2:</translation>
+    </message>
+    <message>
+      <source>Anfang/Ende f1 falsch!!!</source>
+      <translation>Start/stop f1 is wrong!</translation>
+    </message>
+    <message>
+      <source>Anfang/Ende f2 falsch!!!</source>
+      <translation>Start/stop f2 is wrong!</translation>
+    </message>
+    <message>
+      <source>Anfang:</source>
+      <translation>Top:</translation>
+    </message>
+    <message>
+      <source>Anmerkung:</source>
+      <translation>Comment:</translation>
     </message>
     <message>
       <source>Anschaulich</source>
-      <translation type="unfinished" />
+      <translation>Vivid</translation>
+    </message>
+    <message>
+      <source>Ansehend QOR</source>
+      <translation>About QOR</translation>
     </message>
     <message>
       <source>Ansehend QOR(&amp;H)</source>
-      <translation type="unfinished" />
+      <translation>About QOR(&amp;A)</translation>
     </message>
     <message>
       <source>Anzeige loeschen</source>
-      <translation type="unfinished" />
+      <translation>Clear display</translation>
     </message>
     <message>
       <source>Anzeige(&amp;Z)</source>
-      <translation type="unfinished" />
+      <translation>Display(&amp;D)</translation>
     </message>
     <message>
       <source>Asche</source>
-      <translation type="unfinished" />
+      <translation>Ash</translation>
+    </message>
+    <message>
+      <source>Auf Bestellung Anfertigen</source>
+      <translation>Custom Layout</translation>
     </message>
     <message>
       <source>Auf Bestellung Anfertigen...</source>
-      <translation type="unfinished" />
+      <translation>Custom...</translation>
     </message>
     <message>
       <source>Auf den hoechsten Punkt</source>
-      <translation type="unfinished" />
+      <translation>To the highest point</translation>
     </message>
     <message>
       <source>Auf der fallenden Kurve</source>
-      <translation type="unfinished" />
+      <translation>On the falling curve</translation>
     </message>
     <message>
       <source>Auf der steigenden Kurve</source>
-      <translation type="unfinished" />
+      <translation>On the rising curve</translation>
     </message>
     <message>
       <source>Ausschalten Port</source>
-      <translation type="unfinished" />
+      <translation>Close Port</translation>
     </message>
     <message>
       <source>Auswaehlen Breite</source>
-      <translation type="unfinished" />
+      <translation>Select a band</translation>
     </message>
     <message>
       <source>Auswaehlen COM Port:</source>
-      <translation type="unfinished" />
+      <translation>Select COM port:</translation>
     </message>
     <message>
       <source>Auswaehlen IM</source>
-      <translation type="unfinished" />
+      <translation>Select an IM order</translation>
     </message>
     <message>
       <source>Auswaehlen Messung modell</source>
-      <translation type="unfinished" />
+      <translation>Select a measurement mode</translation>
     </message>
     <message>
       <source>Auswaehlen Uebergeben modell oder reflex modell.</source>
-      <translation type="unfinished" />
+      <translation>Select transmission or reflection mode.</translation>
     </message>
     <message>
       <source>Auto Save On/Off(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>Auto Save On/Off(&amp;A)</translation>
     </message>
     <message>
       <source>Beginnen Messung</source>
-      <translation type="unfinished" />
+      <translation>Start measurement</translation>
     </message>
     <message>
       <source>Bereich Log(&amp;D)</source>
-      <translation type="unfinished" />
+      <translation>Level Range(&amp;R)</translation>
+    </message>
+    <message>
+      <source>Bereich: 0-9.9</source>
+      <translation>Range: 0-9.9</translation>
     </message>
     <message>
       <source>Bereit</source>
-      <translation type="unfinished" />
+      <translation>Ready</translation>
+    </message>
+    <message>
+      <source>Bilden</source>
+      <translation>Trace</translation>
     </message>
     <message>
       <source>Bilden 1</source>
-      <translation type="unfinished" />
+      <translation>Trace 1</translation>
     </message>
     <message>
       <source>Bilden 10</source>
-      <translation type="unfinished" />
+      <translation>Trace 10</translation>
     </message>
     <message>
       <source>Bilden 2</source>
-      <translation type="unfinished" />
+      <translation>Trace 2</translation>
     </message>
     <message>
       <source>Bilden 3</source>
-      <translation type="unfinished" />
+      <translation>Trace 3</translation>
     </message>
     <message>
       <source>Bilden 4</source>
-      <translation type="unfinished" />
+      <translation>Trace 4</translation>
     </message>
     <message>
       <source>Bilden 5</source>
-      <translation type="unfinished" />
+      <translation>Trace 5</translation>
     </message>
     <message>
       <source>Bilden 6</source>
-      <translation type="unfinished" />
+      <translation>Trace 6</translation>
     </message>
     <message>
       <source>Bilden 7</source>
-      <translation type="unfinished" />
+      <translation>Trace 7</translation>
     </message>
     <message>
       <source>Bilden 8</source>
-      <translation type="unfinished" />
+      <translation>Trace 8</translation>
     </message>
     <message>
       <source>Bilden 9</source>
-      <translation type="unfinished" />
+      <translation>Trace 9</translation>
     </message>
     <message>
       <source>Bilden(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>Trace(&amp;T)</translation>
     </message>
     <message>
       <source>Bilden...</source>
-      <translation type="unfinished" />
+      <translation>Trace Number...</translation>
+    </message>
+    <message>
+      <source>Bilden:</source>
+      <translation>Trace:</translation>
+    </message>
+    <message>
+      <source>Bitte eine ganze Zahl eingeben, hoechstens:</source>
+      <translation>Please enter a whole number of at most</translation>
     </message>
     <message>
       <source>Bitte eine ganze Zahl von 0 bis 5000 eingeben.</source>
-      <translation type="unfinished" />
+      <translation>Please enter a whole number from 0 to 5000.</translation>
     </message>
     <message>
       <source>Breite(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>Band(&amp;B)</translation>
     </message>
     <message>
       <source>Breite/Power(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>Band/Power(&amp;B)</translation>
     </message>
     <message>
       <source>Breite:</source>
-      <translation type="unfinished" />
+      <translation>Width:</translation>
+    </message>
+    <message>
+      <source>Cable loss for Rx:</source>
+      <translation>Cable loss for Rx:</translation>
+    </message>
+    <message>
+      <source>Calculate</source>
+      <translation>Calculator</translation>
     </message>
     <message>
       <source>Calibration</source>
-      <translation type="unfinished" />
+      <translation>Calibration</translation>
     </message>
     <message>
       <source>Can not setup Alarm.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up the alarm.</translation>
     </message>
     <message>
       <source>Can not setup DIG-DIV.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up DIG-DIV.</translation>
     </message>
     <message>
       <source>Can not setup LTE 700 L.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up LTE 700 L.</translation>
     </message>
     <message>
       <source>Can not setup LTE 700 U.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up LTE 700 U.</translation>
     </message>
     <message>
       <source>Can not setup Marker.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up the marker.</translation>
     </message>
     <message>
       <source>Cannot connect to device for incorrect port, please select correct port!</source>
-      <translation type="unfinished" />
+      <translation>Cannot connect to the device on this port, please select the correct port!</translation>
     </message>
     <message>
       <source>Chinese</source>
-      <translation type="unfinished" />
+      <translation>Chinese</translation>
     </message>
     <message>
       <source>Clear screen</source>
-      <translation type="unfinished" />
+      <translation>Clear screen</translation>
     </message>
     <message>
       <source>Compensation(&amp;C)</source>
-      <translation type="unfinished" />
+      <translation>Compensation(&amp;C)</translation>
+    </message>
+    <message>
+      <source>Confirm the Password:</source>
+      <translation>Confirm password:</translation>
     </message>
     <message>
       <source>Continuous Measurement Enable</source>
-      <translation type="unfinished" />
+      <translation>Continuous measurement</translation>
     </message>
     <message>
       <source>Continuous Measurement Setup</source>
-      <translation type="unfinished" />
+      <translation>Continuous measurement setup</translation>
+    </message>
+    <message>
+      <source>DCS Einbauen</source>
+      <translation>DCS Setup</translation>
+    </message>
+    <message>
+      <source>DIG-DIV Setup</source>
+      <translation>DIG-DIV Setup</translation>
     </message>
     <message>
       <source>Darstellung(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>Appearance(&amp;A)</translation>
     </message>
     <message>
       <source>Datei(&amp;D)</source>
-      <translation type="unfinished" />
+      <translation>File(&amp;F)</translation>
     </message>
     <message>
       <source>Datenordner:</source>
-      <translation type="unfinished" />
+      <translation>Data folder:</translation>
+    </message>
+    <message>
+      <source>Default</source>
+      <translation>Default</translation>
     </message>
     <message>
       <source>Deutsch</source>
-      <translation type="unfinished" />
+      <translation>German</translation>
+    </message>
+    <message>
+      <source>Die beiden neuen Passwoerter sind nicht gleich.</source>
+      <translation>The two new passwords are not the same.</translation>
     </message>
     <message>
       <source>Display Grafik Nur(&amp;I)</source>
-      <translation type="unfinished" />
+      <translation>Plot Only(&amp;O)</translation>
     </message>
     <message>
       <source>Do you select PCS band?  Yes--PCS, No--AWS</source>
-      <translation type="unfinished" />
+      <translation>Select the PCS band?  Yes: PCS, No: AWS</translation>
     </message>
     <message>
       <source>Does not support the current selection!</source>
-      <translation type="unfinished" />
+      <translation>The current selection is not supported!</translation>
     </message>
     <message>
       <source>Drucken Direkt(&amp;P)</source>
-      <translation type="unfinished" />
+      <translation>Print Directly(&amp;P)</translation>
     </message>
     <message>
       <source>Drucken(&amp;V)</source>
-      <translation type="unfinished" />
+      <translation>Print Preview(&amp;V)</translation>
+    </message>
+    <message>
+      <source>Durch</source>
+      <translation>Pass</translation>
+    </message>
+    <message>
+      <source>EGSM Einbauen</source>
+      <translation>EGSM Setup</translation>
+    </message>
+    <message>
+      <source>ERR0 - SYNTAX ERROR</source>
+      <translation>ERR0 - SYNTAX ERROR</translation>
+    </message>
+    <message>
+      <source>ERR1 - Parameter out of limits.</source>
+      <translation>ERR1 - Parameter out of limits.</translation>
+    </message>
+    <message>
+      <source>ERR2 - PLL not locket.</source>
+      <translation>ERR2 - PLL not locked.</translation>
     </message>
     <message>
       <source>Einbauen</source>
-      <translation type="unfinished" />
+      <translation>Set</translation>
     </message>
     <message>
       <source>Einbauen misserfolg</source>
-      <translation type="unfinished" />
+      <translation>Setup failed</translation>
     </message>
     <message>
       <source>Einen Eintrag weiter</source>
-      <translation type="unfinished" />
+      <translation>Next entry</translation>
     </message>
     <message>
       <source>Einen Eintrag zurueck</source>
-      <translation type="unfinished" />
+      <translation>Previous entry</translation>
     </message>
     <message>
       <source>Einfuehren Daten</source>
-      <translation type="unfinished" />
+      <translation>Load Data</translation>
     </message>
     <message>
       <source>Einfuehren Daten(&amp;L)</source>
-      <translation type="unfinished" />
+      <translation>Load Data(&amp;L)</translation>
     </message>
     <message>
       <source>Einfuehren Firmenlogo(&amp;I)</source>
-      <translation type="unfinished" />
+      <translation>Import Company Logo(&amp;I)</translation>
     </message>
     <message>
       <source>Einheit: dBm/dBc(&amp;C)</source>
-      <translation type="unfinished" />
+      <translation>Unit: dBm/dBc(&amp;U)</translation>
     </message>
     <message>
       <source>Eintrag aus der Liste nehmen</source>
-      <translation type="unfinished" />
+      <translation>Remove entry from the list</translation>
+    </message>
+    <message>
+      <source>Ende f1:</source>
+      <translation>Stop f1:</translation>
+    </message>
+    <message>
+      <source>Ende f2:</source>
+      <translation>Stop f2:</translation>
+    </message>
+    <message>
+      <source>Ende:</source>
+      <translation>Bottom:</translation>
     </message>
     <message>
       <source>Endless</source>
-      <translation type="unfinished" />
+      <translation>Continuous</translation>
     </message>
     <message>
       <source>English</source>
-      <translation type="unfinished" />
+      <translation>English</translation>
     </message>
     <message>
       <source>Entsprechen Bildschirm</source>
-      <translation type="unfinished" />
+      <translation>Fit Screen</translation>
     </message>
     <message>
       <source>Equipment type</source>
-      <translation type="unfinished" />
+      <translation>Equipment Type</translation>
     </message>
     <message>
       <source>Europe</source>
-      <translation type="unfinished" />
+      <translation>Europe</translation>
     </message>
     <message>
       <source>Exit</source>
-      <translation type="unfinished" />
+      <translation>Exit</translation>
     </message>
     <message>
       <source>Extern</source>
-      <translation type="unfinished" />
+      <translation>External</translation>
+    </message>
+    <message>
+      <source>F1 Compensation</source>
+      <translation>F1 compensation</translation>
+    </message>
+    <message>
+      <source>F2 Compensation</source>
+      <translation>F2 compensation</translation>
+    </message>
+    <message>
+      <source>Falsch, dichtesortierung.</source>
+      <translation>Invalid value, please check the input.</translation>
     </message>
     <message>
       <source>Firmware:</source>
-      <translation type="unfinished" />
+      <translation>Firmware:</translation>
+    </message>
+    <message>
+      <source>Fix f1 falsch!!!</source>
+      <translation>Fixed f1 is wrong!</translation>
+    </message>
+    <message>
+      <source>Fix f1:</source>
+      <translation>Fixed f1:</translation>
+    </message>
+    <message>
+      <source>Fix f2 falsch!!!</source>
+      <translation>Fixed f2 is wrong!</translation>
+    </message>
+    <message>
+      <source>Fix f2:</source>
+      <translation>Fixed f2:</translation>
+    </message>
+    <message>
+      <source>Fixed f1:</source>
+      <translation>Fixed f1:</translation>
+    </message>
+    <message>
+      <source>Fixed f2:</source>
+      <translation>Fixed f2:</translation>
+    </message>
+    <message>
+      <source>Freq Schritt:</source>
+      <translation>Freq step:</translation>
+    </message>
+    <message>
+      <source>Freq Step:</source>
+      <translation>Freq step:</translation>
+    </message>
+    <message>
+      <source>Freq: MHz</source>
+      <translation>Freq: MHz</translation>
     </message>
     <message>
       <source>Geraet:</source>
-      <translation type="unfinished" />
+      <translation>Device:</translation>
     </message>
     <message>
       <source>Grenzwert, 0 bis -200</source>
-      <translation type="unfinished" />
+      <translation>Limit, 0 to -200</translation>
     </message>
     <message>
       <source>Halten Messung</source>
-      <translation type="unfinished" />
+      <translation>Stop measurement</translation>
     </message>
     <message>
       <source>Halten Messung erst!</source>
-      <translation type="unfinished" />
+      <translation>Stop the measurement first!</translation>
     </message>
     <message>
       <source>Hilfe(&amp;H)</source>
-      <translation type="unfinished" />
+      <translation>Help(&amp;H)</translation>
     </message>
     <message>
       <source>Histogramm(&amp;H)</source>
-      <translation type="unfinished" />
+      <translation>Histogram(&amp;H)</translation>
     </message>
     <message>
       <source>Hoch</source>
-      <translation type="unfinished" />
+      <translation>High</translation>
     </message>
     <message>
       <source>Hoehe:</source>
-      <translation type="unfinished" />
+      <translation>Height:</translation>
     </message>
     <message>
       <source>IM3(&amp;3)</source>
-      <translation type="unfinished" />
+      <translation>IM3(&amp;3)</translation>
     </message>
     <message>
       <source>IM5(&amp;5)</source>
-      <translation type="unfinished" />
+      <translation>IM5(&amp;5)</translation>
     </message>
     <message>
       <source>IM7(&amp;7)</source>
-      <translation type="unfinished" />
+      <translation>IM7(&amp;7)</translation>
     </message>
     <message>
       <source>IM9(&amp;9)</source>
-      <translation type="unfinished" />
+      <translation>IM9(&amp;9)</translation>
     </message>
     <message>
       <source>Initialisieren</source>
-      <translation type="unfinished" />
+      <translation>Initializing</translation>
     </message>
     <message>
       <source>Initialisieren, bitte warten!</source>
-      <translation type="unfinished" />
+      <translation>Initializing, please wait!</translation>
+    </message>
+    <message>
+      <source>Inter-band IM</source>
+      <translation>Inter-band IM</translation>
+    </message>
+    <message>
+      <source>Inter-band Measurement Off</source>
+      <translation>Inter-band measurement off</translation>
+    </message>
+    <message>
+      <source>Inter-band Measurement On</source>
+      <translation>Inter-band measurement on</translation>
     </message>
     <message>
       <source>Inter-band Measurement(&amp;O)</source>
-      <translation type="unfinished" />
+      <translation>Inter-band Measurement(&amp;I)</translation>
+    </message>
+    <message>
+      <source>Inter-band Setup</source>
+      <translation>Inter-band Setup</translation>
     </message>
     <message>
       <source>Intern</source>
-      <translation type="unfinished" />
+      <translation>Internal</translation>
     </message>
     <message>
       <source>Intervall:</source>
-      <translation type="unfinished" />
+      <translation>Interval:</translation>
     </message>
     <message>
       <source>Kein Geraet verbunden.</source>
-      <translation type="unfinished" />
+      <translation>No device connected.</translation>
     </message>
     <message>
       <source>Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die Zeile handbook=... eintragen.</source>
-      <translation type="unfinished" />
+      <translation>No manual found. Please put QOR_Handbook.pdf into the data folder, or add the line handbook=... to qor.ini.</translation>
     </message>
     <message>
-      <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini die Zeile</source>
-      <translation type="unfinished" />
+      <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
+      <translation>No page for updates is known. Please add this line to qor.ini:</translation>
     </message>
     <message>
       <source>Klein</source>
-      <translation type="unfinished" />
+      <translation>Low</translation>
+    </message>
+    <message>
+      <source>LTE 700 L Einbauen</source>
+      <translation>LTE 700 L Setup</translation>
+    </message>
+    <message>
+      <source>LTE 700 U Einbauen</source>
+      <translation>LTE 700 U Setup</translation>
+    </message>
+    <message>
+      <source>LTE Einbauen</source>
+      <translation>LTE Setup</translation>
     </message>
     <message>
       <source>Laenge einer 2-Ton-Messung, 1 bis 2147483 Sekunden</source>
-      <translation type="unfinished" />
+      <translation>Length of a 2-tone measurement, 1 to 2147483 seconds</translation>
+    </message>
+    <message>
+      <source>Last Saved</source>
+      <translation>Last saved</translation>
     </message>
     <message>
       <source>Lautstaerke</source>
-      <translation type="unfinished" />
+      <translation>Volume</translation>
     </message>
     <message>
       <source>Leise</source>
-      <translation type="unfinished" />
+      <translation>Mute</translation>
     </message>
     <message>
       <source>Load Configure</source>
-      <translation type="unfinished" />
+      <translation>Load Configuration</translation>
     </message>
     <message>
       <source>Load Rx Loss</source>
-      <translation type="unfinished" />
+      <translation>Load Rx Loss</translation>
+    </message>
+    <message>
+      <source>Log On</source>
+      <translation>Log on</translation>
     </message>
     <message>
       <source>Marker 1 Bilden</source>
-      <translation type="unfinished" />
+      <translation>Marker 1 Trace</translation>
+    </message>
+    <message>
+      <source>Marker 1 Einbauen</source>
+      <translation>Marker 1 Setup</translation>
     </message>
     <message>
       <source>Marker 2 Bilden</source>
-      <translation type="unfinished" />
+      <translation>Marker 2 Trace</translation>
+    </message>
+    <message>
+      <source>Marker 2 Einbauen</source>
+      <translation>Marker 2 Setup</translation>
     </message>
     <message>
       <source>Marker 3 Bilden</source>
-      <translation type="unfinished" />
+      <translation>Marker 3 Trace</translation>
+    </message>
+    <message>
+      <source>Marker 3 Einbauen</source>
+      <translation>Marker 3 Setup</translation>
     </message>
     <message>
       <source>Marker ein- und ausschalten</source>
-      <translation type="unfinished" />
+      <translation>Switch marker on and off</translation>
     </message>
     <message>
       <source>Max</source>
-      <translation type="unfinished" />
+      <translation>Max</translation>
     </message>
     <message>
       <source>Measurement Mode Setup(&amp;M)</source>
-      <translation type="unfinished" />
+      <translation>Measurement Mode Setup(&amp;M)</translation>
+    </message>
+    <message>
+      <source>Meist Posten:</source>
+      <translation>Worst:</translation>
     </message>
     <message>
       <source>Messung laeuft</source>
-      <translation type="unfinished" />
+      <translation>Measuring</translation>
     </message>
     <message>
       <source>Messung(&amp;M)</source>
-      <translation type="unfinished" />
+      <translation>Measurement(&amp;M)</translation>
     </message>
     <message>
       <source>Mesurement Einbauen</source>
-      <translation type="unfinished" />
+      <translation>Measurement Setup</translation>
+    </message>
+    <message>
+      <source>Misserfolg</source>
+      <translation>Fail</translation>
+    </message>
+    <message>
+      <source>Missing in:</source>
+      <translation>Missing in:</translation>
     </message>
     <message>
       <source>Mitte</source>
-      <translation type="unfinished" />
+      <translation>Medium</translation>
+    </message>
+    <message>
+      <source>Modify Password</source>
+      <translation>Change Password</translation>
     </message>
     <message>
       <source>Multi-times</source>
-      <translation type="unfinished" />
+      <translation>Multiple</translation>
+    </message>
+    <message>
+      <source>New Password:</source>
+      <translation>New password:</translation>
     </message>
     <message>
       <source>Nicht verbunden</source>
-      <translation type="unfinished" />
+      <translation>Not connected</translation>
     </message>
     <message>
       <source>Nichts Breite Selektiert</source>
-      <translation type="unfinished" />
+      <translation>No band selected</translation>
     </message>
     <message>
       <source>Nichts auswaehlen das breite.</source>
-      <translation type="unfinished" />
+      <translation>This band cannot be selected.</translation>
     </message>
     <message>
       <source>Nichts einbauen AMPS.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up AMPS.</translation>
     </message>
     <message>
       <source>Nichts einbauen AWS.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up AWS.</translation>
     </message>
     <message>
       <source>Nichts einbauen DCS.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up DCS.</translation>
     </message>
     <message>
       <source>Nichts einbauen EGSM.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up EGSM.</translation>
     </message>
     <message>
       <source>Nichts einbauen LTE.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up LTE.</translation>
     </message>
     <message>
       <source>Nichts einbauen PCS.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up PCS.</translation>
     </message>
     <message>
       <source>Nichts einbauen TD-SCDMA.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up TD-SCDMA.</translation>
     </message>
     <message>
       <source>Nichts einbauen UMTS.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up UMTS.</translation>
     </message>
     <message>
       <source>Nichts einbauen UMTS2.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up UMTS2.</translation>
     </message>
     <message>
       <source>Nichts einbauen WIFI.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up WIFI.</translation>
     </message>
     <message>
       <source>Nichts einbauen WiMax.</source>
-      <translation type="unfinished" />
+      <translation>Cannot set up WiMax.</translation>
     </message>
     <message>
       <source>Niveau</source>
-      <translation type="unfinished" />
+      <translation>Level</translation>
+    </message>
+    <message>
+      <source>No Function Menu</source>
+      <translation>Without function menu</translation>
     </message>
     <message>
       <source>Not Supported</source>
-      <translation type="unfinished" />
+      <translation>Not supported</translation>
+    </message>
+    <message>
+      <source>Nothing was restored.</source>
+      <translation>Nothing was restored.</translation>
+    </message>
+    <message>
+      <source>Nummer (0 vertreten alle):</source>
+      <translation>Number (0 = all):</translation>
     </message>
     <message>
       <source>Nummer (0 vertreten unendlich):</source>
-      <translation type="unfinished" />
+      <translation>Number (0 = endless):</translation>
     </message>
     <message>
       <source>Oben</source>
-      <translation type="unfinished" />
+      <translation>Up</translation>
+    </message>
+    <message>
+      <source>Oberes Ende der Pegelachse</source>
+      <translation>Upper end of the level axis</translation>
     </message>
     <message>
       <source>Oeffnen Port</source>
-      <translation type="unfinished" />
+      <translation>Open Port</translation>
     </message>
     <message>
       <source>Oeffnen file Misserfolg</source>
-      <translation type="unfinished" />
+      <translation>Cannot open the file</translation>
     </message>
     <message>
       <source>Oeffnen port erst!</source>
-      <translation type="unfinished" />
+      <translation>Open the port first!</translation>
     </message>
     <message>
       <source>Okey</source>
-      <translation type="unfinished" />
+      <translation>OK</translation>
+    </message>
+    <message>
+      <source>Old Password:</source>
+      <translation>Old password:</translation>
     </message>
     <message>
       <source>One of its data rows is damaged.</source>
-      <translation type="unfinished" />
+      <translation>One of its data rows is damaged.</translation>
+    </message>
+    <message>
+      <source>Operator Mode</source>
+      <translation>Operator Mode</translation>
+    </message>
+    <message>
+      <source>PCS Einbauen</source>
+      <translation>PCS Setup</translation>
     </message>
     <message>
       <source>PIM</source>
-      <translation type="unfinished" />
+      <translation>PIM</translation>
+    </message>
+    <message>
+      <source>Password:</source>
+      <translation>Password:</translation>
+    </message>
+    <message>
+      <source>Path Cable Loss</source>
+      <translation>Path Cable Loss</translation>
     </message>
     <message>
       <source>Path Cable Loss(&amp;L)</source>
-      <translation type="unfinished" />
+      <translation>Path Cable Loss(&amp;P)</translation>
     </message>
     <message>
       <source>Pause zwischen zwei Durchlaeufen</source>
-      <translation type="unfinished" />
+      <translation>Pause between two sweeps</translation>
     </message>
     <message>
       <source>Pegelachse vergroessern</source>
-      <translation type="unfinished" />
+      <translation>Enlarge the level axis</translation>
     </message>
     <message>
       <source>Pegelachse verkleinern</source>
-      <translation type="unfinished" />
+      <translation>Reduce the level axis</translation>
     </message>
     <message>
       <source>Pixel</source>
-      <translation type="unfinished" />
+      <translation>pixels</translation>
     </message>
     <message>
       <source>Please choose another file.</source>
-      <translation type="unfinished" />
+      <translation>Please choose another file.</translation>
+    </message>
+    <message>
+      <source>Please confirm what you set be valid for the device.</source>
+      <translation>Please make sure that these settings are valid for the device.</translation>
     </message>
     <message>
       <source>Please select band after initailization completed.</source>
-      <translation type="unfinished" />
+      <translation>Please select the band after the initialization is complete.</translation>
+    </message>
+    <message>
+      <source>Port 1 To DUT Path Cable Loss:</source>
+      <translation>Cable loss port 1 to DUT:</translation>
+    </message>
+    <message>
+      <source>Port 2 To DUT Path Cable Loss:</source>
+      <translation>Cable loss port 2 to DUT:</translation>
     </message>
     <message>
       <source>Port muessen kleiner als 17</source>
-      <translation type="unfinished" />
+      <translation>The port number must be less than 17</translation>
+    </message>
+    <message>
+      <source>Power (mW)</source>
+      <translation>Power (mW)</translation>
+    </message>
+    <message>
+      <source>Power 1:</source>
+      <translation>Power 1:</translation>
+    </message>
+    <message>
+      <source>Power 2:</source>
+      <translation>Power 2:</translation>
+    </message>
+    <message>
+      <source>Power Output f1:</source>
+      <translation>Output power f1:</translation>
+    </message>
+    <message>
+      <source>Power Output f2:</source>
+      <translation>Output power f2:</translation>
+    </message>
+    <message>
+      <source>Power Set</source>
+      <translation>Power Setup</translation>
     </message>
     <message>
       <source>Programm beenden</source>
-      <translation type="unfinished" />
+      <translation>Exit the program</translation>
     </message>
     <message>
       <source>Programm wird beendet</source>
-      <translation type="unfinished" />
+      <translation>Exiting</translation>
     </message>
     <message>
       <source>QOR Device SN(&amp;Z)</source>
-      <translation type="unfinished" />
+      <translation>Device Serial Number(&amp;S)</translation>
     </message>
     <message>
       <source>QOR Handbuch(&amp;Q)</source>
-      <translation type="unfinished" />
+      <translation>QOR Manual(&amp;M)</translation>
+    </message>
+    <message>
+      <source>QorTool ist nicht installiert:</source>
+      <translation>QorTool is not installed:</translation>
     </message>
     <message>
       <source>R/S Analysator Setup(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>R/S Analyzer Setup(&amp;A)</translation>
+    </message>
+    <message>
+      <source>Range: 0-9.9</source>
+      <translation>Range: 0-9.9</translation>
+    </message>
+    <message>
+      <source>Receive Band:</source>
+      <translation>Receive band:</translation>
     </message>
     <message>
       <source>Receiver Ports(&amp;P)</source>
-      <translation type="unfinished" />
+      <translation>Receiver Ports(&amp;P)</translation>
     </message>
     <message>
       <source>Reflex Modell</source>
-      <translation type="unfinished" />
+      <translation>Reflection</translation>
     </message>
     <message>
       <source>Reflex(&amp;R)</source>
-      <translation type="unfinished" />
+      <translation>Reflection(&amp;R)</translation>
     </message>
     <message>
       <source>Replace data</source>
-      <translation type="unfinished" />
+      <translation>Replace data</translation>
+    </message>
+    <message>
+      <source>Route Verlust Einbauen</source>
+      <translation>Path Loss Setup</translation>
     </message>
     <message>
       <source>Route Verlust Einbauen(&amp;X)</source>
-      <translation type="unfinished" />
+      <translation>Path Loss Setup(&amp;S)</translation>
     </message>
     <message>
       <source>Route Verlust(&amp;V)</source>
-      <translation type="unfinished" />
+      <translation>Path Loss(&amp;L)</translation>
     </message>
     <message>
       <source>SA Enclosed</source>
-      <translation type="unfinished" />
+      <translation>With spectrum</translation>
     </message>
     <message>
       <source>Save Configure</source>
-      <translation type="unfinished" />
+      <translation>Save Configuration</translation>
+    </message>
+    <message>
+      <source>Scannen Fix f1 falsch!!!</source>
+      <translation>Sweep: fixed f1 is wrong!</translation>
+    </message>
+    <message>
+      <source>Scannen Fix f2 falsch!!!</source>
+      <translation>Sweep: fixed f2 is wrong!</translation>
     </message>
     <message>
       <source>Scannen Modell</source>
-      <translation type="unfinished" />
+      <translation>Sweep</translation>
     </message>
     <message>
       <source>Scannen Port</source>
-      <translation type="unfinished" />
+      <translation>Scan Ports</translation>
     </message>
     <message>
       <source>Scannen(&amp;S)</source>
-      <translation type="unfinished" />
+      <translation>Sweep(&amp;S)</translation>
     </message>
     <message>
       <source>Schnittstelle Entwurf(&amp;Z)</source>
-      <translation type="unfinished" />
+      <translation>Window Layout(&amp;W)</translation>
+    </message>
+    <message>
+      <source>Schritt falsch!!!</source>
+      <translation>Step is wrong!</translation>
+    </message>
+    <message>
+      <source>Sec.</source>
+      <translation>Sec.</translation>
     </message>
     <message>
       <source>Sek.</source>
-      <translation type="unfinished" />
+      <translation>Sec.</translation>
     </message>
     <message>
       <source>Selec PCS/AWS</source>
-      <translation type="unfinished" />
+      <translation>Select PCS/AWS</translation>
     </message>
     <message>
       <source>Serien:</source>
-      <translation type="unfinished" />
+      <translation>Ser. No.:</translation>
     </message>
     <message>
       <source>Seriennummer des Prueflings</source>
-      <translation type="unfinished" />
+      <translation>Serial number of the device under test</translation>
     </message>
     <message>
       <source>Seriennummer(&amp;N)</source>
-      <translation type="unfinished" />
+      <translation>Serial Number(&amp;N)</translation>
     </message>
     <message>
       <source>Seriennummer:</source>
-      <translation type="unfinished" />
+      <translation>Serial number:</translation>
+    </message>
+    <message>
+      <source>Set</source>
+      <translation>Set</translation>
     </message>
     <message>
       <source>Setup(&amp;S)</source>
-      <translation type="unfinished" />
+      <translation>Setup(&amp;S)</translation>
     </message>
     <message>
       <source>Sich</source>
-      <translation type="unfinished" />
+      <translation>Exit</translation>
     </message>
     <message>
       <source>Sich(&amp;X)</source>
-      <translation type="unfinished" />
+      <translation>Exit(&amp;X)</translation>
     </message>
     <message>
       <source>Sich?</source>
-      <translation type="unfinished" />
+      <translation>Exit?</translation>
     </message>
     <message>
       <source>Single</source>
-      <translation type="unfinished" />
+      <translation>Single</translation>
     </message>
     <message>
       <source>Spectrum Analyze Enclosed</source>
-      <translation type="unfinished" />
+      <translation>With spectrum analysis</translation>
     </message>
     <message>
       <source>Spectrum Analyzer(&amp;N)</source>
-      <translation type="unfinished" />
+      <translation>Spectrum Analyzer(&amp;A)</translation>
     </message>
     <message>
       <source>Spectrum Mode</source>
-      <translation type="unfinished" />
+      <translation>Spectrum</translation>
     </message>
     <message>
       <source>Speichern BMP(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>Save BMP(&amp;B)</translation>
     </message>
     <message>
       <source>Speichern DATen File</source>
-      <translation type="unfinished" />
+      <translation>Save Data File</translation>
     </message>
     <message>
       <source>Speichern Daten</source>
-      <translation type="unfinished" />
+      <translation>Save Data</translation>
     </message>
     <message>
       <source>Speichern Daten(&amp;T)</source>
-      <translation type="unfinished" />
+      <translation>Save Data(&amp;D)</translation>
     </message>
     <message>
       <source>Speichern Excel(&amp;X)</source>
-      <translation type="unfinished" />
+      <translation>Save Excel(&amp;E)</translation>
     </message>
     <message>
       <source>Speichern Graph(&amp;G)</source>
-      <translation type="unfinished" />
+      <translation>Save Graph(&amp;G)</translation>
     </message>
     <message>
       <source>Speichern JPG(&amp;J)</source>
-      <translation type="unfinished" />
+      <translation>Save JPG(&amp;J)</translation>
     </message>
     <message>
       <source>Speichern PDF(&amp;S)</source>
-      <translation type="unfinished" />
+      <translation>Save PDF(&amp;S)</translation>
+    </message>
+    <message>
+      <source>Speichern Standard</source>
+      <translation>Save default</translation>
     </message>
     <message>
       <source>Speichern file misserfolg</source>
-      <translation type="unfinished" />
+      <translation>Cannot save the file</translation>
     </message>
     <message>
       <source>Sprache(&amp;L)</source>
-      <translation type="unfinished" />
+      <translation>Language(&amp;L)</translation>
+    </message>
+    <message>
+      <source>Staerke  Ausfuhr f1:</source>
+      <translation>Output power f1:</translation>
+    </message>
+    <message>
+      <source>Staerke  Ausfuhr f2:</source>
+      <translation>Output power f2:</translation>
+    </message>
+    <message>
+      <source>Staerke Einbauen</source>
+      <translation>Power Setup</translation>
+    </message>
+    <message>
+      <source>Standard</source>
+      <translation>Default</translation>
+    </message>
+    <message>
+      <source>Start f1:</source>
+      <translation>Start f1:</translation>
+    </message>
+    <message>
+      <source>Start f2:</source>
+      <translation>Start f2:</translation>
     </message>
     <message>
       <source>Start/Stop Measurement(&amp;M)</source>
-      <translation type="unfinished" />
+      <translation>Start/Stop Measurement(&amp;M)</translation>
     </message>
     <message>
       <source>Stelle des Markers: Zeit oder Frequenz</source>
-      <translation type="unfinished" />
+      <translation>Place of the marker: time or frequency</translation>
     </message>
     <message>
       <source>Steuerprogramm fuer einen Zweiton-Analysator der passiven Intermodulation</source>
-      <translation type="unfinished" />
+      <translation>Control program of a two-tone analyzer of passive intermodulation</translation>
+    </message>
+    <message>
+      <source>Stop f1:</source>
+      <translation>Stop f1:</translation>
+    </message>
+    <message>
+      <source>Stop f2:</source>
+      <translation>Stop f2:</translation>
     </message>
     <message>
       <source>Sweep</source>
-      <translation type="unfinished" />
+      <translation>Sweep</translation>
+    </message>
+    <message>
+      <source>Sweep Mode</source>
+      <translation>Sweep Mode</translation>
+    </message>
+    <message>
+      <source>Sync</source>
+      <translation>Synchronous</translation>
+    </message>
+    <message>
+      <source>Synchron</source>
+      <translation>Synchronous</translation>
+    </message>
+    <message>
+      <source>TD-A</source>
+      <translation>TD-A</translation>
+    </message>
+    <message>
+      <source>TD-E Setup</source>
+      <translation>TD-E Setup</translation>
+    </message>
+    <message>
+      <source>TD-F Setup</source>
+      <translation>TD-F Setup</translation>
     </message>
     <message>
       <source>TD-SCDMA 2000</source>
-      <translation type="unfinished" />
+      <translation>TD-SCDMA 2000</translation>
     </message>
     <message>
       <source>Test</source>
-      <translation type="unfinished" />
+      <translation>Test</translation>
+    </message>
+    <message>
+      <source>Tetra 390 Setup</source>
+      <translation>Tetra 390 Setup</translation>
+    </message>
+    <message>
+      <source>Tetra 392</source>
+      <translation>Tetra 392</translation>
+    </message>
+    <message>
+      <source>The configuration is incomplete, nothing was restored.</source>
+      <translation>The configuration is incomplete, nothing was restored.</translation>
     </message>
     <message>
       <source>The device is disconnect. Connect it now?</source>
-      <translation type="unfinished" />
+      <translation>The device is disconnected. Connect it now?</translation>
     </message>
     <message>
       <source>The file ends before its limit line.</source>
-      <translation type="unfinished" />
+      <translation>The file ends before its limit line.</translation>
     </message>
     <message>
       <source>The file ends in the middle of its data.</source>
-      <translation type="unfinished" />
+      <translation>The file ends in the middle of its data.</translation>
     </message>
     <message>
       <source>The file has already existed. Do you want to replace it?</source>
-      <translation type="unfinished" />
+      <translation>The file exists already. Do you want to replace it?</translation>
     </message>
     <message>
       <source>The file holds no measured level.</source>
-      <translation type="unfinished" />
+      <translation>The file holds no measured level.</translation>
     </message>
     <message>
       <source>The file is empty.</source>
-      <translation type="unfinished" />
+      <translation>The file is empty.</translation>
     </message>
     <message>
       <source>The file is too long for a result.</source>
-      <translation type="unfinished" />
+      <translation>The file is too long for a result.</translation>
+    </message>
+    <message>
+      <source>The minimum value of not less than 0dbm</source>
+      <translation>The value must not be less than 0 dBm</translation>
     </message>
     <message>
       <source>The power of Tone 1 and Tone 2 is not the same, can not use dBc.</source>
-      <translation type="unfinished" />
+      <translation>The powers of tone 1 and tone 2 are not the same, dBc cannot be used.</translation>
+    </message>
+    <message>
+      <source>The value of Alarm Lever cannot be empty!</source>
+      <translation>The alarm limit must not be empty!</translation>
+    </message>
+    <message>
+      <source>The value of Alarm Lever should be in range 0 ~ -200</source>
+      <translation>The alarm limit must be in the range 0 to -200</translation>
     </message>
     <message>
       <source>This is not a result file, or its header is damaged.</source>
-      <translation type="unfinished" />
+      <translation>This is not a result file, or its header is damaged.</translation>
     </message>
     <message>
       <source>This is not a result file.</source>
-      <translation type="unfinished" />
+      <translation>This is not a result file.</translation>
     </message>
     <message>
       <source>Time:</source>
-      <translation type="unfinished" />
+      <translation>Time:</translation>
+    </message>
+    <message>
+      <source>UMTS Einbauen</source>
+      <translation>UMTS Setup</translation>
+    </message>
+    <message>
+      <source>UMTS2/LTE Einbauen</source>
+      <translation>UMTS2/LTE Setup</translation>
     </message>
     <message>
       <source>Uebergeben(&amp;T)</source>
-      <translation type="unfinished" />
+      <translation>Transmission(&amp;T)</translation>
+    </message>
+    <message>
+      <source>Ueberpruefen</source>
+      <translation>Check</translation>
     </message>
     <message>
       <source>Uegerbegen Modell</source>
-      <translation type="unfinished" />
+      <translation>Transmission</translation>
     </message>
     <message>
       <source>Under Limit Beep On/Off</source>
-      <translation type="unfinished" />
+      <translation>Beep Below Limit On/Off</translation>
     </message>
     <message>
       <source>Unter</source>
-      <translation type="unfinished" />
+      <translation>Down</translation>
+    </message>
+    <message>
+      <source>Unteres Ende der Pegelachse</source>
+      <translation>Lower end of the level axis</translation>
     </message>
     <message>
       <source>Update(&amp;U)</source>
-      <translation type="unfinished" />
+      <translation>Update(&amp;U)</translation>
+    </message>
+    <message>
+      <source>User Mode</source>
+      <translation>User Mode</translation>
     </message>
     <message>
       <source>Werkzeug(&amp;W)</source>
-      <translation type="unfinished" />
+      <translation>Tools(&amp;T)</translation>
+    </message>
+    <message>
+      <source>WiMax Setup</source>
+      <translation>WiMax Setup</translation>
+    </message>
+    <message>
+      <source>Wifi Einbauen</source>
+      <translation>Wifi Setup</translation>
+    </message>
+    <message>
+      <source>Wrong password.</source>
+      <translation>Wrong password.</translation>
+    </message>
+    <message>
+      <source>Ziet: Sek.</source>
+      <translation>Time: Sec.</translation>
     </message>
     <message>
       <source>Zum Anfang der Liste</source>
-      <translation type="unfinished" />
+      <translation>To the top of the list</translation>
     </message>
     <message>
       <source>Zum Ende der Liste</source>
-      <translation type="unfinished" />
+      <translation>To the end of the list</translation>
     </message>
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
-      <translation type="unfinished" />
+      <translation>Two sweeps without a pause, the first with the carriers off</translation>
+    </message>
+    <message>
+      <source>cannot be read.</source>
+      <translation>cannot be read.</translation>
     </message>
     <message>
       <source>dBm &lt;-&gt; mW &lt;-&gt; mV</source>
-      <translation type="unfinished" />
+      <translation>dBm &lt;-&gt; mW &lt;-&gt; mV</translation>
+    </message>
+    <message>
+      <source>dBm Einbauen</source>
+      <translation>Level Range</translation>
+    </message>
+    <message>
+      <source>f1The maximum value cannot be greater than 46dbm</source>
+      <translation>f1: the value must not be greater than 46 dBm</translation>
+    </message>
+    <message>
+      <source>f1The minimum value of not less than 0dbm</source>
+      <translation>f1: the value must not be less than 0 dBm</translation>
+    </message>
+    <message>
+      <source>f2The maximum value cannot be greater than 46dbm</source>
+      <translation>f2: the value must not be greater than 46 dBm</translation>
+    </message>
+    <message>
+      <source>f2The minimum value of not less than 0dbm</source>
+      <translation>f2: the value must not be less than 0 dBm</translation>
+    </message>
+    <message>
+      <source>failed to load config file!</source>
+      <translation>The configuration could not be loaded!</translation>
+    </message>
+    <message>
+      <source>failed to save config file!</source>
+      <translation>The configuration could not be saved!</translation>
+    </message>
+    <message>
+      <source>falsch!!!</source>
+      <translation>wrong!</translation>
+    </message>
+    <message>
+      <source>is a folder.</source>
+      <translation>is a folder.</translation>
     </message>
     <message>
       <source>ist keine Zahl. Bitte mit Dezimalpunkt eingeben.</source>
-      <translation type="unfinished" />
+      <translation>is not a number. Please use a decimal point.</translation>
+    </message>
+    <message>
+      <source>ist keine ganze Zahl von 0 bis 10000.</source>
+      <translation>is not a whole number from 0 to 10000.</translation>
+    </message>
+    <message>
+      <source>not a regular file</source>
+      <translation>not a regular file</translation>
+    </message>
+    <message>
+      <source>not a saved configuration.</source>
+      <translation>not a saved configuration.</translation>
+    </message>
+    <message>
+      <source>not replaced.</source>
+      <translation>not replaced.</translation>
+    </message>
+    <message>
+      <source>results are saved as .dat or .txt.</source>
+      <translation>results are saved as .dat or .txt.</translation>
+    </message>
+    <message>
+      <source>the copy differs.</source>
+      <translation>the copy differs.</translation>
+    </message>
+    <message>
+      <source>the folder does not exist. Nothing was restored.</source>
+      <translation>the folder does not exist. Nothing was restored.</translation>
     </message>
   </context>
 </TS>

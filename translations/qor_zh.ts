@@ -5,947 +5,1515 @@
     <name>qor</name>
     <message>
       <source>&amp;Ja</source>
-      <translation type="unfinished" />
+      <translation>是(&amp;Y)</translation>
     </message>
     <message>
       <source>&amp;Nein</source>
-      <translation type="unfinished" />
+      <translation>否(&amp;N)</translation>
     </message>
     <message>
       <source>--- Frequenz ---</source>
-      <translation type="unfinished" />
+      <translation>--- 频率 ---</translation>
     </message>
     <message>
       <source>--- fIM/dBm ---</source>
-      <translation type="unfinished" />
+      <translation>--- fIM/dBm ---</translation>
     </message>
     <message>
       <source>----- Alarm Niveau------</source>
-      <translation type="unfinished" />
+      <translation>----- 告警限值 -----</translation>
     </message>
     <message>
       <source>----- Marker 1 ------</source>
-      <translation type="unfinished" />
+      <translation>----- 标记 1 -----</translation>
     </message>
     <message>
       <source>----- Marker 2 ------</source>
-      <translation type="unfinished" />
+      <translation>----- 标记 2 -----</translation>
     </message>
     <message>
       <source>----- Marker 3 ------</source>
-      <translation type="unfinished" />
+      <translation>----- 标记 3 -----</translation>
     </message>
     <message>
-      <source>. Please choose another file.</source>
-      <translation type="unfinished" />
+      <source>1. Password is needless for Operator mode.</source>
+      <translation>1. 操作员模式无需密码。</translation>
     </message>
     <message>
       <source>2 Ton Modell</source>
-      <translation type="unfinished" />
+      <translation>点频模式</translation>
     </message>
     <message>
       <source>2 Ton(&amp;2)</source>
-      <translation type="unfinished" />
+      <translation>点频(&amp;2)</translation>
     </message>
     <message>
       <source>2 Tone</source>
-      <translation type="unfinished" />
+      <translation>点频</translation>
     </message>
     <message>
-      <source>: results are saved as .dat or .txt.</source>
-      <translation type="unfinished" />
+      <source>2 Tone Mode Set</source>
+      <translation>点频模式设置</translation>
     </message>
     <message>
-      <source>=https://... eintragen.</source>
-      <translation type="unfinished" />
+      <source>2. Please modify password for adminitrator mode, please type "740261" in "old password" field if no old password.</source>
+      <translation>2. 请修改管理员模式的密码；如果没有旧密码，请在“旧密码”栏中输入“740261”。</translation>
+    </message>
+    <message>
+      <source>&lt;&lt;&lt;2-Ton&gt;&gt;&gt;</source>
+      <translation>&lt;&lt;&lt;点频&gt;&gt;&gt;</translation>
+    </message>
+    <message>
+      <source>&lt;&lt;Oben Scannen&gt;&gt;</source>
+      <translation>&lt;&lt;上扫&gt;&gt;</translation>
+    </message>
+    <message>
+      <source>&lt;The graph is invalid for official report as it's not loaded from DAT file&gt;</source>
+      <translation>&lt;曲线并非来自 DAT 文件，不能用于正式报告&gt;</translation>
+    </message>
+    <message>
+      <source>&lt;Unter Scannen&gt;</source>
+      <translation>&lt;&lt;下扫&gt;&gt;</translation>
+    </message>
+    <message>
+      <source>AMPS Einbauen</source>
+      <translation>AMPS 设置</translation>
+    </message>
+    <message>
+      <source>AWS Setup</source>
+      <translation>AWS 设置</translation>
+    </message>
+    <message>
+      <source>Abbestellen</source>
+      <translation>取消</translation>
     </message>
     <message>
       <source>Abbrechen</source>
-      <translation type="unfinished" />
+      <translation>取消</translation>
     </message>
     <message>
       <source>Abtasten Nummer(1-10):</source>
-      <translation type="unfinished" />
+      <translation>扫频次数（1-10）：</translation>
+    </message>
+    <message>
+      <source>Addieren</source>
+      <translation>添加</translation>
+    </message>
+    <message>
+      <source>Addieren Anmerkung</source>
+      <translation>添加备注</translation>
     </message>
     <message>
       <source>Addieren Anmerkung(&amp;C)</source>
-      <translation type="unfinished" />
+      <translation>添加备注(&amp;C)</translation>
+    </message>
+    <message>
+      <source>Administrator Mode</source>
+      <translation>管理员模式</translation>
     </message>
     <message>
       <source>Administrator/Operator Mode Enable(&amp;E)</source>
-      <translation type="unfinished" />
+      <translation>启用管理员/操作员模式(&amp;O)</translation>
     </message>
     <message>
       <source>Aisa Pacific</source>
-      <translation type="unfinished" />
+      <translation>亚太</translation>
     </message>
     <message>
       <source>Aktivitaet</source>
-      <translation type="unfinished" />
+      <translation>活力</translation>
+    </message>
+    <message>
+      <source>Alarm Einbauen</source>
+      <translation>告警设置</translation>
+    </message>
+    <message>
+      <source>Alarm Niveau</source>
+      <translation>告警限值</translation>
     </message>
     <message>
       <source>Alarm Oeffnen/Schliessen</source>
-      <translation type="unfinished" />
+      <translation>告警开/关</translation>
     </message>
     <message>
       <source>Alarm Stempel Oeffnen/Schliessen</source>
-      <translation type="unfinished" />
+      <translation>通过/失败标识开/关</translation>
     </message>
     <message>
       <source>Alarm(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>告警(&amp;A)</translation>
     </message>
     <message>
       <source>Alle passenden Dateien</source>
-      <translation type="unfinished" />
+      <translation>所有匹配的文件</translation>
     </message>
     <message>
       <source>America</source>
-      <translation type="unfinished" />
+      <translation>美洲</translation>
+    </message>
+    <message>
+      <source>Anfang f1:</source>
+      <translation>起始 f1：</translation>
+    </message>
+    <message>
+      <source>Anfang f2:</source>
+      <translation>起始 f2：</translation>
+    </message>
+    <message>
+      <source>Anfang/Ende f1 falsch!!!</source>
+      <translation>起始/终止 f1 错误！</translation>
+    </message>
+    <message>
+      <source>Anfang/Ende f2 falsch!!!</source>
+      <translation>起始/终止 f2 错误！</translation>
+    </message>
+    <message>
+      <source>Anfang:</source>
+      <translation>上限：</translation>
+    </message>
+    <message>
+      <source>Anmerkung:</source>
+      <translation>备注：</translation>
     </message>
     <message>
       <source>Anschaulich</source>
-      <translation type="unfinished" />
+      <translation>鲜明</translation>
+    </message>
+    <message>
+      <source>Ansehend QOR</source>
+      <translation>关于 QOR</translation>
     </message>
     <message>
       <source>Ansehend QOR(&amp;H)</source>
-      <translation type="unfinished" />
+      <translation>关于 QOR(&amp;A)</translation>
     </message>
     <message>
       <source>Anzeige loeschen</source>
-      <translation type="unfinished" />
+      <translation>清除显示</translation>
     </message>
     <message>
       <source>Anzeige(&amp;Z)</source>
-      <translation type="unfinished" />
+      <translation>显示(&amp;D)</translation>
     </message>
     <message>
       <source>Asche</source>
-      <translation type="unfinished" />
+      <translation>灰色</translation>
+    </message>
+    <message>
+      <source>Auf Bestellung Anfertigen</source>
+      <translation>自定义</translation>
     </message>
     <message>
       <source>Auf Bestellung Anfertigen...</source>
-      <translation type="unfinished" />
+      <translation>自定义...</translation>
     </message>
     <message>
       <source>Auf den hoechsten Punkt</source>
-      <translation type="unfinished" />
+      <translation>移到最高点</translation>
     </message>
     <message>
       <source>Auf der fallenden Kurve</source>
-      <translation type="unfinished" />
+      <translation>在下扫曲线上</translation>
     </message>
     <message>
       <source>Auf der steigenden Kurve</source>
-      <translation type="unfinished" />
+      <translation>在上扫曲线上</translation>
     </message>
     <message>
       <source>Ausschalten Port</source>
-      <translation type="unfinished" />
+      <translation>关闭端口</translation>
     </message>
     <message>
       <source>Auswaehlen Breite</source>
-      <translation type="unfinished" />
+      <translation>请选择频段</translation>
     </message>
     <message>
       <source>Auswaehlen COM Port:</source>
-      <translation type="unfinished" />
+      <translation>选择 COM 端口：</translation>
     </message>
     <message>
       <source>Auswaehlen IM</source>
-      <translation type="unfinished" />
+      <translation>请选择互调阶数</translation>
     </message>
     <message>
       <source>Auswaehlen Messung modell</source>
-      <translation type="unfinished" />
+      <translation>请选择测量模式</translation>
     </message>
     <message>
       <source>Auswaehlen Uebergeben modell oder reflex modell.</source>
-      <translation type="unfinished" />
+      <translation>请选择传输模式或反射模式。</translation>
     </message>
     <message>
       <source>Auto Save On/Off(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>自动保存开/关(&amp;A)</translation>
     </message>
     <message>
       <source>Beginnen Messung</source>
-      <translation type="unfinished" />
+      <translation>开始测量</translation>
     </message>
     <message>
       <source>Bereich Log(&amp;D)</source>
-      <translation type="unfinished" />
+      <translation>电平范围(&amp;R)</translation>
+    </message>
+    <message>
+      <source>Bereich: 0-9.9</source>
+      <translation>范围：0-9.9</translation>
     </message>
     <message>
       <source>Bereit</source>
-      <translation type="unfinished" />
+      <translation>就绪</translation>
+    </message>
+    <message>
+      <source>Bilden</source>
+      <translation>曲线</translation>
     </message>
     <message>
       <source>Bilden 1</source>
-      <translation type="unfinished" />
+      <translation>曲线 1</translation>
     </message>
     <message>
       <source>Bilden 10</source>
-      <translation type="unfinished" />
+      <translation>曲线 10</translation>
     </message>
     <message>
       <source>Bilden 2</source>
-      <translation type="unfinished" />
+      <translation>曲线 2</translation>
     </message>
     <message>
       <source>Bilden 3</source>
-      <translation type="unfinished" />
+      <translation>曲线 3</translation>
     </message>
     <message>
       <source>Bilden 4</source>
-      <translation type="unfinished" />
+      <translation>曲线 4</translation>
     </message>
     <message>
       <source>Bilden 5</source>
-      <translation type="unfinished" />
+      <translation>曲线 5</translation>
     </message>
     <message>
       <source>Bilden 6</source>
-      <translation type="unfinished" />
+      <translation>曲线 6</translation>
     </message>
     <message>
       <source>Bilden 7</source>
-      <translation type="unfinished" />
+      <translation>曲线 7</translation>
     </message>
     <message>
       <source>Bilden 8</source>
-      <translation type="unfinished" />
+      <translation>曲线 8</translation>
     </message>
     <message>
       <source>Bilden 9</source>
-      <translation type="unfinished" />
+      <translation>曲线 9</translation>
     </message>
     <message>
       <source>Bilden(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>曲线(&amp;T)</translation>
     </message>
     <message>
       <source>Bilden...</source>
-      <translation type="unfinished" />
+      <translation>曲线编号...</translation>
+    </message>
+    <message>
+      <source>Bilden:</source>
+      <translation>曲线：</translation>
+    </message>
+    <message>
+      <source>Bitte eine ganze Zahl eingeben, hoechstens:</source>
+      <translation>请输入整数，最大为</translation>
     </message>
     <message>
       <source>Bitte eine ganze Zahl von 0 bis 5000 eingeben.</source>
-      <translation type="unfinished" />
+      <translation>请输入 0 到 5000 之间的整数。</translation>
     </message>
     <message>
       <source>Breite(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>频段(&amp;B)</translation>
     </message>
     <message>
       <source>Breite/Power(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>频段/功率(&amp;B)</translation>
     </message>
     <message>
       <source>Breite:</source>
-      <translation type="unfinished" />
+      <translation>宽度：</translation>
+    </message>
+    <message>
+      <source>Cable loss for Rx:</source>
+      <translation>接收线缆损耗：</translation>
+    </message>
+    <message>
+      <source>Calculate</source>
+      <translation>换算</translation>
     </message>
     <message>
       <source>Calibration</source>
-      <translation type="unfinished" />
+      <translation>校准</translation>
     </message>
     <message>
       <source>Can not setup Alarm.</source>
-      <translation type="unfinished" />
+      <translation>无法设置告警。</translation>
     </message>
     <message>
       <source>Can not setup DIG-DIV.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 DIG-DIV。</translation>
     </message>
     <message>
       <source>Can not setup LTE 700 L.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 LTE 700 L。</translation>
     </message>
     <message>
       <source>Can not setup LTE 700 U.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 LTE 700 U。</translation>
     </message>
     <message>
       <source>Can not setup Marker.</source>
-      <translation type="unfinished" />
+      <translation>无法设置标记。</translation>
     </message>
     <message>
       <source>Cannot connect to device for incorrect port, please select correct port!</source>
-      <translation type="unfinished" />
+      <translation>端口不正确，无法连接仪器，请选择正确的端口！</translation>
     </message>
     <message>
       <source>Chinese</source>
-      <translation type="unfinished" />
+      <translation>中文</translation>
     </message>
     <message>
       <source>Clear screen</source>
-      <translation type="unfinished" />
+      <translation>清除屏幕</translation>
     </message>
     <message>
       <source>Compensation(&amp;C)</source>
-      <translation type="unfinished" />
+      <translation>补偿(&amp;C)</translation>
+    </message>
+    <message>
+      <source>Confirm the Password:</source>
+      <translation>确认密码：</translation>
     </message>
     <message>
       <source>Continuous Measurement Enable</source>
-      <translation type="unfinished" />
+      <translation>启用连续测量</translation>
     </message>
     <message>
       <source>Continuous Measurement Setup</source>
-      <translation type="unfinished" />
+      <translation>连续测量设置</translation>
+    </message>
+    <message>
+      <source>DCS Einbauen</source>
+      <translation>DCS 设置</translation>
+    </message>
+    <message>
+      <source>DIG-DIV Setup</source>
+      <translation>DIG-DIV 设置</translation>
     </message>
     <message>
       <source>Darstellung(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>外观(&amp;A)</translation>
     </message>
     <message>
       <source>Datei(&amp;D)</source>
-      <translation type="unfinished" />
+      <translation>文件(&amp;F)</translation>
     </message>
     <message>
       <source>Datenordner:</source>
-      <translation type="unfinished" />
+      <translation>数据文件夹：</translation>
+    </message>
+    <message>
+      <source>Default</source>
+      <translation>默认</translation>
     </message>
     <message>
       <source>Deutsch</source>
-      <translation type="unfinished" />
+      <translation>德语</translation>
+    </message>
+    <message>
+      <source>Die beiden neuen Passwoerter sind nicht gleich.</source>
+      <translation>两次输入的新密码不一致。</translation>
     </message>
     <message>
       <source>Display Grafik Nur(&amp;I)</source>
-      <translation type="unfinished" />
+      <translation>仅显示曲线图(&amp;O)</translation>
     </message>
     <message>
       <source>Do you select PCS band?  Yes--PCS, No--AWS</source>
-      <translation type="unfinished" />
+      <translation>选择 PCS 频段吗？  是：PCS，否：AWS</translation>
     </message>
     <message>
       <source>Does not support the current selection!</source>
-      <translation type="unfinished" />
+      <translation>不支持当前选择！</translation>
     </message>
     <message>
       <source>Drucken Direkt(&amp;P)</source>
-      <translation type="unfinished" />
+      <translation>直接打印(&amp;P)</translation>
     </message>
     <message>
       <source>Drucken(&amp;V)</source>
-      <translation type="unfinished" />
+      <translation>打印预览(&amp;V)</translation>
+    </message>
+    <message>
+      <source>Durch</source>
+      <translation>通过</translation>
+    </message>
+    <message>
+      <source>EGSM Einbauen</source>
+      <translation>EGSM 设置</translation>
+    </message>
+    <message>
+      <source>ERR0 - SYNTAX ERROR</source>
+      <translation>ERR0 - 语法错误</translation>
+    </message>
+    <message>
+      <source>ERR1 - Parameter out of limits.</source>
+      <translation>ERR1 - 参数超出范围。</translation>
+    </message>
+    <message>
+      <source>ERR2 - PLL not locket.</source>
+      <translation>ERR2 - 锁相环未锁定。</translation>
     </message>
     <message>
       <source>Einbauen</source>
-      <translation type="unfinished" />
+      <translation>设置</translation>
     </message>
     <message>
       <source>Einbauen misserfolg</source>
-      <translation type="unfinished" />
+      <translation>设置失败</translation>
     </message>
     <message>
       <source>Einen Eintrag weiter</source>
-      <translation type="unfinished" />
+      <translation>下一条</translation>
     </message>
     <message>
       <source>Einen Eintrag zurueck</source>
-      <translation type="unfinished" />
+      <translation>上一条</translation>
     </message>
     <message>
       <source>Einfuehren Daten</source>
-      <translation type="unfinished" />
+      <translation>导入数据</translation>
     </message>
     <message>
       <source>Einfuehren Daten(&amp;L)</source>
-      <translation type="unfinished" />
+      <translation>导入数据(&amp;L)</translation>
     </message>
     <message>
       <source>Einfuehren Firmenlogo(&amp;I)</source>
-      <translation type="unfinished" />
+      <translation>导入公司标志(&amp;I)</translation>
     </message>
     <message>
       <source>Einheit: dBm/dBc(&amp;C)</source>
-      <translation type="unfinished" />
+      <translation>单位：dBm/dBc(&amp;U)</translation>
     </message>
     <message>
       <source>Eintrag aus der Liste nehmen</source>
-      <translation type="unfinished" />
+      <translation>从列表中移除</translation>
+    </message>
+    <message>
+      <source>Ende f1:</source>
+      <translation>终止 f1：</translation>
+    </message>
+    <message>
+      <source>Ende f2:</source>
+      <translation>终止 f2：</translation>
+    </message>
+    <message>
+      <source>Ende:</source>
+      <translation>下限：</translation>
     </message>
     <message>
       <source>Endless</source>
-      <translation type="unfinished" />
+      <translation>连续</translation>
     </message>
     <message>
       <source>English</source>
-      <translation type="unfinished" />
+      <translation>英语</translation>
     </message>
     <message>
       <source>Entsprechen Bildschirm</source>
-      <translation type="unfinished" />
+      <translation>适应屏幕</translation>
     </message>
     <message>
       <source>Equipment type</source>
-      <translation type="unfinished" />
+      <translation>仪器型号</translation>
     </message>
     <message>
       <source>Europe</source>
-      <translation type="unfinished" />
+      <translation>欧洲</translation>
     </message>
     <message>
       <source>Exit</source>
-      <translation type="unfinished" />
+      <translation>退出</translation>
     </message>
     <message>
       <source>Extern</source>
-      <translation type="unfinished" />
+      <translation>外部</translation>
+    </message>
+    <message>
+      <source>F1 Compensation</source>
+      <translation>F1 补偿</translation>
+    </message>
+    <message>
+      <source>F2 Compensation</source>
+      <translation>F2 补偿</translation>
+    </message>
+    <message>
+      <source>Falsch, dichtesortierung.</source>
+      <translation>输入有误，请检查。</translation>
     </message>
     <message>
       <source>Firmware:</source>
-      <translation type="unfinished" />
+      <translation>固件版本：</translation>
+    </message>
+    <message>
+      <source>Fix f1 falsch!!!</source>
+      <translation>固定 f1 错误！</translation>
+    </message>
+    <message>
+      <source>Fix f1:</source>
+      <translation>固定 f1：</translation>
+    </message>
+    <message>
+      <source>Fix f2 falsch!!!</source>
+      <translation>固定 f2 错误！</translation>
+    </message>
+    <message>
+      <source>Fix f2:</source>
+      <translation>固定 f2：</translation>
+    </message>
+    <message>
+      <source>Fixed f1:</source>
+      <translation>固定 f1：</translation>
+    </message>
+    <message>
+      <source>Fixed f2:</source>
+      <translation>固定 f2：</translation>
+    </message>
+    <message>
+      <source>Freq Schritt:</source>
+      <translation>频率步进：</translation>
+    </message>
+    <message>
+      <source>Freq Step:</source>
+      <translation>频率步进：</translation>
+    </message>
+    <message>
+      <source>Freq: MHz</source>
+      <translation>频率：MHz</translation>
     </message>
     <message>
       <source>Geraet:</source>
-      <translation type="unfinished" />
+      <translation>仪器：</translation>
     </message>
     <message>
       <source>Grenzwert, 0 bis -200</source>
-      <translation type="unfinished" />
+      <translation>限值，0 到 -200</translation>
     </message>
     <message>
       <source>Halten Messung</source>
-      <translation type="unfinished" />
+      <translation>停止测量</translation>
     </message>
     <message>
       <source>Halten Messung erst!</source>
-      <translation type="unfinished" />
+      <translation>请先停止测量！</translation>
     </message>
     <message>
       <source>Hilfe(&amp;H)</source>
-      <translation type="unfinished" />
+      <translation>帮助(&amp;H)</translation>
     </message>
     <message>
       <source>Histogramm(&amp;H)</source>
-      <translation type="unfinished" />
+      <translation>直方图(&amp;H)</translation>
     </message>
     <message>
       <source>Hoch</source>
-      <translation type="unfinished" />
+      <translation>高</translation>
     </message>
     <message>
       <source>Hoehe:</source>
-      <translation type="unfinished" />
+      <translation>高度：</translation>
     </message>
     <message>
       <source>IM3(&amp;3)</source>
-      <translation type="unfinished" />
+      <translation>IM3(&amp;3)</translation>
     </message>
     <message>
       <source>IM5(&amp;5)</source>
-      <translation type="unfinished" />
+      <translation>IM5(&amp;5)</translation>
     </message>
     <message>
       <source>IM7(&amp;7)</source>
-      <translation type="unfinished" />
+      <translation>IM7(&amp;7)</translation>
     </message>
     <message>
       <source>IM9(&amp;9)</source>
-      <translation type="unfinished" />
+      <translation>IM9(&amp;9)</translation>
     </message>
     <message>
       <source>Initialisieren</source>
-      <translation type="unfinished" />
+      <translation>正在初始化</translation>
     </message>
     <message>
       <source>Initialisieren, bitte warten!</source>
-      <translation type="unfinished" />
+      <translation>正在初始化，请稍候！</translation>
+    </message>
+    <message>
+      <source>Inter-band IM</source>
+      <translation>跨频段 IM</translation>
+    </message>
+    <message>
+      <source>Inter-band Measurement Off</source>
+      <translation>关闭跨频段测量</translation>
+    </message>
+    <message>
+      <source>Inter-band Measurement On</source>
+      <translation>开启跨频段测量</translation>
     </message>
     <message>
       <source>Inter-band Measurement(&amp;O)</source>
-      <translation type="unfinished" />
+      <translation>跨频段测量(&amp;I)</translation>
+    </message>
+    <message>
+      <source>Inter-band Setup</source>
+      <translation>跨频段设置</translation>
     </message>
     <message>
       <source>Intern</source>
-      <translation type="unfinished" />
+      <translation>内部</translation>
     </message>
     <message>
       <source>Intervall:</source>
-      <translation type="unfinished" />
+      <translation>间隔：</translation>
     </message>
     <message>
       <source>Kein Geraet verbunden.</source>
-      <translation type="unfinished" />
+      <translation>未连接仪器。</translation>
     </message>
     <message>
       <source>Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die Zeile handbook=... eintragen.</source>
-      <translation type="unfinished" />
+      <translation>未找到手册。请将 QOR_Handbook.pdf 放入数据文件夹，或在 qor.ini 中加入一行 handbook=...。</translation>
     </message>
     <message>
-      <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini die Zeile</source>
-      <translation type="unfinished" />
+      <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
+      <translation>尚未登记更新网页。请在 qor.ini 中加入此行：</translation>
     </message>
     <message>
       <source>Klein</source>
-      <translation type="unfinished" />
+      <translation>低</translation>
+    </message>
+    <message>
+      <source>LTE 700 L Einbauen</source>
+      <translation>LTE 700 L 设置</translation>
+    </message>
+    <message>
+      <source>LTE 700 U Einbauen</source>
+      <translation>LTE 700 U 设置</translation>
+    </message>
+    <message>
+      <source>LTE Einbauen</source>
+      <translation>LTE 设置</translation>
     </message>
     <message>
       <source>Laenge einer 2-Ton-Messung, 1 bis 2147483 Sekunden</source>
-      <translation type="unfinished" />
+      <translation>点频测量时长，1 到 2147483 秒</translation>
+    </message>
+    <message>
+      <source>Last Saved</source>
+      <translation>上次保存</translation>
     </message>
     <message>
       <source>Lautstaerke</source>
-      <translation type="unfinished" />
+      <translation>音量</translation>
     </message>
     <message>
       <source>Leise</source>
-      <translation type="unfinished" />
+      <translation>静音</translation>
     </message>
     <message>
       <source>Load Configure</source>
-      <translation type="unfinished" />
+      <translation>加载配置</translation>
     </message>
     <message>
       <source>Load Rx Loss</source>
-      <translation type="unfinished" />
+      <translation>加载接收损耗</translation>
+    </message>
+    <message>
+      <source>Log On</source>
+      <translation>登录</translation>
     </message>
     <message>
       <source>Marker 1 Bilden</source>
-      <translation type="unfinished" />
+      <translation>标记 1 曲线</translation>
+    </message>
+    <message>
+      <source>Marker 1 Einbauen</source>
+      <translation>标记 1 设置</translation>
     </message>
     <message>
       <source>Marker 2 Bilden</source>
-      <translation type="unfinished" />
+      <translation>标记 2 曲线</translation>
+    </message>
+    <message>
+      <source>Marker 2 Einbauen</source>
+      <translation>标记 2 设置</translation>
     </message>
     <message>
       <source>Marker 3 Bilden</source>
-      <translation type="unfinished" />
+      <translation>标记 3 曲线</translation>
+    </message>
+    <message>
+      <source>Marker 3 Einbauen</source>
+      <translation>标记 3 设置</translation>
     </message>
     <message>
       <source>Marker ein- und ausschalten</source>
-      <translation type="unfinished" />
+      <translation>打开或关闭标记</translation>
     </message>
     <message>
       <source>Max</source>
-      <translation type="unfinished" />
+      <translation>最大</translation>
     </message>
     <message>
       <source>Measurement Mode Setup(&amp;M)</source>
-      <translation type="unfinished" />
+      <translation>测量模式设置(&amp;M)</translation>
+    </message>
+    <message>
+      <source>Meist Posten:</source>
+      <translation>最差值：</translation>
     </message>
     <message>
       <source>Messung laeuft</source>
-      <translation type="unfinished" />
+      <translation>正在测量</translation>
     </message>
     <message>
       <source>Messung(&amp;M)</source>
-      <translation type="unfinished" />
+      <translation>测量(&amp;M)</translation>
     </message>
     <message>
       <source>Mesurement Einbauen</source>
-      <translation type="unfinished" />
+      <translation>测量设置</translation>
+    </message>
+    <message>
+      <source>Misserfolg</source>
+      <translation>失败</translation>
+    </message>
+    <message>
+      <source>Missing in:</source>
+      <translation>缺少文件：</translation>
     </message>
     <message>
       <source>Mitte</source>
-      <translation type="unfinished" />
+      <translation>中</translation>
+    </message>
+    <message>
+      <source>Modify Password</source>
+      <translation>修改密码</translation>
     </message>
     <message>
       <source>Multi-times</source>
-      <translation type="unfinished" />
+      <translation>多次</translation>
+    </message>
+    <message>
+      <source>New Password:</source>
+      <translation>新密码：</translation>
     </message>
     <message>
       <source>Nicht verbunden</source>
-      <translation type="unfinished" />
+      <translation>未连接</translation>
     </message>
     <message>
       <source>Nichts Breite Selektiert</source>
-      <translation type="unfinished" />
+      <translation>未选择频段</translation>
     </message>
     <message>
       <source>Nichts auswaehlen das breite.</source>
-      <translation type="unfinished" />
+      <translation>无法选择该频段。</translation>
     </message>
     <message>
       <source>Nichts einbauen AMPS.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 AMPS。</translation>
     </message>
     <message>
       <source>Nichts einbauen AWS.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 AWS。</translation>
     </message>
     <message>
       <source>Nichts einbauen DCS.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 DCS。</translation>
     </message>
     <message>
       <source>Nichts einbauen EGSM.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 EGSM。</translation>
     </message>
     <message>
       <source>Nichts einbauen LTE.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 LTE。</translation>
     </message>
     <message>
       <source>Nichts einbauen PCS.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 PCS。</translation>
     </message>
     <message>
       <source>Nichts einbauen TD-SCDMA.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 TD-SCDMA。</translation>
     </message>
     <message>
       <source>Nichts einbauen UMTS.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 UMTS。</translation>
     </message>
     <message>
       <source>Nichts einbauen UMTS2.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 UMTS2。</translation>
     </message>
     <message>
       <source>Nichts einbauen WIFI.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 WIFI。</translation>
     </message>
     <message>
       <source>Nichts einbauen WiMax.</source>
-      <translation type="unfinished" />
+      <translation>无法设置 WiMax。</translation>
     </message>
     <message>
       <source>Niveau</source>
-      <translation type="unfinished" />
+      <translation>告警限值</translation>
+    </message>
+    <message>
+      <source>No Function Menu</source>
+      <translation>无功能菜单</translation>
     </message>
     <message>
       <source>Not Supported</source>
-      <translation type="unfinished" />
+      <translation>不支持</translation>
+    </message>
+    <message>
+      <source>Nothing was restored.</source>
+      <translation>未恢复任何设置。</translation>
+    </message>
+    <message>
+      <source>Nummer (0 vertreten alle):</source>
+      <translation>编号（0 表示全部）：</translation>
     </message>
     <message>
       <source>Nummer (0 vertreten unendlich):</source>
-      <translation type="unfinished" />
+      <translation>次数（0 表示无限）：</translation>
     </message>
     <message>
       <source>Oben</source>
-      <translation type="unfinished" />
+      <translation>上扫</translation>
+    </message>
+    <message>
+      <source>Oberes Ende der Pegelachse</source>
+      <translation>电平轴上限</translation>
     </message>
     <message>
       <source>Oeffnen Port</source>
-      <translation type="unfinished" />
+      <translation>打开端口</translation>
     </message>
     <message>
       <source>Oeffnen file Misserfolg</source>
-      <translation type="unfinished" />
+      <translation>打开文件失败</translation>
     </message>
     <message>
       <source>Oeffnen port erst!</source>
-      <translation type="unfinished" />
+      <translation>请先打开端口！</translation>
     </message>
     <message>
       <source>Okey</source>
-      <translation type="unfinished" />
+      <translation>确定</translation>
+    </message>
+    <message>
+      <source>Old Password:</source>
+      <translation>旧密码：</translation>
     </message>
     <message>
       <source>One of its data rows is damaged.</source>
-      <translation type="unfinished" />
+      <translation>其中一行数据已损坏。</translation>
+    </message>
+    <message>
+      <source>Operator Mode</source>
+      <translation>操作员模式</translation>
+    </message>
+    <message>
+      <source>PCS Einbauen</source>
+      <translation>PCS 设置</translation>
     </message>
     <message>
       <source>PIM</source>
-      <translation type="unfinished" />
+      <translation>互调 (PIM)</translation>
+    </message>
+    <message>
+      <source>Password:</source>
+      <translation>密码：</translation>
+    </message>
+    <message>
+      <source>Path Cable Loss</source>
+      <translation>路径线缆损耗</translation>
     </message>
     <message>
       <source>Path Cable Loss(&amp;L)</source>
-      <translation type="unfinished" />
+      <translation>路径线缆损耗(&amp;P)</translation>
     </message>
     <message>
       <source>Pause zwischen zwei Durchlaeufen</source>
-      <translation type="unfinished" />
+      <translation>两次扫频之间的间隔</translation>
     </message>
     <message>
       <source>Pegelachse vergroessern</source>
-      <translation type="unfinished" />
+      <translation>放大电平轴</translation>
     </message>
     <message>
       <source>Pegelachse verkleinern</source>
-      <translation type="unfinished" />
+      <translation>缩小电平轴</translation>
     </message>
     <message>
       <source>Pixel</source>
-      <translation type="unfinished" />
+      <translation>像素</translation>
     </message>
     <message>
       <source>Please choose another file.</source>
-      <translation type="unfinished" />
+      <translation>请选择其他文件。</translation>
+    </message>
+    <message>
+      <source>Please confirm what you set be valid for the device.</source>
+      <translation>请确认所设数值适用于该仪器。</translation>
     </message>
     <message>
       <source>Please select band after initailization completed.</source>
-      <translation type="unfinished" />
+      <translation>请在初始化完成后选择频段。</translation>
+    </message>
+    <message>
+      <source>Port 1 To DUT Path Cable Loss:</source>
+      <translation>端口 1 至被测件的线缆损耗：</translation>
+    </message>
+    <message>
+      <source>Port 2 To DUT Path Cable Loss:</source>
+      <translation>端口 2 至被测件的线缆损耗：</translation>
     </message>
     <message>
       <source>Port muessen kleiner als 17</source>
-      <translation type="unfinished" />
+      <translation>端口号必须小于 17</translation>
+    </message>
+    <message>
+      <source>Power (mW)</source>
+      <translation>功率 (mW)</translation>
+    </message>
+    <message>
+      <source>Power 1:</source>
+      <translation>功率 1：</translation>
+    </message>
+    <message>
+      <source>Power 2:</source>
+      <translation>功率 2：</translation>
+    </message>
+    <message>
+      <source>Power Output f1:</source>
+      <translation>输出功率 f1：</translation>
+    </message>
+    <message>
+      <source>Power Output f2:</source>
+      <translation>输出功率 f2：</translation>
+    </message>
+    <message>
+      <source>Power Set</source>
+      <translation>功率设置</translation>
     </message>
     <message>
       <source>Programm beenden</source>
-      <translation type="unfinished" />
+      <translation>退出程序</translation>
     </message>
     <message>
       <source>Programm wird beendet</source>
-      <translation type="unfinished" />
+      <translation>正在退出</translation>
     </message>
     <message>
       <source>QOR Device SN(&amp;Z)</source>
-      <translation type="unfinished" />
+      <translation>仪器序列号(&amp;S)</translation>
     </message>
     <message>
       <source>QOR Handbuch(&amp;Q)</source>
-      <translation type="unfinished" />
+      <translation>QOR 手册(&amp;M)</translation>
+    </message>
+    <message>
+      <source>QorTool ist nicht installiert:</source>
+      <translation>未安装 QorTool：</translation>
     </message>
     <message>
       <source>R/S Analysator Setup(&amp;A)</source>
-      <translation type="unfinished" />
+      <translation>R/S 分析仪设置(&amp;A)</translation>
+    </message>
+    <message>
+      <source>Range: 0-9.9</source>
+      <translation>范围：0-9.9</translation>
+    </message>
+    <message>
+      <source>Receive Band:</source>
+      <translation>接收频段：</translation>
     </message>
     <message>
       <source>Receiver Ports(&amp;P)</source>
-      <translation type="unfinished" />
+      <translation>接收端口(&amp;P)</translation>
     </message>
     <message>
       <source>Reflex Modell</source>
-      <translation type="unfinished" />
+      <translation>反射模式</translation>
     </message>
     <message>
       <source>Reflex(&amp;R)</source>
-      <translation type="unfinished" />
+      <translation>反射(&amp;R)</translation>
     </message>
     <message>
       <source>Replace data</source>
-      <translation type="unfinished" />
+      <translation>替换数据</translation>
+    </message>
+    <message>
+      <source>Route Verlust Einbauen</source>
+      <translation>路径损耗设置</translation>
     </message>
     <message>
       <source>Route Verlust Einbauen(&amp;X)</source>
-      <translation type="unfinished" />
+      <translation>路径损耗设置(&amp;S)</translation>
     </message>
     <message>
       <source>Route Verlust(&amp;V)</source>
-      <translation type="unfinished" />
+      <translation>路径损耗(&amp;L)</translation>
     </message>
     <message>
       <source>SA Enclosed</source>
-      <translation type="unfinished" />
+      <translation>含频谱分析</translation>
     </message>
     <message>
       <source>Save Configure</source>
-      <translation type="unfinished" />
+      <translation>保存配置</translation>
+    </message>
+    <message>
+      <source>Scannen Fix f1 falsch!!!</source>
+      <translation>扫频固定 f1 错误！</translation>
+    </message>
+    <message>
+      <source>Scannen Fix f2 falsch!!!</source>
+      <translation>扫频固定 f2 错误！</translation>
     </message>
     <message>
       <source>Scannen Modell</source>
-      <translation type="unfinished" />
+      <translation>扫频模式</translation>
     </message>
     <message>
       <source>Scannen Port</source>
-      <translation type="unfinished" />
+      <translation>扫描端口</translation>
     </message>
     <message>
       <source>Scannen(&amp;S)</source>
-      <translation type="unfinished" />
+      <translation>扫频(&amp;S)</translation>
     </message>
     <message>
       <source>Schnittstelle Entwurf(&amp;Z)</source>
-      <translation type="unfinished" />
+      <translation>界面布局(&amp;W)</translation>
+    </message>
+    <message>
+      <source>Schritt falsch!!!</source>
+      <translation>步进错误！</translation>
+    </message>
+    <message>
+      <source>Sec.</source>
+      <translation>秒</translation>
     </message>
     <message>
       <source>Sek.</source>
-      <translation type="unfinished" />
+      <translation>秒</translation>
     </message>
     <message>
       <source>Selec PCS/AWS</source>
-      <translation type="unfinished" />
+      <translation>选择 PCS/AWS</translation>
     </message>
     <message>
       <source>Serien:</source>
-      <translation type="unfinished" />
+      <translation>序列号：</translation>
     </message>
     <message>
       <source>Seriennummer des Prueflings</source>
-      <translation type="unfinished" />
+      <translation>被测件序列号</translation>
     </message>
     <message>
       <source>Seriennummer(&amp;N)</source>
-      <translation type="unfinished" />
+      <translation>序列号(&amp;N)</translation>
     </message>
     <message>
       <source>Seriennummer:</source>
-      <translation type="unfinished" />
+      <translation>序列号：</translation>
+    </message>
+    <message>
+      <source>Set</source>
+      <translation>设置</translation>
     </message>
     <message>
       <source>Setup(&amp;S)</source>
-      <translation type="unfinished" />
+      <translation>设置(&amp;S)</translation>
     </message>
     <message>
       <source>Sich</source>
-      <translation type="unfinished" />
+      <translation>退出</translation>
     </message>
     <message>
       <source>Sich(&amp;X)</source>
-      <translation type="unfinished" />
+      <translation>退出(&amp;X)</translation>
     </message>
     <message>
       <source>Sich?</source>
-      <translation type="unfinished" />
+      <translation>要退出吗？</translation>
     </message>
     <message>
       <source>Single</source>
-      <translation type="unfinished" />
+      <translation>单次</translation>
     </message>
     <message>
       <source>Spectrum Analyze Enclosed</source>
-      <translation type="unfinished" />
+      <translation>含频谱分析</translation>
     </message>
     <message>
       <source>Spectrum Analyzer(&amp;N)</source>
-      <translation type="unfinished" />
+      <translation>频谱分析(&amp;A)</translation>
     </message>
     <message>
       <source>Spectrum Mode</source>
-      <translation type="unfinished" />
+      <translation>频谱模式</translation>
     </message>
     <message>
       <source>Speichern BMP(&amp;B)</source>
-      <translation type="unfinished" />
+      <translation>保存 BMP(&amp;B)</translation>
     </message>
     <message>
       <source>Speichern DATen File</source>
-      <translation type="unfinished" />
+      <translation>保存数据文件</translation>
     </message>
     <message>
       <source>Speichern Daten</source>
-      <translation type="unfinished" />
+      <translation>保存数据</translation>
     </message>
     <message>
       <source>Speichern Daten(&amp;T)</source>
-      <translation type="unfinished" />
+      <translation>保存数据(&amp;D)</translation>
     </message>
     <message>
       <source>Speichern Excel(&amp;X)</source>
-      <translation type="unfinished" />
+      <translation>保存 Excel(&amp;E)</translation>
     </message>
     <message>
       <source>Speichern Graph(&amp;G)</source>
-      <translation type="unfinished" />
+      <translation>保存曲线图(&amp;G)</translation>
     </message>
     <message>
       <source>Speichern JPG(&amp;J)</source>
-      <translation type="unfinished" />
+      <translation>保存 JPG(&amp;J)</translation>
     </message>
     <message>
       <source>Speichern PDF(&amp;S)</source>
-      <translation type="unfinished" />
+      <translation>保存 PDF(&amp;S)</translation>
+    </message>
+    <message>
+      <source>Speichern Standard</source>
+      <translation>保存默认值</translation>
     </message>
     <message>
       <source>Speichern file misserfolg</source>
-      <translation type="unfinished" />
+      <translation>保存文件失败</translation>
     </message>
     <message>
       <source>Sprache(&amp;L)</source>
-      <translation type="unfinished" />
+      <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+      <source>Staerke  Ausfuhr f1:</source>
+      <translation>输出功率 f1：</translation>
+    </message>
+    <message>
+      <source>Staerke  Ausfuhr f2:</source>
+      <translation>输出功率 f2：</translation>
+    </message>
+    <message>
+      <source>Staerke Einbauen</source>
+      <translation>功率设置</translation>
+    </message>
+    <message>
+      <source>Standard</source>
+      <translation>默认</translation>
+    </message>
+    <message>
+      <source>Start f1:</source>
+      <translation>起始 f1：</translation>
+    </message>
+    <message>
+      <source>Start f2:</source>
+      <translation>起始 f2：</translation>
     </message>
     <message>
       <source>Start/Stop Measurement(&amp;M)</source>
-      <translation type="unfinished" />
+      <translation>开始/停止测量(&amp;M)</translation>
     </message>
     <message>
       <source>Stelle des Markers: Zeit oder Frequenz</source>
-      <translation type="unfinished" />
+      <translation>标记位置：时间或频率</translation>
     </message>
     <message>
       <source>Steuerprogramm fuer einen Zweiton-Analysator der passiven Intermodulation</source>
-      <translation type="unfinished" />
+      <translation>双音无源互调分析仪控制程序</translation>
+    </message>
+    <message>
+      <source>Stop f1:</source>
+      <translation>终止 f1：</translation>
+    </message>
+    <message>
+      <source>Stop f2:</source>
+      <translation>终止 f2：</translation>
     </message>
     <message>
       <source>Sweep</source>
-      <translation type="unfinished" />
+      <translation>扫频</translation>
+    </message>
+    <message>
+      <source>Sweep Mode</source>
+      <translation>扫频模式</translation>
+    </message>
+    <message>
+      <source>Sync</source>
+      <translation>同步</translation>
+    </message>
+    <message>
+      <source>Synchron</source>
+      <translation>同步</translation>
+    </message>
+    <message>
+      <source>TD-A</source>
+      <translation>TD-A</translation>
+    </message>
+    <message>
+      <source>TD-E Setup</source>
+      <translation>TD-E 设置</translation>
+    </message>
+    <message>
+      <source>TD-F Setup</source>
+      <translation>TD-F 设置</translation>
     </message>
     <message>
       <source>TD-SCDMA 2000</source>
-      <translation type="unfinished" />
+      <translation>TD-SCDMA 2000</translation>
     </message>
     <message>
       <source>Test</source>
-      <translation type="unfinished" />
+      <translation>测试</translation>
+    </message>
+    <message>
+      <source>Tetra 390 Setup</source>
+      <translation>Tetra 390 设置</translation>
+    </message>
+    <message>
+      <source>Tetra 392</source>
+      <translation>Tetra 392</translation>
+    </message>
+    <message>
+      <source>The configuration is incomplete, nothing was restored.</source>
+      <translation>配置不完整，未恢复任何设置。</translation>
     </message>
     <message>
       <source>The device is disconnect. Connect it now?</source>
-      <translation type="unfinished" />
+      <translation>仪器未连接。现在连接吗？</translation>
     </message>
     <message>
       <source>The file ends before its limit line.</source>
-      <translation type="unfinished" />
+      <translation>文件在限值行之前中断。</translation>
     </message>
     <message>
       <source>The file ends in the middle of its data.</source>
-      <translation type="unfinished" />
+      <translation>文件数据不完整。</translation>
     </message>
     <message>
       <source>The file has already existed. Do you want to replace it?</source>
-      <translation type="unfinished" />
+      <translation>文件已存在。要替换它吗？</translation>
     </message>
     <message>
       <source>The file holds no measured level.</source>
-      <translation type="unfinished" />
+      <translation>文件中没有测量值。</translation>
     </message>
     <message>
       <source>The file is empty.</source>
-      <translation type="unfinished" />
+      <translation>文件为空。</translation>
     </message>
     <message>
       <source>The file is too long for a result.</source>
-      <translation type="unfinished" />
+      <translation>文件过长，不是结果文件。</translation>
+    </message>
+    <message>
+      <source>The minimum value of not less than 0dbm</source>
+      <translation>数值不得小于 0 dBm</translation>
     </message>
     <message>
       <source>The power of Tone 1 and Tone 2 is not the same, can not use dBc.</source>
-      <translation type="unfinished" />
+      <translation>两路载波功率不同，无法使用 dBc。</translation>
+    </message>
+    <message>
+      <source>The value of Alarm Lever cannot be empty!</source>
+      <translation>告警限值不能为空！</translation>
+    </message>
+    <message>
+      <source>The value of Alarm Lever should be in range 0 ~ -200</source>
+      <translation>告警限值应在 0 到 -200 之间</translation>
     </message>
     <message>
       <source>This is not a result file, or its header is damaged.</source>
-      <translation type="unfinished" />
+      <translation>不是结果文件，或文件头已损坏。</translation>
     </message>
     <message>
       <source>This is not a result file.</source>
-      <translation type="unfinished" />
+      <translation>不是结果文件。</translation>
     </message>
     <message>
       <source>Time:</source>
-      <translation type="unfinished" />
+      <translation>时间：</translation>
+    </message>
+    <message>
+      <source>UMTS Einbauen</source>
+      <translation>UMTS 设置</translation>
+    </message>
+    <message>
+      <source>UMTS2/LTE Einbauen</source>
+      <translation>UMTS2/LTE 设置</translation>
     </message>
     <message>
       <source>Uebergeben(&amp;T)</source>
-      <translation type="unfinished" />
+      <translation>传输(&amp;T)</translation>
+    </message>
+    <message>
+      <source>Ueberpruefen</source>
+      <translation>检查</translation>
     </message>
     <message>
       <source>Uegerbegen Modell</source>
-      <translation type="unfinished" />
+      <translation>传输模式</translation>
     </message>
     <message>
       <source>Under Limit Beep On/Off</source>
-      <translation type="unfinished" />
+      <translation>低于限值提示音开/关</translation>
     </message>
     <message>
       <source>Unter</source>
-      <translation type="unfinished" />
+      <translation>下扫</translation>
+    </message>
+    <message>
+      <source>Unteres Ende der Pegelachse</source>
+      <translation>电平轴下限</translation>
     </message>
     <message>
       <source>Update(&amp;U)</source>
-      <translation type="unfinished" />
+      <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+      <source>User Mode</source>
+      <translation>用户模式</translation>
     </message>
     <message>
       <source>Werkzeug(&amp;W)</source>
-      <translation type="unfinished" />
+      <translation>工具(&amp;T)</translation>
+    </message>
+    <message>
+      <source>WiMax Setup</source>
+      <translation>WiMax 设置</translation>
+    </message>
+    <message>
+      <source>Wifi Einbauen</source>
+      <translation>Wifi 设置</translation>
+    </message>
+    <message>
+      <source>Wrong password.</source>
+      <translation>密码错误。</translation>
+    </message>
+    <message>
+      <source>Ziet: Sek.</source>
+      <translation>时间：秒</translation>
     </message>
     <message>
       <source>Zum Anfang der Liste</source>
-      <translation type="unfinished" />
+      <translation>到列表开头</translation>
     </message>
     <message>
       <source>Zum Ende der Liste</source>
-      <translation type="unfinished" />
+      <translation>到列表末尾</translation>
     </message>
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
-      <translation type="unfinished" />
+      <translation>连续两次扫频，第一次关闭载波</translation>
+    </message>
+    <message>
+      <source>cannot be read.</source>
+      <translation>无法读取。</translation>
     </message>
     <message>
       <source>dBm &lt;-&gt; mW &lt;-&gt; mV</source>
-      <translation type="unfinished" />
+      <translation>dBm &lt;-&gt; mW &lt;-&gt; mV</translation>
+    </message>
+    <message>
+      <source>dBm Einbauen</source>
+      <translation>电平范围设置</translation>
+    </message>
+    <message>
+      <source>f1The maximum value cannot be greater than 46dbm</source>
+      <translation>f1：数值不得大于 46 dBm</translation>
+    </message>
+    <message>
+      <source>f1The minimum value of not less than 0dbm</source>
+      <translation>f1：数值不得小于 0 dBm</translation>
+    </message>
+    <message>
+      <source>f2The maximum value cannot be greater than 46dbm</source>
+      <translation>f2：数值不得大于 46 dBm</translation>
+    </message>
+    <message>
+      <source>f2The minimum value of not less than 0dbm</source>
+      <translation>f2：数值不得小于 0 dBm</translation>
+    </message>
+    <message>
+      <source>failed to load config file!</source>
+      <translation>加载配置失败！</translation>
+    </message>
+    <message>
+      <source>failed to save config file!</source>
+      <translation>保存配置失败！</translation>
+    </message>
+    <message>
+      <source>falsch!!!</source>
+      <translation>错误！</translation>
+    </message>
+    <message>
+      <source>is a folder.</source>
+      <translation>是文件夹。</translation>
     </message>
     <message>
       <source>ist keine Zahl. Bitte mit Dezimalpunkt eingeben.</source>
-      <translation type="unfinished" />
+      <translation>不是数字，请使用小数点输入。</translation>
+    </message>
+    <message>
+      <source>ist keine ganze Zahl von 0 bis 10000.</source>
+      <translation>不是 0 到 10000 之间的整数。</translation>
+    </message>
+    <message>
+      <source>not a regular file</source>
+      <translation>不是普通文件</translation>
+    </message>
+    <message>
+      <source>not a saved configuration.</source>
+      <translation>不是已保存的配置。</translation>
+    </message>
+    <message>
+      <source>not replaced.</source>
+      <translation>未替换。</translation>
+    </message>
+    <message>
+      <source>results are saved as .dat or .txt.</source>
+      <translation>结果只能保存为 .dat 或 .txt。</translation>
+    </message>
+    <message>
+      <source>the copy differs.</source>
+      <translation>副本不一致。</translation>
+    </message>
+    <message>
+      <source>the folder does not exist. Nothing was restored.</source>
+      <translation>文件夹不存在，未恢复任何设置。</translation>
     </message>
   </context>
 </TS>

@@ -6,6 +6,9 @@ qor_en.ts and qor_zh.ts:
 
     texts.py --check    lists what a catalogue lacks, or has too much; exit status 1 then
     texts.py --update   adds what is missing as unfinished and drops what is no longer used
+
+In a window every text is taken for shown; in the engine those given to the operator, those that look like a
+sentence, and those marked "// shown to the operator". What is none lies in not_shown.txt.
 """
 import pathlib
 import re
@@ -17,19 +20,27 @@ CATALOGUES = ("en", "zh")
 
 LITERAL = r'"((?:[^"\\]|\\.)*)"'
 LITERALS = re.compile(LITERAL + r'(?:\s*' + LITERAL + r')*')
-# What shows a text to the operator, in the engine and in the windows.
-SHOWN = re.compile(
-    r'\b(?:Tr|TrText|Message|Ask|AskOrCancel|Tell|Refuse|Refused|FilesToOpen|FileToSave|Folder|Progress|Menu|Item|'
-    r'Check|FormDialog|AddGroup|AddField|AddCheck|AddButtons?|row|check|Shown)\s*\(')
+# Strings, so that a quotation mark in a comment or a stroke in a text misleads nobody; raw ones hold no words.
+TOKENS = re.compile(r'(R"(\w*)\(.*?\)\2")|("(?:[^"\\\n]|\\.)*")|(\'(?:[^\'\\\n]|\\.)\')|(//[^\n]*)|(#include[^\n]*)', re.S)
+# In a window every text is shown, except what stands in these.
+NOT_IN_WINDOW = re.compile(
+    r'QStringLiteral\s*\([^()]*\)|QLatin1String\s*\([^()]*\)|(?:setObjectName|setProperty|property|SetFlag)\s*\([^()]*\)')
+# What shows a text to the operator in the engine.
+SHOWN = re.compile(r'\b(?:Message|Ask|AskOrCancel|Tell|[Rr]efused?|failed|FilesToOpen|FileToSave|Folder|Progress|Menu|'
+                   r'Item|Check|Shown|Translated)\s*\(')
 # Tables and constants of texts are marked by this comment on the line above.
-MARK = re.compile(r'// shown to the operator[^\n]*\n(.*?);\n', re.S)
-# No words of a language: numbers, units, names of files and fields.
-NO_WORDS = re.compile(r'^(?:[^A-Za-z]*|m_\w+.*|[\w.*]+\.(?:ccz|conf|dat|txt|ini|chm|pdf|html)|\*\..*|d[Bb][mc]?|MHz|mW|mV|W|f1:?|f2:?|'
-                      r'fIM:?|IM\d*|OK|QOR|COM|[<>|]+|X|R|small|cell)$')
+MARK = re.compile(r'// shown to the operator[^\n]*\n(.*?);[ \t]*\n', re.S)
+# Two words with a stop or a colon are told to somebody.
+SENTENCE = re.compile(r'[a-z]+,? +\S*[a-z].*[.!?:]\s*$')
+# Result files and reports have a language of their own.
+ON_PAPER = re.compile(r'data_file|report')
+# No words of a language: numbers, units, names of bands, files and fields.
+NO_WORDS = re.compile(r'^(?:[^A-Za-z]*|[@#]\w+|m_\w+|[\w.*]+\.(?:ccz|conf|dat|txt|ini|chm|pdf|html)|\*\..*|dB|dB[mc]|[MG]?Hz|'
+                      r'm?W|mV|Ohm|f1:?|f2:?|fIM:?|IM\d*|OK|QOR|COM|Marker|Zo=|[<>|]+|X|R)$')
 
 
 def unescape(text):
-    return text.replace('\\n', '\n').replace('\\t', '\t').replace('\\"', '"').replace('\\\\', '\\')
+    return re.sub(r'\\(.)', lambda m: {'n': '\n', 't': '\t', 'r': '\r'}.get(m.group(1), m.group(1)), text)
 
 
 def joined(match_text):
@@ -59,28 +70,31 @@ def arguments(source, start):
 
 
 def keys_of(text):
-    """A text's key: an item without its key of the keyboard, a message by its lines."""
-    text = text.split('\t')[0]
-    return [line.strip() for line in text.split('\n')]
+    """A text's keys: an item without its key of the keyboard, a message by its lines, a part of one without the
+    separator in front of it."""
+    return [re.sub(r'^[:.] ', '', line.strip()) for line in text.split('\t')[0].split('\n')]
+
+
+def literals(text):
+    return [joined(match.group(0)) for match in LITERALS.finditer(text)]
+
+
+def texts_of(path):
+    kept = lambda m: m.group(0) if m.group(3) or 'shown to the operator' in m.group(0) else ' '
+    source = TOKENS.sub(kept, path.read_text())
+    if path.parent.name == 'ui':
+        return literals(NOT_IN_WINDOW.sub('', source))
+    parts = [arguments(source, m.end() - 1) for m in SHOWN.finditer(source)] + MARK.findall(source)
+    told = [] if ON_PAPER.match(path.name) else [text for text in literals(source) if SENTENCE.search(text)]
+    return told + [text for part in parts for text in literals(part)]
 
 
 def collect():
     keys = set()
     for path in sorted((ROOT / 'src').rglob('*.[ch]*')):
-        if path.suffix not in ('.cpp', '.h') or path.parts[len(ROOT.parts) + 1] in ('sim', 'apps', 'platform'):
-            continue
-        source = re.sub(r'(?m)^\s*(?:///?|#include).*$',
-                        lambda m: m.group(0) if 'shown to the operator' in m.group(0) else '', path.read_text())
-        found = [arguments(source, m.end() - 1) for m in SHOWN.finditer(source)]
-        found += [m.group(1) for m in MARK.finditer(source)]
-        for text in found:
-            text = re.sub(r'Q(?:StringLiteral|Latin1String)\(' + LITERAL + r'\)|setObjectName\([^)]*\)', '', text)
-            for match in LITERALS.finditer(text):
-                for key in keys_of(joined(match.group(0))):
-                    if not NO_WORDS.match(key):
-                        keys.add(key)
-    ignored = (ROOT / 'translations' / 'not_shown.txt').read_text().splitlines()
-    return keys - set(ignored)
+        if path.suffix in ('.cpp', '.h') and path.relative_to(ROOT / 'src').parts[0] not in ('sim', 'apps', 'platform'):
+            keys.update(key for text in texts_of(path) for key in keys_of(text) if not NO_WORDS.match(key))
+    return keys - set((ROOT / 'translations' / 'not_shown.txt').read_text().splitlines())
 
 
 def load(language):

@@ -296,8 +296,7 @@ void Commands::ShowHandbook() {
     Launcher* launcher = m_Program.Parts().launcher;
     if (handbook.empty() || !launcher || !launcher->Show(handbook))
         Tell("Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die "
-             "Zeile "
-             "handbook=... eintragen.");
+             "Zeile handbook=... eintragen.");
 }
 
 void Commands::ShowUpdatePage(int region) {
@@ -306,8 +305,8 @@ void Commands::ShowUpdatePage(int region) {
     const std::string page = SettingOf(m_Program.Stores(), key);
     Launcher* launcher = m_Program.Parts().launcher;
     if (page.empty() || !launcher || !launcher->Show(page))
-        Tell("Keine Seite fuer Updates eingetragen. Bitte in qor.ini die Zeile " + std::string(key) +
-             "=https://... eintragen.");
+        Tell("Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:\n" +
+             std::string(key) + "=https://...");
 }
 
 bool Commands::IsEnabled(Command command, int argument) const {

@@ -221,8 +221,8 @@ std::optional<std::vector<ConfigurationFile>> WholeContents(const fs::path& fold
         problem = "\n*.ccz";
     if (problem.empty())
         return files;
-    problem = "The configuration is incomplete, nothing was restored. Missing in " + folder.string() + ":" +
-              problem;
+    problem =
+        "The configuration is incomplete, nothing was restored.\nMissing in: " + folder.string() + problem;
     return std::nullopt;
 }
 

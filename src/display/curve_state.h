@@ -6,11 +6,15 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace qor {
 
 inline constexpr std::size_t CurvePoints = 2000;
 inline constexpr std::size_t CurveRuns = 1000;
+// shown to the operator, behind the name of the file a curve comes from
+inline constexpr std::string_view NotFromData =
+    "<The graph is invalid for official report as it's not loaded from DAT file>";
 
 /// A matrix of runs (rows) by points (columns) whose memory is taken as rows are first written.
 class RunMatrix {

@@ -32,6 +32,8 @@ constexpr std::string_view PassText = "Durch";
 constexpr std::string_view FailText = "Misserfolg";
 // shown to the operator
 constexpr std::string_view WorstText = "Meist Posten:";
+// shown to the operator
+constexpr std::string_view PowerTexts[] = {"Power 1:", "Power 2:"};
 
 constexpr std::array<Rgb, 10> Palette = {0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0x128A87,
                                          0xFF7D19, 0x1E5050, 0xFF0000, 0x00FF00, 0xFF7D96};
@@ -107,16 +109,20 @@ void AddStatusTexts(std::vector<PlotItem>& items, const CurveState& curve, const
                     const PlotFacts& facts) {
     if (const std::string& worst = curve.g_worstText; !worst.empty() && worst != "-300") {
         const bool announced = facts.tagEndless && NumberIn(worst) < 0.0;
-        items.emplace_back(PlotText{
-            plot.left, std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot))),
-            announced ? Translated(facts, WorstText) + " " + worst : worst, StatusColour, TextSize(plot)});
+        std::string text = announced ? Translated(facts, WorstText) + " " + worst : worst;
+        if (text.ends_with(NotFromData))
+            text.replace(text.size() - NotFromData.size(), NotFromData.size(),
+                         Translated(facts, NotFromData));
+        const int y = std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot)));
+        items.emplace_back(PlotText{plot.left, y, std::move(text), StatusColour, TextSize(plot)});
     }
     const bool powered = facts.bandSelected && (facts.power1 >= 0.1 || facts.power2 >= 0.1);
     if (powered && !facts.g_calDisplay)
-        items.emplace_back(
-            PlotText{plot.left + 2, plot.top + 20,
-                     "Power 1: " + Fixed(facts.power1, 1) + "dBm  Power 2: " + Fixed(facts.power2, 1) + "dBm",
-                     StatusColour, TextSize(plot)});
+        items.emplace_back(PlotText{plot.left + 2, plot.top + 20,
+                                    Translated(facts, PowerTexts[0]) + " " + Fixed(facts.power1, 1) +
+                                        "dBm  " + Translated(facts, PowerTexts[1]) + " " +
+                                        Fixed(facts.power2, 1) + "dBm",
+                                    StatusColour, TextSize(plot)});
 }
 
 std::string_view ErrorText(int verdict) {

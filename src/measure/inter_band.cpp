@@ -206,6 +206,7 @@ void SwitchInterBandOff(Session& session) {
 }
 
 std::string InterBandText(const InterBandState& state) {
+    // shown to the operator
     return "Inter-band IM" + std::to_string(InterBandOrder(state));
 }
 

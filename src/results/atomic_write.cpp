@@ -66,6 +66,7 @@ std::string WriteAtomically(const std::filesystem::path& path, std::string_view 
     std::error_code unknown;
     const auto status = std::filesystem::status(path, unknown);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+        // shown to the operator
         return path.string() + ": not a regular file"; // a rename would put the result in a device's place
     PartFile part(path, mode);
     if (part.IsOpen() && part.Write(bytes) && part.MoveTo(path))

@@ -59,6 +59,7 @@ bool ReadBytes(const std::filesystem::path& path, std::string& bytes, std::strin
     std::error_code unknown;
     const auto status = std::filesystem::status(path, unknown);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        // shown to the operator
         reason = "not a regular file"; // reading a pipe would wait for ever
         return false;
     }
@@ -119,7 +120,7 @@ void ResultFiles::Apply(const ResultFile& file, const std::filesystem::path& pat
     curve.g_worstText = path.filename().string();
     if (curve.g_worstText.find(".dat") == std::string::npos &&
         curve.g_worstText.find(".DAT") == std::string::npos)
-        curve.g_worstText += " <The graph is invalid for official report as it's not loaded from DAT file>";
+        curve.g_worstText += " " + std::string(NotFromData);
     curve.g_MeasVerdict = VerdictPassed; // judged afresh by the limit check
     curve.g_shownRun = 0;                // a file holds one run
     curve.g_fromFile = 1;

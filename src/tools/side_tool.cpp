@@ -27,7 +27,7 @@ bool StartSideTool(const SetupStore& store, const Platform& platform) {
     const fs::path program = store.PathOf(ToolProgram);
     std::error_code error;
     if (!fs::is_regular_file(packed, error))
-        return failed("QorTool: nicht installiert (" + packed.string() + ")");
+        return failed("QorTool ist nicht installiert: " + packed.string());
     fs::copy_file(packed, program, fs::copy_options::overwrite_existing, error);
     if (!error)
         fs::permissions(program, fs::perms::owner_exec, fs::perm_options::add, error);

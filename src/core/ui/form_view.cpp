@@ -262,7 +262,7 @@ void CTestSDIFormView::RefreshCells() {
     const Panel& panel = session.panel;
     const std::string_view unit = session.curve.g_UnitDbc ? "dBc" : "dBm";
     const QString state = StateText();
-    const QString cells[] = {TrText(panel.m_Band_sel), Tr(panel.m_Mode_sel),       Plain(panel.m_IM_sel),
+    const QString cells[] = {TrText(panel.m_Band_sel), Tr(panel.m_Mode_sel),       TrText(panel.m_IM_sel),
                              Tr(panel.m_Path_sel),     Tr(panel.m_SweepKind_text), state};
     for (std::size_t n = 0; n < m_Cell.size(); ++n)
         Show(m_Cell[n], cells[n]);

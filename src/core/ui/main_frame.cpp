@@ -15,14 +15,16 @@ namespace {
 constexpr int RefreshMs = 100;
 constexpr int IdleRefreshMs = 250; ///< while nothing happens by itself but the status poll
 
-/// "Caption(&X)" in the toolkit's way: a mnemonic within the word where there is one, else behind it.
+/// "Caption(&X)" in the toolkit's way: a mnemonic at the beginning of a word or within one, else behind it.
 QString MenuCaption(const QString& caption) {
     static const QRegularExpression Mnemonic(QStringLiteral(R"(\(&(.)\)$)"));
     const QRegularExpressionMatch match = Mnemonic.match(caption);
     if (!match.hasMatch())
         return caption;
     QString text = caption.left(match.capturedStart());
-    const qsizetype at = text.indexOf(match.captured(1), 0, Qt::CaseInsensitive);
+    qsizetype at = (' ' + text).indexOf(' ' + match.captured(1), 0, Qt::CaseInsensitive);
+    if (at < 0)
+        at = text.indexOf(match.captured(1), 0, Qt::CaseInsensitive);
     return at < 0 ? caption : text.insert(at, '&');
 }
 

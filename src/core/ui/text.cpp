@@ -1,11 +1,12 @@
 #include "core/ui/text.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace qor::ui {
 
 QString Tr(std::string_view text) {
-    constexpr std::string_view Blank = " \t\n";
+    constexpr std::string_view Blank = " \t\r\n";
     const std::size_t first = text.find_first_not_of(Blank);
     if (first == std::string_view::npos)
         return Plain(text);
@@ -17,28 +18,28 @@ QString Tr(std::string_view text) {
 
 namespace {
 
-QString TrParts(const QString& text, const QString& separator) {
-    QStringList parts = text.split(separator);
-    for (qsizetype i = 0; i < parts.size(); ++i) {
-        // A sentence lost its stop to the split; its key has it.
-        const bool stop = separator == QStringLiteral(". ") && i + 1 < parts.size();
-        const QString key = stop ? parts[i] + '.' : parts[i];
-        QString shown = Tr(Utf8(key));
-        if (stop && shown.endsWith('.'))
-            shown.chop(1);
-        parts[i] = stop && shown == key ? parts[i] : shown;
-    }
-    return parts.join(separator);
+/// A part of a text; the key may be without its stop, or without the number at its end.
+QString TrPart(const QString& part) {
+    QString shown = Tr(Utf8(part));
+    if (shown != part)
+        return shown;
+    qsizetype end = part.size();
+    if (part.endsWith('.'))
+        --end;
+    else
+        while (end > 0 && part[end - 1].isDigit())
+            --end;
+    return Tr(Utf8(part.left(end))) + part.mid(end);
 }
 
-QString TrLine(const QString& line) {
-    const QString whole = Tr(Utf8(line));
-    if (whole != line)
+/// The part up to the first stop or colon with a blank behind it, and the rest in its turn.
+QString TrParts(const QString& text) {
+    const QString whole = Tr(Utf8(text));
+    if (whole != text)
         return whole;
-    const qsizetype colon = line.indexOf(QStringLiteral(": "));
-    if (colon < 0)
-        return TrParts(line, QStringLiteral(". "));
-    return Tr(Utf8(line.left(colon))) + QStringLiteral(": ") + TrLine(line.mid(colon + 2));
+    static const QRegularExpression End(QStringLiteral("[.:] "));
+    const qsizetype at = text.indexOf(End) + 1;
+    return at > 0 ? TrPart(text.left(at)) + ' ' + TrParts(text.mid(at + 1)) : TrPart(text);
 }
 
 } // namespace
@@ -48,9 +49,9 @@ QString TrText(std::string_view text) {
     const QString whole = Tr(text);
     if (whole != source)
         return whole;
-    QStringList lines = source.split('\n');
+    QStringList lines = QString(source).remove('\r').split('\n');
     for (QString& line : lines)
-        line = TrLine(line);
+        line = TrParts(line);
     return lines.join('\n');
 }
 

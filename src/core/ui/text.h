@@ -21,8 +21,9 @@ namespace qor::ui {
 /// at its ends and without the key behind a menu item's tab; both stay as they are.
 [[nodiscard]] QString Tr(std::string_view text);
 
-/// A text the engine has put together: the whole when the catalogue has it, else each of its lines, else what
-/// stands before and behind the first ": " or a number in it.
+/// A text the engine has put together: the whole when the catalogue has it, else each of its lines, else each
+/// of the line's sentences or parts between ": ", else its words without the number at the end. What no
+/// catalogue has, such as the name of a file, stays.
 [[nodiscard]] QString TrText(std::string_view text);
 
 } // namespace qor::ui
