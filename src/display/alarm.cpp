@@ -28,7 +28,7 @@ constexpr double LowestLimit = -200;
 constexpr double FastFrom = 10.0; ///< dB over the limit
 constexpr std::size_t LimitCharacters = 7;
 // shown to the operator
-constexpr std::string_view NoNumber = "keine Zahl. Bitte mit Dezimalpunkt eingeben.";
+constexpr std::string_view NoNumber = "ist keine Zahl. Bitte mit Dezimalpunkt eingeben.";
 
 /// How far the level shown is over the limit, dB; nothing when no level is shown.
 std::optional<double> Excess(const Session& session) {

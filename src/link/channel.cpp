@@ -170,10 +170,10 @@ void Channel::EndOfChain() {
     link.tagCommPend = 0;
     link.CommPendCt = 0;
     link.queue.RemoveHead(); // what the operator has chosen since the lamp turned green waits behind it
-    if (!HoldsPoints(m_Session.curve)) { // else a run cut short by a lost line: it can still be saved
-        m_Session.curve.g_freqGrid.fill(0);
+    // The grid of the band stays, the empty plot has its axis from it; and so does a run cut short by a lost
+    // line, it can still be saved.
+    if (!HoldsPoints(m_Session.curve))
         m_Session.curve.g_MeasVerdict = VerdictNone;
-    }
     link.g_bInitFlush = false;
     if (link.g_InitLamp == LampNothing)
         ArmStatusPoll(); // none of the echoes was understood: its reply releases the start button
