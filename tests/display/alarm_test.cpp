@@ -40,8 +40,8 @@ TEST(Alarm, ALimitIsTakenFromZeroToMinus200AndKeptInDbm) {
           Case{"-200", "", "-200.0", "-157.0"}, Case{"-200.1", Range, "", ""}, Case{"0.1", Range, "", ""},
           Case{"", "The value of Alarm Lever cannot be empty!", "", ""},
           Case{"  ", "The value of Alarm Lever cannot be empty!", "", ""},
-          Case{"-97,5", "-97,5: keine Zahl. Bitte mit Dezimalpunkt eingeben.", "", ""},
-          Case{"abc", "abc: keine Zahl. Bitte mit Dezimalpunkt eingeben.", "", ""}}) {
+          Case{"-97,5", "-97,5: ist keine Zahl. Bitte mit Dezimalpunkt eingeben.", "", ""},
+          Case{"abc", "abc: ist keine Zahl. Bitte mit Dezimalpunkt eingeben.", "", ""}}) {
         for (const bool dbc : {false, true}) {
             SCOPED_TRACE(std::string(c.entry) + (dbc ? " dBc" : " dBm"));
             AlarmDesk desk;
