@@ -129,6 +129,7 @@ void CMainFrame::ApplyAppearance() {
         return;
     if (appearance.g_layout != m_AppliedLayout || appearance.custom != m_AppliedCustom ||
         appearance.g_ImageOnly != m_AppliedPlotOnly) {
+        ChooseLayout(appearance, appearance.g_layout, m_Program.Stores()); // what is in force is what is kept
         m_AppliedLayout = appearance.g_layout;
         m_AppliedCustom = appearance.custom;
         const bool plotOnlyChanged = appearance.g_ImageOnly != m_AppliedPlotOnly;
