@@ -896,6 +896,10 @@
       <translation>Number (0 = endless):</translation>
     </message>
     <message>
+      <source>OK</source>
+      <translation>OK</translation>
+    </message>
+    <message>
       <source>Oben</source>
       <translation>Up</translation>
     </message>

@@ -777,7 +777,7 @@
     </message>
     <message>
       <source>Meist Posten:</source>
-      <translation>最差值：</translation>
+      <translation>最差值:</translation>
     </message>
     <message>
       <source>Messung laeuft</source>
@@ -797,7 +797,7 @@
     </message>
     <message>
       <source>Missing in:</source>
-      <translation>缺少文件：</translation>
+      <translation>缺少文件:</translation>
     </message>
     <message>
       <source>Mitte</source>
@@ -894,6 +894,10 @@
     <message>
       <source>Nummer (0 vertreten unendlich):</source>
       <translation>次数（0 表示无限）：</translation>
+    </message>
+    <message>
+      <source>OK</source>
+      <translation>确定</translation>
     </message>
     <message>
       <source>Oben</source>
@@ -997,11 +1001,11 @@
     </message>
     <message>
       <source>Power 1:</source>
-      <translation>功率 1：</translation>
+      <translation>功率 1:</translation>
     </message>
     <message>
       <source>Power 2:</source>
-      <translation>功率 2：</translation>
+      <translation>功率 2:</translation>
     </message>
     <message>
       <source>Power Output f1:</source>
@@ -1033,7 +1037,7 @@
     </message>
     <message>
       <source>QorTool ist nicht installiert:</source>
-      <translation>未安装 QorTool：</translation>
+      <translation>未安装 QorTool:</translation>
     </message>
     <message>
       <source>R/S Analysator Setup(&amp;A)</source>

@@ -6,9 +6,16 @@
 
 namespace qor::ui {
 
+namespace {
+
+constexpr int FrameButtons = 130; ///< pixels beside the title on a window's frame
+
+} // namespace
+
 FormDialog::FormDialog(std::string_view title, QWidget* parent)
     : QDialog(parent), m_Column(new QVBoxLayout), m_Fault(new QLabel) {
     setWindowTitle(Tr(title));
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + FrameButtons);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* whole = new QVBoxLayout(this);
     whole->addLayout(m_Column);

@@ -30,13 +30,15 @@ void Show(QLabel* label, const QString& text) {
         label->setText(text);
 }
 
-/// A property that the style sheet looks at.
+/// A property that the style sheet looks at. A fitted font outlives the new look.
 void SetFlag(QWidget* widget, const char* name, bool on) {
     if (widget->property(name).toBool() == on)
         return;
+    const QFont font = widget->font();
     widget->setProperty(name, on);
     widget->style()->unpolish(widget);
     widget->style()->polish(widget);
+    widget->setFont(font);
 }
 
 /// Largest font of the widget's family in which the text fits its room.

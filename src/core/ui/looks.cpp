@@ -40,6 +40,7 @@ QCheckBox::indicator { width: 13px; height: 13px; border: 1px solid @border; bor
 QCheckBox::indicator:checked { background: @accent; border: 3px solid @field; width: 9px; height: 9px; }
 QCheckBox::indicator:focus { border: 2px solid @accent; width: 11px; height: 11px; }
 QCheckBox::indicator:disabled { background: @window; }
+QCheckBox::indicator:checked:disabled { background: @border; }
 QPushButton:default { border: 2px solid @accent; }
 QLineEdit, QPlainTextEdit, QSpinBox, QListWidget { background: @field; color: @fieldText; border: 1px solid @border;
     border-radius: @radiuspx; padding: 1px 3px; selection-background-color: @accent; selection-color: @accentText; }
@@ -65,7 +66,7 @@ QWidget#panel QGroupBox::title { color: #f7f2f5; }
 QWidget#panel QLabel, QWidget#panel QCheckBox { color: #f7f2f5; background: transparent; }
 QWidget#panel QCheckBox:disabled { color: rgb(165,150,161); }
 QWidget#panel QCheckBox::indicator:focus { border: 2px solid @accent; width: 11px; height: 11px; }
-QCheckBox::indicator:disabled { background: rgb(125,105,120); }
+QWidget#panel QCheckBox::indicator:disabled { background: rgb(125,105,120); }
 QWidget#panel QLineEdit[readOnly="true"] { background: transparent; color: rgb(2,250,250); border: none; padding: 0; }
 QWidget#panel QLineEdit#cell { background: rgb(96,79,91); color: #ffffff; border: 1px solid rgb(176,160,172);
     border-radius: 0; }

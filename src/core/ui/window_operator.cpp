@@ -41,6 +41,7 @@ void WindowOperator::Message(std::string_view text, std::string_view title) {
     m_Open.insert(shown);
     QMessageBox box(QMessageBox::Information, TitleOr(title), shown.trimmed(), QMessageBox::Ok, Parent());
     box.setTextFormat(Qt::PlainText);
+    box.button(QMessageBox::Ok)->setText(Tr("OK"));
     box.exec();
     m_Open.remove(shown);
 }
