@@ -32,8 +32,8 @@ public:
     void Start(bool keepLastSession);
     /// Searches at once, without the wait of an ordinary start.
     void SearchNow();
-    /// After a loss of contact the instrument is asked for everything again. What is found may be another one,
-    /// and the short reconnection takes it for the oldest: it would select bands by the wrong positions.
+    /// After a loss of contact the instrument is asked for everything again. What is found may be another
+    /// one, and the short reconnection takes it for the oldest: it would select bands by the wrong positions.
     void IdentifyAfterLoss() { m_Session.link.identifyAfterLoss = true; }
     /// Lets queued commands out over a port that was opened by hand.
     void StartLine() { m_Channel.Start(); }

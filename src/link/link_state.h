@@ -87,7 +87,7 @@ struct LinkState {
     int m_CloseCountdown = 0;
     PortButton portButton = PortButton::Scan;
     bool identifyAfterLoss = false; ///< a reconnection asks for everything, as the first connection does
-    int contactLosses = 0; ///< times contact was lost since the program started
+    int contactLosses = 0;          ///< times contact was lost since the program started
 
     // Flags of the status poll and of factory work that the channel reads.
     bool TagSettingcheck = true; ///< the status poll is not armed and must be at the next chance

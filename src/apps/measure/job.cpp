@@ -126,7 +126,8 @@ void Job::LookForInstrument() {
 
 void Job::WaitIdle() {
     if (ContactWasLost())
-        m_LossesAtStart = m_Program.State().link.contactLosses; // it is identified in full when it is found again
+        m_LossesAtStart =
+            m_Program.State().link.contactLosses; // it is identified in full when it is found again
     const bool over = m_InPhase.elapsed() >= qint64{m_Options.idleSeconds} * 1000;
     if (over && m_Program.IsReady())
         m_Phase = Phase::Select;
