@@ -58,6 +58,14 @@ void TakeStoredPowers(Session& session, SetupStore& store) {
     session.plan.strpow2 = power.tone2;
 }
 
+/// In dBc the reference is the power of tone 1 that reaches the device.
+void FollowPathLoss(const BandInfo& band, Session& session, SetupStore& store) {
+    if (!session.curve.g_UnitDbc)
+        return;
+    const double tone1 = NumberIn(ReadPowerStore(store, band.prefix).tone1) / 10.0;
+    SetCarrier(static_cast<float>(tone1) - session.plan.g_powerOffset, session);
+}
+
 /// What a tone would be with its compensation fits the instrument. Rounded as band activation does, so that
 /// it never refuses what was accepted here.
 bool Compensable(const std::string& stored, double compensation) {
@@ -89,10 +97,9 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
         return Refuse(platform, "Auswaehlen Breite");
     session.plan.g_powerOffset = static_cast<float>(port1);
     session.plan.g_port2Loss = static_cast<float>(port2);
-    if (session.curve.g_UnitDbc) {
-        const double tone1 = NumberIn(ReadPowerStore(store, band->prefix).tone1) / 10.0;
-        SetCarrier(static_cast<float>(tone1) - session.plan.g_powerOffset, session);
-    }
+    session.plan.setLoss.reset();
+    if (band)
+        FollowPathLoss(*band, session, store);
     if (!session.panel.m_lossInfo.empty())
         ShowLossInfo(session);
     store.Write("pathloss.ccz", ZeroPadded(CutTenths(port1), LossDigits));
@@ -105,23 +112,44 @@ bool SetPort2Loss(double port2, Session& session, const Platform& platform) {
         return Refuse(platform,
                       port2 > HighestPathLoss ? "Bereich: 0-9.9" : "The minimum value of not less than 0dbm");
     session.plan.g_port2Loss = static_cast<float>(port2);
+    if (session.plan.setLoss)
+        session.plan.setLoss->port2 = session.plan.g_port2Loss;
     ShowLossInfo(session);
     return true;
 }
 
-void DropPathLoss(Session& session) {
+void SetPathLossAside(Session& session) {
     PlanState& plan = session.plan;
+    plan.setLoss = OperatorsPathLoss(plan); // of several files in a row the first finds it
     plan.g_powerOffset = plan.g_port2Loss = 0;
     plan.g_RxLoss = plan.g_BandRxLoss = 0;
     if (!session.panel.m_lossInfo.empty())
         ShowLossInfo(session);
 }
 
+void RestorePathLoss(Session& session, SetupStore& store) {
+    PlanState& plan = session.plan;
+    if (!plan.setLoss)
+        return;
+    plan.g_powerOffset = plan.setLoss->port1;
+    plan.g_port2Loss = plan.setLoss->port2;
+    plan.setLoss.reset();
+    if (const BandInfo* const band = FindBand(session.select.m_BandId))
+        FollowPathLoss(*band, session, store);
+    if (!session.panel.m_lossInfo.empty())
+        ShowLossInfo(session);
+}
+
+PathLoss OperatorsPathLoss(const PlanState& plan) {
+    return plan.setLoss.value_or(PathLoss{plan.g_powerOffset, plan.g_port2Loss});
+}
+
 std::string CompensationTitle(Session& session, SetupStore& store) {
     constexpr std::size_t Column = 15;
     TakeStoredPowers(session, store);
     const PlanState& plan = session.plan;
-    const double atDevice = NumberIn(plan.strpow1) / 10.0 - static_cast<double>(plan.g_powerOffset);
+    const double atDevice =
+        NumberIn(plan.strpow1) / 10.0 - static_cast<double>(OperatorsPathLoss(plan).port1);
     std::string title = Fixed(atDevice, 1) + "dBm";
     if (title.size() < Column)
         title.append(Column - title.size(), ' ');
@@ -145,8 +173,9 @@ bool ApplyCompensation(std::string_view f1, std::string_view f2, Session& sessio
         return Refuse(platform, "f2The maximum value cannot be greater than 46dbm");
     plan.m_power1_compensation = f1;
     plan.m_power2_compensation = f2;
-    ShowLossInfo(session);
     ClearPlot(session);
+    RestorePathLoss(session, store);
+    ShowLossInfo(session);
     ClearLevels(session.curve);
     session.curve.g_curveDirty = 1;
     return true;

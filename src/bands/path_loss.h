@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bands/plan_state.h"
+
 #include <string>
 #include <string_view>
 
@@ -22,9 +24,13 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
 /// Loss of port 2, for this session only. False, with a message, when it is out of range.
 bool SetPort2Loss(double port2, Session& session, const Platform& platform);
 
-/// A file's levels and powers are those at the device: no path loss and no receive correction is in force any
-/// more, until one is set or the program starts anew. The stores keep theirs.
-void DropPathLoss(Session& session);
+/// A file's levels and powers are those at the device: while its curve is shown no path loss and no receive
+/// correction is in force. What the operator has set is kept for the next run, and the stores keep theirs.
+void SetPathLossAside(Session& session);
+/// The file is gone: the losses the operator has set are in force again. In dBc the reference follows.
+void RestorePathLoss(Session& session, SetupStore& store);
+/// The losses the operator has set, in force or not.
+[[nodiscard]] PathLoss OperatorsPathLoss(const PlanState& plan);
 
 /// Powers of the tones for the title line of the compensation dialog: tone 1 less the path loss, padded to 15
 /// characters, and tone 2. Takes the powers of the selected band from its store.

@@ -269,6 +269,7 @@ void Commands::ClearDisplay() {
     if (!RunIsOff(session, m_Program.Parts()))
         return;
     ClearPlot(session);
+    RestorePathLoss(session, m_Program.Stores());
     ClearLevels(session.curve);
     session.curve.StoreDataPot = 0;
     session.curve.g_MeasVerdict = VerdictNone;

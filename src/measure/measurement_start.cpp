@@ -1,4 +1,5 @@
 // From the press of the start button to the choice of a shape: guards, band, plan and corrections.
+#include "bands/path_loss.h"
 #include "bands/tenths.h"
 #include "bands/working_plan.h"
 #include "core/session.h"
@@ -60,6 +61,7 @@ void Measurement::OnMeasButton(Connection& connection) {
     run.g_SweepIntervalLeft = run.g_SweepInterval;
     run.g_bSweepIntervalOk = true;
     ClearPlot(m_Session);
+    RestorePathLoss(m_Session, m_Store);
     if (run.tagEndless)
         m_Session.curve.g_worstText = "-300"; // any level is higher
     m_Session.panel.m_WorstFreqText.clear();

@@ -29,7 +29,7 @@ void ListPanel::Load(const std::vector<std::filesystem::path>& paths) {
     if (!Idle() || paths.empty())
         return;
     ResultState& results = m_Session.results;
-    DropPathLoss(m_Session);
+    SetPathLossAside(m_Session);
     results.LastLoadPath = paths.front().string();
     m_Store.Write("LastLoadPath.ccz", results.LastLoadPath);
     for (std::size_t n = 0; n < results.g_fileList.size(); ++n)
@@ -39,7 +39,8 @@ void ListPanel::Load(const std::vector<std::filesystem::path>& paths) {
     results.g_FileLast = std::max(static_cast<int>(std::min(paths.size(), FileListLength)) - 1, LastRow);
     results.g_listPanelOpen = paths.size() > 1;
     FillRows();
-    static_cast<void>(m_Files.CurrentShow(paths.front()));
+    if (!m_Files.CurrentShow(paths.front()) && m_Session.curve.g_fromFile == 0)
+        RestorePathLoss(m_Session, m_Store); // a refused file leaves the curve that was measured
 }
 
 void ListPanel::ShowRow(int row) {

@@ -1,12 +1,16 @@
 #include "bands/path_loss.h"
 #include "bands/rx_loss.h"
 #include "bands/setup_store.h"
+#include "core/commands.h"
+#include "core/dialogs.h"
 #include "core/startup.h"
 #include "display/level_unit.h"
+#include "results/report_lines.h"
 #include "support/rig.h"
 
 #include <cmath>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace qor {
@@ -86,6 +90,62 @@ TEST(PathLoss, OfPort2ForOneSession) {
     EXPECT_EQ(desk.S().panel.m_lossInfo,
               "F1 Compensation 0.0 dB  F2 Compensation 0.0 dB  Path Cable Loss 1.5 dB");
     EXPECT_FALSE(desk.store().Exists("pathloss2.ccz"));
+}
+
+class NoDialogs final : public Dialogs {
+public:
+    bool Open(DialogId, int) override { return false; }
+};
+
+/// Whatever takes the file's curve away brings the losses back, and in dBc the reference with them.
+TEST(PathLoss, IsSetAsideWhileAFileIsShown) {
+    using Way = std::function<void(LossDesk&)>;
+    for (const auto& [name, port2, way] :
+         {std::tuple<const char*, float, Way>{"run", 1.5f, [](LossDesk& d) { ASSERT_TRUE(d.Measure()); }},
+          {"run after a change", 0.5f,
+           [](LossDesk& d) {
+               ASSERT_TRUE(SetPort2Loss(0.5, d.S(), d.parts()));
+               EXPECT_EQ(d.S().plan.g_powerOffset, 0.0f) << "the file is still shown";
+               ASSERT_TRUE(d.Measure());
+           }},
+          {"R", 1.5f,
+           [](LossDesk& d) {
+               NoDialogs none;
+               Commands(d.program, none).ClearDisplay();
+           }},
+          {"compensation", 1.5f, [](LossDesk& d) { ASSERT_TRUE(d.Compensate("1", "1")); }},
+          {"entry", 3.0f, [](LossDesk& d) { ASSERT_TRUE(d.Apply(2, 3) && !d.Apply(11, 0)); }}}) {
+        SCOPED_TRACE(name);
+        LossDesk desk;
+        PlanState& plan = desk.S().plan;
+        ASSERT_TRUE(desk.PowerOn() && desk.SelectBand(BandEgsm));
+        ASSERT_TRUE(desk.Apply(2, 1.5) && desk.Measure());
+        ASSERT_TRUE(SetLevelUnit(true, desk.S(), desk.parts(), desk.store()));
+        const auto file = desk.dir / "run.dat";
+        ASSERT_TRUE(desk.program.Files().DataSave(file));
+
+        desk.program.List().Load({"/no/such.dat"});
+        EXPECT_EQ(plan.g_powerOffset, 2.0f) << "the curve in view was measured with it";
+        EXPECT_EQ(desk.S().curve.g_CarrierDbm, 41.0f);
+        desk.program.List().Load({file});
+        desk.program.List().Load({file, file});
+        desk.program.List().Load({"/no/such.dat"});
+        EXPECT_EQ(plan.g_powerOffset + plan.g_port2Loss + plan.g_RxLoss + plan.g_BandRxLoss, 0.0f);
+        EXPECT_EQ(OperatorsPathLoss(plan).port1 + OperatorsPathLoss(plan).port2, 3.5f);
+        EXPECT_EQ(desk.S().curve.g_CarrierDbm, 41.0f) << "what reached the device";
+        EXPECT_EQ(CompensationTitle(desk.S(), desk.store()), "39.0dBm        41.0dBm");
+
+        way(desk);
+        EXPECT_EQ(plan.g_powerOffset, 2.0f);
+        EXPECT_EQ(plan.g_port2Loss, port2);
+        EXPECT_EQ(desk.S().curve.g_CarrierDbm, 39.0f) << "the file's 41 dBm are the band's power now";
+        EXPECT_EQ(desk.S().panel.m_AlarmText, "-129.0") << "-90 dBm as before";
+        if (std::string_view(name).starts_with("run")) {
+            EXPECT_EQ(plan.g_RxLoss, port2);
+            EXPECT_EQ(desk.S().results.g_reportLines[ReportPower].substr(0, 4), "39.0");
+        }
+        EXPECT_EQ(desk.Stored(), std::string(name) == "entry" ? "00200030" : "00200015");
+    }
 }
 
 TEST(Compensation, StaysWithin46Dbm) {

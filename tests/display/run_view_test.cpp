@@ -82,5 +82,22 @@ TEST(PlotRange, IsCheckedInDbmAndKept) {
     }
 }
 
+TEST(PlotRange, IsSteppedUntilItsEndsAndEachStepIsKept) {
+    Rig rig;
+    CurveState& curve = rig.S().curve;
+    SetupStore& store = rig.program.Stores();
+    for (const auto& [larger, steps, stored] : {std::tuple{false, 5, "-200.0\n-60.0"},
+                                                {false, 1, "-200.0\n-60.0"},
+                                                {true, 13, "-70.0\n-60.0"},
+                                                {true, 1, "-70.0\n-60.0"},
+                                                {false, 1, "-80.0\n-60.0"}}) {
+        for (int i = 0; i < steps; ++i)
+            StepPlotRange(larger, curve, store);
+        EXPECT_EQ(FileText(store.PathOf("dbmset.ccz")), stored);
+        EXPECT_EQ(curve.g_plotTop, -60.0f);
+    }
+    EXPECT_EQ(curve.g_plotBottom, -80.0f);
+}
+
 } // namespace
 } // namespace qor::test

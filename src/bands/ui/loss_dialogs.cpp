@@ -11,14 +11,14 @@
 namespace qor::ui {
 
 bool OpenPathLoss(Program& program, QWidget* parent) {
-    const PlanState& plan = program.State().plan;
+    const PathLoss loss = OperatorsPathLoss(program.State().plan);
     FormDialog dialog("Route Verlust Einbauen", parent);
     QFormLayout* const form = dialog.AddGroup({});
     QLineEdit* const port1 =
-        dialog.AddField(form, "Port 1 To DUT Path Cable Loss:", Plain(FieldText(plan.g_powerOffset)), "dB");
+        dialog.AddField(form, "Port 1 To DUT Path Cable Loss:", Plain(FieldText(loss.port1)), "dB");
     form->addRow(new QLabel, new QLabel(Tr("Bereich: 0-9.9")));
     QLineEdit* const port2 =
-        dialog.AddField(form, "Port 2 To DUT Path Cable Loss:", Plain(FieldText(plan.g_port2Loss)), "dB");
+        dialog.AddField(form, "Port 2 To DUT Path Cable Loss:", Plain(FieldText(loss.port2)), "dB");
     auto* const range2 = new QLabel(Tr("Range: 0-9.9"));
     form->addRow(new QLabel, range2);
     if (LacksSecondPort(program.Stores())) {
@@ -60,8 +60,8 @@ bool OpenCompensation(Program& program, QWidget* parent) {
 bool OpenPathCableLoss(Program& program, QWidget* parent) {
     FormDialog dialog("Path Cable Loss", parent);
     QFormLayout* const form = dialog.AddGroup({});
-    QLineEdit* const port2 =
-        dialog.AddField(form, "Path Cable Loss", Plain(FieldText(program.State().plan.g_port2Loss)), "dB");
+    QLineEdit* const port2 = dialog.AddField(
+        form, "Path Cable Loss", Plain(FieldText(OperatorsPathLoss(program.State().plan).port2)), "dB");
     dialog.AddButtons("Okey", "Abbestellen");
     dialog.SetAccept([&] {
         bool isNumber = true;
