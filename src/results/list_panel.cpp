@@ -29,7 +29,6 @@ void ListPanel::Load(const std::vector<std::filesystem::path>& paths) {
     if (!Idle() || paths.empty())
         return;
     ResultState& results = m_Session.results;
-    SetPathLossAside(m_Session);
     results.LastLoadPath = paths.front().string();
     m_Store.Write("LastLoadPath.ccz", results.LastLoadPath);
     for (std::size_t n = 0; n < results.g_fileList.size(); ++n)
@@ -39,7 +38,12 @@ void ListPanel::Load(const std::vector<std::filesystem::path>& paths) {
     results.g_FileLast = std::max(static_cast<int>(std::min(paths.size(), FileListLength)) - 1, LastRow);
     results.g_listPanelOpen = paths.size() > 1;
     FillRows();
-    if (!m_Files.CurrentShow(paths.front()) && m_Session.curve.g_fromFile == 0)
+    Show(paths.front());
+}
+
+void ListPanel::Show(const std::filesystem::path& path) {
+    SetPathLossAside(m_Session);
+    if (!m_Files.CurrentShow(path) && m_Session.curve.g_fromFile == 0)
         RestorePathLoss(m_Session, m_Store); // a refused file leaves the curve that was measured
 }
 
@@ -52,7 +56,7 @@ void ListPanel::ShowRow(int row) {
     const std::size_t separator = results.LastLoadPath.find_last_of("\\/");
     const std::string folder =
         separator == std::string::npos ? std::string() : results.LastLoadPath.substr(0, separator + 1);
-    static_cast<void>(m_Files.CurrentShow(folder + name));
+    Show(folder + name);
 }
 
 void ListPanel::ClickRow(int row) {

@@ -30,6 +30,7 @@ private:
     [[nodiscard]] bool Idle() const;
     void FillRows();
     void ShowRow(int row);
+    void Show(const std::filesystem::path& path);
 
     Session& m_Session;
     ResultFiles& m_Files;

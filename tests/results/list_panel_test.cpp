@@ -1,3 +1,4 @@
+#include "bands/path_loss.h"
 #include "results/file_list.h"
 #include "results/list_panel.h"
 #include "support/rig.h"
@@ -51,6 +52,10 @@ TEST(ListPanel, SeveralFilesOpenItAndOneClosesIt) {
     EXPECT_EQ(desk.Strip(), "[0] 1 2 - - - - = 0.dat");
     EXPECT_EQ(FileText(desk.dir / "LastLoadPath.ccz"), desk.paths[0].string());
     EXPECT_EQ(desk.S().plan.g_powerOffset + desk.S().plan.g_port2Loss + desk.S().plan.g_RxLoss, 0.0f);
+    RestorePathLoss(desk.S(), desk.program.Stores());
+    desk.program.List().ClickRow(1);
+    EXPECT_EQ(desk.S().plan.g_powerOffset, 0.0f) << "a row shows a file too";
+    EXPECT_EQ(OperatorsPathLoss(desk.S().plan).port1, 2.5f);
     desk.paths.resize(1);
     desk.Load();
     EXPECT_FALSE(desk.S().results.g_listPanelOpen);
