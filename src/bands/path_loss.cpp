@@ -87,6 +87,7 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
     const BandInfo* const band = FindBand(session.select.m_BandId);
     if (session.curve.g_UnitDbc && !band)
         return Refuse(platform, "Auswaehlen Breite");
+    session.plan.lossesAside.reset();
     session.plan.g_powerOffset = static_cast<float>(port1);
     session.plan.g_port2Loss = static_cast<float>(port2);
     if (session.curve.g_UnitDbc) {
@@ -104,6 +105,7 @@ bool SetPort2Loss(double port2, Session& session, const Platform& platform) {
     if (!InRange(port2))
         return Refuse(platform,
                       port2 > HighestPathLoss ? "Bereich: 0-9.9" : "The minimum value of not less than 0dbm");
+    RestorePathLoss(session);
     session.plan.g_port2Loss = static_cast<float>(port2);
     ShowLossInfo(session);
     return true;
@@ -111,8 +113,21 @@ bool SetPort2Loss(double port2, Session& session, const Platform& platform) {
 
 void DropPathLoss(Session& session) {
     PlanState& plan = session.plan;
+    if (!plan.lossesAside)
+        plan.lossesAside = {plan.g_powerOffset, plan.g_port2Loss};
     plan.g_powerOffset = plan.g_port2Loss = 0;
     plan.g_RxLoss = plan.g_BandRxLoss = 0;
+    if (!session.panel.m_lossInfo.empty())
+        ShowLossInfo(session);
+}
+
+void RestorePathLoss(Session& session) {
+    PlanState& plan = session.plan;
+    if (!plan.lossesAside)
+        return;
+    plan.g_powerOffset = plan.lossesAside->powerOffset;
+    plan.g_port2Loss = plan.lossesAside->port2;
+    plan.lossesAside.reset();
     if (!session.panel.m_lossInfo.empty())
         ShowLossInfo(session);
 }

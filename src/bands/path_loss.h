@@ -22,9 +22,11 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
 /// Loss of port 2, for this session only. False, with a message, when it is out of range.
 bool SetPort2Loss(double port2, Session& session, const Platform& platform);
 
-/// A file's levels and powers are those at the device: no path loss and no receive correction is in force any
-/// more, until one is set or the program starts anew. The stores keep theirs.
+/// A file's levels and powers are those at the device: no path loss and no receive correction is in force
+/// while it is shown. The stores keep theirs.
 void DropPathLoss(Session& session);
+/// The operator's losses are in force again: before the next run, and before they are set.
+void RestorePathLoss(Session& session);
 
 /// Powers of the tones for the title line of the compensation dialog: tone 1 less the path loss, padded to 15
 /// characters, and tone 2. Takes the powers of the selected band from its store.

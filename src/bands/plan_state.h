@@ -3,6 +3,7 @@
 #include "bands/band.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace qor {
@@ -26,8 +27,14 @@ struct PlanState {
     std::string m_power2_compensation = "0";
     int g_bridge3dB = 0; ///< 1: the tones may share the whole band
 
-    float g_powerOffset = 0;        ///< dB, loss of port 1 to the device: files state the power less this
-    float g_port2Loss = 0;          ///< dB, loss of port 2 to the device
+    float g_powerOffset = 0; ///< dB, loss of port 1 to the device: files state the power less this
+    float g_port2Loss = 0;   ///< dB, loss of port 2 to the device
+    /// g_powerOffset and g_port2Loss while a file is shown, whose levels need none.
+    struct PathLosses {
+        float powerOffset;
+        float port2;
+    };
+    std::optional<PathLosses> lossesAside;
     std::array<float, 13> rxLoss{}; ///< dB, by the field of the receive loss table
     float g_RxLoss = 0;             ///< dB, added to each reading of the run
     float g_BandRxLoss = 0;         ///< dB, added to each reading of the run

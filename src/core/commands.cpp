@@ -221,6 +221,8 @@ void Commands::OpenDialog(Command command, int argument) {
             Tell(NoBandSetup(argument));
         return;
     }
+    if (command == Command::PathLoss || command == Command::PathCableLoss)
+        RestorePathLoss(m_Program.State()); // it is the operator's losses that are to be set
     for (const DialogOf& entry : DialogsOf) {
         if (entry.command == command && !m_Dialogs.Open(entry.dialog, argument))
             Tell(entry.failure);

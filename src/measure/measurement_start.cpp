@@ -1,4 +1,5 @@
 // From the press of the start button to the choice of a shape: guards, band, plan and corrections.
+#include "bands/path_loss.h"
 #include "bands/tenths.h"
 #include "bands/working_plan.h"
 #include "core/session.h"
@@ -50,6 +51,7 @@ void Measurement::OnMeasButton(Connection& connection) {
         StopMeas();
         return;
     }
+    RestorePathLoss(m_Session);
     results.g_listPanelOpen = false;
     for (std::string& name : results.g_fileList)
         name.clear();

@@ -55,6 +55,9 @@ TEST(ListPanel, SeveralFilesOpenItAndOneClosesIt) {
     desk.Load();
     EXPECT_FALSE(desk.S().results.g_listPanelOpen);
     EXPECT_EQ(desk.S().results.g_fileList[1], "") << "the earlier names are gone";
+    desk.program.OnMeasButton();
+    EXPECT_EQ(desk.S().plan.g_powerOffset, 2.5f) << "a run measures with the operator's losses again";
+    EXPECT_EQ(desk.S().plan.g_port2Loss, 2.5f);
 }
 
 TEST(ListPanel, TheButtonsWalkTheList) {
