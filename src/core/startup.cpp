@@ -5,6 +5,7 @@
 #include "bands/tenths.h"
 #include "core/session.h"
 #include "core/text_format.h"
+#include "display/plot_range.h"
 
 #include <algorithm>
 
@@ -39,13 +40,11 @@ void LoadSelection(Session& session, const SetupStore& store) {
 void LoadScale(CurveState& curve, const SetupStore& store) {
     if (const auto text = store.Read("dbmset.ccz", 40)) {
         const std::size_t line = text->find('\n');
-        const auto bottom = static_cast<float>(NumberIn(*text));
-        const auto top = line == std::string::npos
-                             ? 0.0f
-                             : static_cast<float>(NumberIn(std::string_view(*text).substr(line)));
-        if (bottom != 0.0f || top != 0.0f) {
-            curve.g_plotBottom = bottom;
-            curve.g_plotTop = top;
+        const double bottom = NumberIn(*text);
+        const double top = line == std::string::npos ? 0.0 : NumberIn(std::string_view(*text).substr(line));
+        if (IsPlotRange({top, bottom})) { // a damaged store counts as none
+            curve.g_plotBottom = static_cast<float>(bottom);
+            curve.g_plotTop = static_cast<float>(top);
         }
     }
 }

@@ -19,10 +19,6 @@ double ReferenceOf(const CurveState& curve) {
     return curve.g_UnitDbc ? static_cast<double>(curve.g_CarrierDbm) : 0.0;
 }
 
-bool Fits(double top, double bottom) {
-    return top <= Slack && top - bottom >= LeastSpan - Slack && bottom >= LowestBottom - Slack;
-}
-
 void Take(double top, double bottom, CurveState& curve, SetupStore& store) {
     curve.g_plotTop = static_cast<float>(top);
     curve.g_plotBottom = static_cast<float>(bottom);
@@ -30,6 +26,11 @@ void Take(double top, double bottom, CurveState& curve, SetupStore& store) {
 }
 
 } // namespace
+
+bool IsPlotRange(const PlotRange& dBm) {
+    return dBm.top <= Slack && dBm.top - dBm.bottom >= LeastSpan - Slack &&
+           dBm.bottom >= LowestBottom - Slack;
+}
 
 PlotRange ShownPlotRange(const CurveState& curve) {
     const double reference = ReferenceOf(curve);
@@ -41,7 +42,7 @@ bool ApplyPlotRange(const PlotRange& range, CurveState& curve, const Platform& p
     const double reference = ReferenceOf(curve);
     const double top = range.top + reference;
     const double bottom = range.bottom + reference;
-    if (!Fits(top, bottom)) {
+    if (!IsPlotRange({top, bottom})) {
         platform.user.Message("Falsch, dichtesortierung.");
         return false;
     }
@@ -52,7 +53,7 @@ bool ApplyPlotRange(const PlotRange& range, CurveState& curve, const Platform& p
 void StepPlotRange(bool larger, CurveState& curve, SetupStore& store) {
     const auto top = static_cast<double>(curve.g_plotTop);
     const double bottom = static_cast<double>(curve.g_plotBottom) + (larger ? Step : -Step);
-    if (Fits(top, bottom))
+    if (IsPlotRange({top, bottom}))
         Take(top, bottom, curve, store);
 }
 

@@ -14,8 +14,12 @@ struct PlotRange {
 
 [[nodiscard]] PlotRange ShownPlotRange(const CurveState& curve);
 
-/// Takes new ends over and keeps them in `dbmset.ccz`, in dBm: the top at most 0, the bottom at least -200, 2
-/// dB or more between them. False, with a message and nothing changed, for others.
+/// True for ends in dBm that the scale can have: the top at most 0, the bottom at least -200, 2 dB or more
+/// between them.
+[[nodiscard]] bool IsPlotRange(const PlotRange& dBm);
+
+/// Takes new ends over and keeps them in `dbmset.ccz`, in dBm. False, with a message and nothing changed, for
+/// those the scale cannot have.
 bool ApplyPlotRange(const PlotRange& range, CurveState& curve, const Platform& platform, SetupStore& store);
 
 /// Raises the bottom of the scale by 10 dB, so that the curve is seen larger, or lowers it. Does nothing
