@@ -1129,7 +1129,7 @@
     </message>
     <message>
       <source>Serien:</source>
-      <translation>Ser. No.:</translation>
+      <translation>SN:</translation>
     </message>
     <message>
       <source>Seriennummer des Prueflings</source>

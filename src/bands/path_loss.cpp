@@ -97,7 +97,7 @@ bool ApplyPathLoss(double port1, double port2, Session& session, const Platform&
         return Refuse(platform, "Auswaehlen Breite");
     session.plan.g_powerOffset = static_cast<float>(port1);
     session.plan.g_port2Loss = static_cast<float>(port2);
-    session.plan.setLoss.reset();
+    session.plan.lossesAside.reset();
     if (band)
         FollowPathLoss(*band, session, store);
     if (!session.panel.m_lossInfo.empty())
@@ -112,15 +112,15 @@ bool SetPort2Loss(double port2, Session& session, const Platform& platform) {
         return Refuse(platform,
                       port2 > HighestPathLoss ? "Bereich: 0-9.9" : "The minimum value of not less than 0dbm");
     session.plan.g_port2Loss = static_cast<float>(port2);
-    if (session.plan.setLoss)
-        session.plan.setLoss->port2 = session.plan.g_port2Loss;
+    if (session.plan.lossesAside)
+        session.plan.lossesAside->port2 = session.plan.g_port2Loss;
     ShowLossInfo(session);
     return true;
 }
 
-void SetPathLossAside(Session& session) {
+void DropPathLoss(Session& session) {
     PlanState& plan = session.plan;
-    plan.setLoss = OperatorsPathLoss(plan); // of several files in a row the first finds it
+    plan.lossesAside = OperatorsPathLoss(plan); // of several files in a row the first finds it
     plan.g_powerOffset = plan.g_port2Loss = 0;
     plan.g_RxLoss = plan.g_BandRxLoss = 0;
     if (!session.panel.m_lossInfo.empty())
@@ -129,19 +129,19 @@ void SetPathLossAside(Session& session) {
 
 void RestorePathLoss(Session& session, SetupStore& store) {
     PlanState& plan = session.plan;
-    if (!plan.setLoss)
+    if (!plan.lossesAside)
         return;
-    plan.g_powerOffset = plan.setLoss->port1;
-    plan.g_port2Loss = plan.setLoss->port2;
-    plan.setLoss.reset();
+    plan.g_powerOffset = plan.lossesAside->powerOffset;
+    plan.g_port2Loss = plan.lossesAside->port2;
+    plan.lossesAside.reset();
     if (const BandInfo* const band = FindBand(session.select.m_BandId))
         FollowPathLoss(*band, session, store);
     if (!session.panel.m_lossInfo.empty())
         ShowLossInfo(session);
 }
 
-PathLoss OperatorsPathLoss(const PlanState& plan) {
-    return plan.setLoss.value_or(PathLoss{plan.g_powerOffset, plan.g_port2Loss});
+PlanState::PathLosses OperatorsPathLoss(const PlanState& plan) {
+    return plan.lossesAside.value_or(PlanState::PathLosses{plan.g_powerOffset, plan.g_port2Loss});
 }
 
 std::string CompensationTitle(Session& session, SetupStore& store) {
@@ -149,7 +149,7 @@ std::string CompensationTitle(Session& session, SetupStore& store) {
     TakeStoredPowers(session, store);
     const PlanState& plan = session.plan;
     const double atDevice =
-        NumberIn(plan.strpow1) / 10.0 - static_cast<double>(OperatorsPathLoss(plan).port1);
+        NumberIn(plan.strpow1) / 10.0 - static_cast<double>(OperatorsPathLoss(plan).powerOffset);
     std::string title = Fixed(atDevice, 1) + "dBm";
     if (title.size() < Column)
         title.append(Column - title.size(), ' ');

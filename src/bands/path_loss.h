@@ -26,11 +26,11 @@ bool SetPort2Loss(double port2, Session& session, const Platform& platform);
 
 /// A file's levels and powers are those at the device: while its curve is shown no path loss and no receive
 /// correction is in force. What the operator has set is kept for the next run, and the stores keep theirs.
-void SetPathLossAside(Session& session);
+void DropPathLoss(Session& session);
 /// The file is gone: the losses the operator has set are in force again. In dBc the reference follows.
 void RestorePathLoss(Session& session, SetupStore& store);
 /// The losses the operator has set, in force or not.
-[[nodiscard]] PathLoss OperatorsPathLoss(const PlanState& plan);
+[[nodiscard]] PlanState::PathLosses OperatorsPathLoss(const PlanState& plan);
 
 /// Powers of the tones for the title line of the compensation dialog: tone 1 less the path loss, padded to 15
 /// characters, and tone 2. Takes the powers of the selected band from its store.

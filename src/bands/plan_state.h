@@ -8,12 +8,6 @@
 
 namespace qor {
 
-/// Losses of the cables to the device, dB.
-struct PathLoss {
-    float port1 = 0;
-    float port2 = 0;
-};
-
 /// The working set of the selected band and order, and the corrections of the signal path.
 struct PlanState {
     float g_f1 = 0; ///< MHz, as all frequencies here
@@ -33,13 +27,18 @@ struct PlanState {
     std::string m_power2_compensation = "0";
     int g_bridge3dB = 0; ///< 1: the tones may share the whole band
 
-    float g_powerOffset = 0;         ///< dB, loss of port 1 to the device: files state the power less this
-    float g_port2Loss = 0;           ///< dB, loss of port 2 to the device
-    std::optional<PathLoss> setLoss; ///< the two as the operator has set them, while a file keeps them at 0
-    std::array<float, 13> rxLoss{};  ///< dB, by the field of the receive loss table
-    float g_RxLoss = 0;              ///< dB, added to each reading of the run
-    float g_BandRxLoss = 0;          ///< dB, added to each reading of the run
-    int g_MeasBand = BandNone;       ///< band of the run
+    float g_powerOffset = 0; ///< dB, loss of port 1 to the device: files state the power less this
+    float g_port2Loss = 0;   ///< dB, loss of port 2 to the device
+    /// g_powerOffset and g_port2Loss while a file is shown, whose levels need none.
+    struct PathLosses {
+        float powerOffset;
+        float port2;
+    };
+    std::optional<PathLosses> lossesAside;
+    std::array<float, 13> rxLoss{}; ///< dB, by the field of the receive loss table
+    float g_RxLoss = 0;             ///< dB, added to each reading of the run
+    float g_BandRxLoss = 0;         ///< dB, added to each reading of the run
+    int g_MeasBand = BandNone;      ///< band of the run
 
     // Limits for the calibration pages, whole MHz.
     int m_calF1Start = 0;

@@ -169,7 +169,8 @@ void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<Marker
         return;
     const int step = std::max(curve.tone2SetTimes, 1);
     const int time = static_cast<int>(ms);
-    const auto column = static_cast<std::size_t>(time / step + (time % step * 2 > step ? 1 : 0));
+    const int nearest = time / step + (time % step * 2 > step ? 1 : 0);
+    const auto column = static_cast<std::size_t>(nearest);
     const float level = column < CurvePoints ? curve.m_LevelUp.Row(CurrentRow(curve))[column] : 0.0f;
     if (level < 0.0f) {
         ShowLevel(marker.g_markerValueUp, level);

@@ -51,6 +51,7 @@ void Measurement::OnMeasButton(Connection& connection) {
         StopMeas();
         return;
     }
+    RestorePathLoss(m_Session, m_Store);
     results.g_listPanelOpen = false;
     for (std::string& name : results.g_fileList)
         name.clear();
@@ -61,7 +62,6 @@ void Measurement::OnMeasButton(Connection& connection) {
     run.g_SweepIntervalLeft = run.g_SweepInterval;
     run.g_bSweepIntervalOk = true;
     ClearPlot(m_Session);
-    RestorePathLoss(m_Session, m_Store);
     if (run.tagEndless)
         m_Session.curve.g_worstText = "-300"; // any level is higher
     m_Session.panel.m_WorstFreqText.clear();

@@ -42,7 +42,7 @@ void ListPanel::Load(const std::vector<std::filesystem::path>& paths) {
 }
 
 void ListPanel::Show(const std::filesystem::path& path) {
-    SetPathLossAside(m_Session);
+    DropPathLoss(m_Session);
     if (!m_Files.CurrentShow(path) && m_Session.curve.g_fromFile == 0)
         RestorePathLoss(m_Session, m_Store); // a refused file leaves the curve that was measured
 }

@@ -131,7 +131,7 @@ TEST(PathLoss, IsSetAsideWhileAFileIsShown) {
         desk.program.List().Load({file, file});
         desk.program.List().Load({"/no/such.dat"});
         EXPECT_EQ(plan.g_powerOffset + plan.g_port2Loss + plan.g_RxLoss + plan.g_BandRxLoss, 0.0f);
-        EXPECT_EQ(OperatorsPathLoss(plan).port1 + OperatorsPathLoss(plan).port2, 3.5f);
+        EXPECT_EQ(OperatorsPathLoss(plan).powerOffset + OperatorsPathLoss(plan).port2, 3.5f);
         EXPECT_EQ(desk.S().curve.g_CarrierDbm, 41.0f) << "what reached the device";
         EXPECT_EQ(CompensationTitle(desk.S(), desk.store()), "39.0dBm        41.0dBm");
 

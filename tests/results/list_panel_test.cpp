@@ -55,11 +55,14 @@ TEST(ListPanel, SeveralFilesOpenItAndOneClosesIt) {
     RestorePathLoss(desk.S(), desk.program.Stores());
     desk.program.List().ClickRow(1);
     EXPECT_EQ(desk.S().plan.g_powerOffset, 0.0f) << "a row shows a file too";
-    EXPECT_EQ(OperatorsPathLoss(desk.S().plan).port1, 2.5f);
+    EXPECT_EQ(OperatorsPathLoss(desk.S().plan).powerOffset, 2.5f);
     desk.paths.resize(1);
     desk.Load();
     EXPECT_FALSE(desk.S().results.g_listPanelOpen);
     EXPECT_EQ(desk.S().results.g_fileList[1], "") << "the earlier names are gone";
+    desk.program.OnMeasButton();
+    EXPECT_EQ(desk.S().plan.g_powerOffset, 2.5f) << "a run measures with the operator's losses again";
+    EXPECT_EQ(desk.S().plan.g_port2Loss, 2.5f);
 }
 
 TEST(ListPanel, TheButtonsWalkTheList) {

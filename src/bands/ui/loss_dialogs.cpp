@@ -11,11 +11,11 @@
 namespace qor::ui {
 
 bool OpenPathLoss(Program& program, QWidget* parent) {
-    const PathLoss loss = OperatorsPathLoss(program.State().plan);
+    const PlanState::PathLosses loss = OperatorsPathLoss(program.State().plan);
     FormDialog dialog("Route Verlust Einbauen", parent);
     QFormLayout* const form = dialog.AddGroup({});
     QLineEdit* const port1 =
-        dialog.AddField(form, "Port 1 To DUT Path Cable Loss:", Plain(FieldText(loss.port1)), "dB");
+        dialog.AddField(form, "Port 1 To DUT Path Cable Loss:", Plain(FieldText(loss.powerOffset)), "dB");
     form->addRow(new QLabel, new QLabel(Tr("Bereich: 0-9.9")));
     QLineEdit* const port2 =
         dialog.AddField(form, "Port 2 To DUT Path Cable Loss:", Plain(FieldText(loss.port2)), "dB");

@@ -34,7 +34,7 @@ QString TrPart(const QString& part) {
 
 /// The part up to the first stop or colon with a blank behind it, and the rest in its turn.
 QString TrParts(const QString& text) {
-    const QString whole = Tr(Utf8(text));
+    QString whole = Tr(Utf8(text));
     if (whole != text)
         return whole;
     static const QRegularExpression End(QStringLiteral("[.:] "));
@@ -46,7 +46,7 @@ QString TrParts(const QString& text) {
 
 QString TrText(std::string_view text) {
     const QString source = Plain(text);
-    const QString whole = Tr(text);
+    QString whole = Tr(text);
     if (whole != source)
         return whole;
     QStringList lines = QString(source).remove('\r').split('\n');
