@@ -467,9 +467,18 @@ void CTestSDIFormView::RefreshList() {
 
 void CTestSDIFormView::PressListButton(std::size_t n) {
     ListPanel& list = m_Program.List();
-    static constexpr void (ListPanel::*Presses[])() = {
-        &ListPanel::First, &ListPanel::Back, &ListPanel::Forward, &ListPanel::Last, &ListPanel::Remove};
-    (list.*Presses[n])();
+    switch (n) {
+    case 0:
+        return list.First();
+    case 1:
+        return list.Back();
+    case 2:
+        return list.Forward();
+    case 3:
+        return list.Last();
+    default:
+        return list.Remove();
+    }
 }
 
 /// A row of the list is chosen by a click, or by the space or return key on it.
@@ -485,6 +494,7 @@ bool CTestSDIFormView::eventFilter(QObject* watched, QEvent* event) {
     Pressed([this, n = static_cast<int>(row - m_ListRow.begin())] { m_Program.List().ClickRow(n); });
     return true;
 }
+
 void CTestSDIFormView::ToggleMarker(std::size_t n) {
     m_Program.Marks().Toggle(n);
 }
