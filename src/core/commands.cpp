@@ -127,8 +127,12 @@ bool Commands::Passes(const Guards& guards) {
 }
 
 void Commands::Run(Command command, int argument) {
-    if (IsEnabled(command, argument) && Passes(GuardsOf(command)))
-        Execute(command, argument);
+    const Guards guards = GuardsOf(command);
+    if (!IsEnabled(command, argument) || !Passes(guards))
+        return;
+    if (guards.run)
+        m_Program.DropStart(); // it would begin behind the dialog, with what is being changed there
+    Execute(command, argument);
 }
 
 void Commands::Execute(Command command, int argument) {

@@ -91,8 +91,8 @@ bool Program::Restart(bool keepSession) {
 
 void Program::Leave() {
     m_Leaving = true;
+    m_Measurement.AbandonRun(); // one that waited for its turn or for the instrument, too
     m_Channel.PauseStatusPoll();
-    m_Platform.timers.KillTimer(restarttimer); // a run that waits for its turn does not begin any more
     if (m_Platform.visa && m_Session.receiver.g_VisaRM != 0) {
         m_Platform.visa->Close(m_Session.receiver.g_VisaSession);
         m_Platform.visa->Close(m_Session.receiver.g_VisaRM);

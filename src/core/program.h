@@ -39,6 +39,8 @@ public:
     /// The start button.
     void OnMeasButton() { m_Measurement.OnMeasButton(m_Connection); }
     void StopMeas() { m_Measurement.StopMeas(); }
+    /// A run that was asked for and has not begun does not begin any more.
+    void DropStart() { m_Measurement.DropStart(); }
     /// What ends the application once the program has ended in order.
     void SetQuit(std::function<void(int exitCode)> quit) { m_Quit = std::move(quit); }
     /// The exit button: refused during a run, asks otherwise; then Leave.

@@ -32,6 +32,8 @@ public:
     void StartMeas();
     void StopMeas();
     void AbandonRun();
+    /// A run that was asked for and waits for the instrument or its turn does not begin.
+    void DropStart();
 
     void OnTwoToneTimer();          ///< T2messuretimer
     void OnSweepTimer();            ///< sweeptimer
@@ -93,7 +95,7 @@ private:
     void StepPanelTexts(bool down);
     void RefreshWorstTexts();
     void SettleCurve();
-    void SaveRepeat();
+    bool SaveRepeat();
     void CountLastPass();
     void CommonFinish();
 

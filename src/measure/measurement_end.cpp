@@ -66,17 +66,29 @@ void Measurement::CountLastPass() {
 }
 
 void Measurement::AbandonRun() {
+    m_Session.link.g_bStartAfterConnect = false;
     m_Platform.timers.KillTimer(restarttimer);
-    if (!m_Session.run.runOn)
+    if (!m_Session.run.runOn) {
+        StopBeeper(m_Platform); // of a run that waited for its turn
         return;
+    }
     StopMeas();
     int& verdict = m_Session.curve.g_MeasVerdict;
     if (verdict == VerdictPassed)
         verdict = VerdictNone;
 }
 
-/// Saves the run that has just ended as the next numbered file of the series and puts it into the list.
-void Measurement::SaveRepeat() {
+void Measurement::DropStart() {
+    if (m_Session.run.runOn)
+        return;
+    AbandonRun();
+    if (IsInitialised(m_Session))
+        m_Channel.ArmStatusPoll();
+}
+
+/// Saves the run that has just ended as the next numbered file of the series and puts it into the list. False
+/// when the series is over: contact was lost while the operator was asked about the file.
+bool Measurement::SaveRepeat() {
     ResultState& results = m_Session.results;
     const std::filesystem::path path =
         NumberedFile(results, m_Session.run.g_TestMode == ModeTwoTone, m_Store);
@@ -84,6 +96,7 @@ void Measurement::SaveRepeat() {
     m_Files.DataSave(path);
     AddToFileList(results);
     m_Session.run.g_FirstRun = false;
+    return m_Session.run.runOn;
 }
 
 } // namespace qor

@@ -210,8 +210,7 @@ void Measurement::DecideSweepEnd() {
             return;
         }
         ++run.passes;
-        SaveRepeat();
-        if (run.EndlessTimes == 0 || run.EndlessTimes > run.FinishedEndlessTimes)
+        if (SaveRepeat() && (run.EndlessTimes == 0 || run.EndlessTimes > run.FinishedEndlessTimes))
             StartMeas();
         return; // the last one ends on the next tick
     }

@@ -10,6 +10,8 @@ enum class Answer { Yes, No, Cancel };
 
 /// The person in front of the program. Nothing else in the program ever asks or tells anybody anything.
 /// Where nobody sits, as in a script, choices that need a window come back empty.
+///
+/// Timers and port events go on while a question is open: a handler that asks looks again at what it relies on.
 class Operator {
 public:
     Operator() = default;
@@ -17,7 +19,7 @@ public:
     Operator& operator=(const Operator&) = delete;
     virtual ~Operator() = default;
 
-    /// A message that only has to be seen.
+    /// A message that only has to be seen. Does not wait for that.
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
     /// A question with Yes and No; true is Yes.
     [[nodiscard]] virtual bool Ask(std::string_view text, std::string_view title) = 0;

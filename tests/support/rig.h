@@ -9,6 +9,7 @@
 #include "support/virtual_time.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -21,6 +22,8 @@ public:
     void Message(std::string_view text, std::string_view) override { messages.emplace_back(text); }
     [[nodiscard]] bool Ask(std::string_view text, std::string_view) override {
         questions.emplace_back(text);
+        if (whileAsked)
+            whileAsked();
         return answer;
     }
     [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view) override {
@@ -48,6 +51,7 @@ public:
     std::vector<std::string> messages;
     std::vector<std::string> questions;
     bool answer = true;
+    std::function<void()> whileAsked; ///< what happens while a question is open
     Answer choice = Answer::Yes;
     std::vector<std::filesystem::path> filesToOpen;
     std::filesystem::path fileToSave;

@@ -6,7 +6,7 @@ namespace qor::test {
 
 void VirtualTime::Timers::SetTimer(int id, int periodMs) {
     const std::int64_t period = std::int64_t{periodMs} * 1000;
-    m_Slots[static_cast<std::size_t>(id)] = {m_Time.m_NowUs + period, period};
+    m_Slots[static_cast<std::size_t>(id)] = {m_Time.m_NowUs + period, period, false};
 }
 
 void VirtualTime::Timers::Fire(int id) {
@@ -14,7 +14,9 @@ void VirtualTime::Timers::Fire(int id) {
     // A late timer ticks once for all the periods it missed.
     while (slot.dueUs <= m_Time.m_NowUs)
         slot.dueUs += slot.periodUs;
+    slot.ticking = true;
     Tick(id);
+    slot.ticking = false;
 }
 
 /// Runs the next thing due before `endUs`; false when there is none.
@@ -22,7 +24,7 @@ bool VirtualTime::Step(std::int64_t endUs) {
     int next = -1;
     std::int64_t due = INT64_MAX;
     for (std::size_t id = 0; id < timers.m_Slots.size(); ++id) {
-        if (timers.m_Slots[id].dueUs < due) {
+        if (timers.m_Slots[id].dueUs < due && !timers.m_Slots[id].ticking) {
             due = timers.m_Slots[id].dueUs;
             next = static_cast<int>(id);
         }

@@ -30,6 +30,7 @@ public:
         struct Slot {
             std::int64_t dueUs = Never;
             std::int64_t periodUs = 0;
+            bool ticking = false; ///< its handler has not come back: it does not tick inside it
         };
         void Fire(int id);
         VirtualTime& m_Time;

@@ -155,7 +155,10 @@ void CTestSDIFormView::BuildColumn() {
     m_Alarm->setAccessibleName(QStringLiteral("m_AlarmText"));
     m_Alarm->setToolTip(Tr("Grenzwert, 0 bis -200"));
     m_Alarm->setAlignment(Qt::AlignCenter);
-    QObject::connect(m_Alarm, &QLineEdit::editingFinished, this, [this] { TakeLimit(); });
+    QObject::connect(m_Alarm, &QLineEdit::editingFinished, this, [this] {
+        if (!QApplication::activePopupWidget()) // a menu that opens; its command takes the field first
+            TakeLimit();
+    });
     m_AlarmUnit = new QLabel(this);
     m_Serial = new QLineEdit(this);
     m_Serial->setAccessibleName(QStringLiteral("m_DutSerial"));

@@ -39,10 +39,17 @@ void WindowOperator::Message(std::string_view text, std::string_view title) {
     if (m_Open.contains(shown))
         return;
     m_Open.insert(shown);
-    QMessageBox box(QMessageBox::Information, TitleOr(title), shown.trimmed(), QMessageBox::Ok, Parent());
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
-    m_Open.remove(shown);
+    // From the event loop: a timer's or a port's handler that waited here would hold up its own next tick, and
+    // the engine would go on underneath it.
+    QMetaObject::invokeMethod(
+        &m_Later,
+        [this, shown, heading = TitleOr(title)] {
+            QMessageBox box(QMessageBox::Information, heading, shown.trimmed(), QMessageBox::Ok, Parent());
+            box.setTextFormat(Qt::PlainText);
+            box.exec();
+            m_Open.remove(shown);
+        },
+        Qt::QueuedConnection);
 }
 
 bool WindowOperator::Ask(std::string_view text, std::string_view title) {

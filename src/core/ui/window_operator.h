@@ -33,6 +33,7 @@ public:
 private:
     [[nodiscard]] QWidget* Parent() const;
 
+    QObject m_Later; ///< messages wait with it for the event loop
     QPointer<QWidget> m_Window;
     QPointer<QProgressDialog> m_Progress;
     QSet<QString> m_Open; ///< messages on the screen now; a timer that repeats one does not pile it up
