@@ -59,6 +59,7 @@ void Channel::Reset() {
     link.tagtemp = 0;
     link.tagCommPend = 0;
     link.CommPendCt = 0;
+    link.firstSendMs = 0;
     link.queue.Clear();
 }
 
@@ -145,10 +146,8 @@ void Channel::CommSend() {
         return;
     }
 
-    if (link.firstSendArmed) {
-        link.firstSendArmed = false;
-        link.firstSendMs = m_Platform.clock.TickMs();
-    }
+    link.firstSendMs = link.firstSendArmed ? m_Platform.clock.TickMs() : 0;
+    link.firstSendArmed = false;
     const int tag = TagAsSent(head.tag);
     ApplyMemoryPage(head.text, link.FirmVersion);
     ReplyText(head.text, link.TagCurrentCommand);

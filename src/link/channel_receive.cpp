@@ -88,7 +88,7 @@ void Channel::ReceiveText() {
 
     if (link.tagtemp >= link.tagCommPend) {
         int& measured = m_Session.curve.RealReceiveTime;
-        if (measured == 0)
+        if (measured == 0 && link.firstSendMs != 0) // no answer to a probe, nor to a later command
             measured = static_cast<int>(m_Platform.clock.TickMs() - link.firstSendMs) + 10;
         link.tagtemp = 0;
         link.tagCommPend = 0;

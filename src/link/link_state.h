@@ -43,7 +43,7 @@ struct LinkState {
     int CommPendCt = 0;               ///< ticks of the wait since the command went out or was recognised
     bool TagWaitTimerIsKilled = true; ///< the reply's text has been seen, or nothing is in flight
     std::string m_revdatastr;         ///< reply text assembled so far
-    std::int64_t firstSendMs = 0;     ///< when the first command after an initialisation went out
+    std::int64_t firstSendMs = 0;     ///< when the first command of a chain went out; 0: it is not under way
     bool firstSendArmed = false;
 
     // Identity.

@@ -75,6 +75,7 @@ TEST(Ports, SeveralAreProbedAndTheOperatorChooses) {
     EXPECT_EQ(rig.Sent().size(), 31u);
     EXPECT_EQ(rig.S().link.portButton, PortButton::Close);
     EXPECT_TRUE(rig.S().panel.portButtonShown && !rig.S().panel.portListShown);
+    EXPECT_LT(rig.S().curve.RealReceiveTime, 100) << "of the first command, not of the search before it";
 }
 
 TEST(Ports, AfterALossTheyAreLabelledUpToTheFirstThatStaysSilent) {

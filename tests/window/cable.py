@@ -1,5 +1,5 @@
 """The cable is pulled and put back, and boxes stand open, while the window shows the truth.
-Usage: cable.py QOR QOR_SIM"""
+Usage: cable.py QOR QOR_SIM [SCENE]..."""
 import os
 import pathlib
 import signal
@@ -137,7 +137,6 @@ def refused_limit_under_a_menu(window, _):
     window.click("m_AlarmText")
     window.key("ctrl+a")
     window.type("5")
-    window.key("alt+m", "Escape", "Escape")
     window.key("alt+m")
     time.sleep(0.3)
     window.key("3")
@@ -158,8 +157,11 @@ def main():
         window = QorWindow(program, "--data-dir", str(folder / "stores"), "--port", str(folder / "analyser"))
         try:
             connect(window)
+            wanted = sys.argv[3:]
             for scene in (pulled_in_mid_run, silent_in_mid_run, dialog_open_meanwhile, question_open_meanwhile,
                           closed_in_mid_run, resized_in_mid_run, refused_limit_under_a_menu):
+                if wanted and scene.__name__ not in wanted:
+                    continue
                 begin = time.monotonic()
                 scene(window, analyser)
                 print(f"{scene.__name__}: {time.monotonic() - begin:.1f} s", flush=True)

@@ -95,7 +95,8 @@ class Torture:
             arguments += ["--simulate", "RT-DB22:6.2"]
         sanitizer = f"quarantine_size_mb=32:log_path={self.folder}/complaint:" + os.environ.get("ASAN_OPTIONS", "")
         undefined = f"log_path={self.folder}/complaint:print_stacktrace=1"
-        (self.stores / "usermode.ccz").unlink(missing_ok=True)
+        for store in ("user_EN.ccz", "Install_info.ccz"):  # no log-on, no other language
+            (self.stores / store).unlink(missing_ok=True)
         self.window = QorWindow(self.program, *arguments, environment={
             "ASAN_OPTIONS": sanitizer, "UBSAN_OPTIONS": undefined, "PWD": str(self.folder)})
         self.starts += 1
@@ -105,6 +106,7 @@ class Torture:
 
     def end_descendants(self):
         """A change of the language starts the program anew by itself; that one is not watched."""
+        ended = 0
         for entry in pathlib.Path("/proc").iterdir():
             if not entry.name.isdigit():
                 continue
@@ -112,9 +114,11 @@ class Torture:
                 words = (entry / "cmdline").read_bytes()
             except OSError:
                 continue
-            own = self.window and int(entry.name) == self.window.process.pid
+            own = self.window and self.window.process.poll() is None and int(entry.name) == self.window.process.pid
             if str(self.stores).encode() in words and words.startswith(self.program.encode()) and not own:
                 os.kill(int(entry.name), signal.SIGTERM)
+                ended += 1
+        return ended
 
     def xdo(self, *words):
         subprocess.run(("xdotool", *map(str, words)), check=False, capture_output=True, timeout=20)
@@ -295,13 +299,24 @@ class Torture:
         self.expect_no_complaint()
 
     def leave(self):
-        self.window.click("Exit")  # the key belongs to a text field that has the keyboard
-        self.window.dialog()
-        self.window.key("alt+j")
+        """By the button, by the window, or because the language is changed, which starts it anew."""
+        way = self.dice.choice(("button", "window", "language"))
+        if way == "language":
+            self.window.menu("Anzeige", "Sprache(L)", "English")
+        else:
+            if way == "button":
+                self.window.click("Exit")  # the key belongs to a text field that has the keyboard
+            else:
+                self.xdo("windowactivate", "--sync", *self.frame, "key", "alt+F4")
+            self.window.dialog()
+            self.window.key("alt+j")
         status = self.window.process.wait(30)
         self.expect_no_complaint()
         if status != ORDERLY:
             raise Failure(f"it ended with {status}")
+        time.sleep(2)
+        if (self.end_descendants() > 0) != (way == "language"):
+            raise Failure(f"left by the {way}, and what is there now is wrong")
 
     def close(self):
         self.window.close()

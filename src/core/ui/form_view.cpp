@@ -264,7 +264,8 @@ void CTestSDIFormView::RefreshCells() {
     Show(m_Reading, Plain(panel.m_ReadingText).trimmed());
     SetFlag(m_Reading, "over", IsOverLimit(session));
     Show(m_ReadingUnit, Plain(unit));
-    Show(m_Alarm, Plain(panel.m_AlarmText));
+    if (!m_Alarm->isModified()) // typed and not yet taken, also while a menu has the keyboard
+        Show(m_Alarm, Plain(panel.m_AlarmText));
     Show(m_AlarmUnit, Plain(unit));
     Show(m_Serial, Plain(session.results.m_DutSerial));
     m_Serial->setVisible(session.appearance.serialShown);

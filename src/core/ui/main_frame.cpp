@@ -89,7 +89,8 @@ void CMainFrame::ShowChecks() {
 }
 
 void CMainFrame::RunCommand(Command command, int argument) {
-    if (m_Program.IsLeaving())
+    // A key struck twice comes a second time when the first has opened its dialog.
+    if (m_Program.IsLeaving() || QApplication::activeModalWidget())
         return;
     m_Form->LeaveFields();
     m_Commands.Run(command, argument);
