@@ -264,8 +264,11 @@ class Torture:
         for caption in ("Scannen Port", "Oeffnen Port"):
             button = self.window.find(caption)
             if button and is_showing(button) and self.shown("Zustand") == "Nicht verbunden":
+                if self.window.find("Auswaehlen COM Port:"):  # among several the operator chooses
+                    self.window.click("Auswaehlen COM Port:")
+                    self.window.key("Home", "Return")
                 self.window.click(caption)
-                time.sleep(3)
+                time.sleep(4)
         self.answer_boxes()
         return self.shown("Zustand") == "Bereit"
 
