@@ -1,6 +1,7 @@
 // A result of 2000 rows to the bytes of a .dat and back, without the disk, and what the curve costs live.
-#include "display/curve_store.h"
+#include "curve/curve.h"
 #include "results/data_file.h"
+#include "support/curves.h"
 
 #include <benchmark/benchmark.h>
 
@@ -44,10 +45,8 @@ BENCHMARK(Parse)->ArgName("sweep")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond
 
 void Grid(benchmark::State& state) {
     const ResultFile file = Longest(false);
-    CurveState curve;
+    std::vector<float> grid(CurvePoints);
     for (auto _ : state) {
-        const std::span<float> grid(curve.g_freqGrid.data(), CurvePoints);
-        curve.g_freqGrid.fill(0);
         std::size_t length = 0;
         for (const auto* rows : {&file.down, &file.up}) {
             for (const ResultFile::Row& row : *rows)
@@ -59,14 +58,17 @@ void Grid(benchmark::State& state) {
 BENCHMARK(Grid)->Unit(benchmark::kMicrosecond);
 
 void UpdateAndSearch(benchmark::State& state) {
-    CurveState curve;
-    curve.g_pxPerStep = 1;
-    curve.g_runIndex = static_cast<int>(state.range(0)) - 1;
-    curve.g_levelUp.fill(-100.0f);
-    curve.g_levelDown.fill(-101.0f);
+    Curve curve;
+    curve.SetGrid(test::EvenGrid(890, 0.07f, CurvePoints), 0.1f);
+    while (curve.Run() + 1 < state.range(0))
+        curve.EndRun();
+    for (std::size_t i = 0; i < CurvePoints; ++i) {
+        curve.Put(i, -100.0f);
+        curve.Put(i, -101.0f, CurveSide::Down);
+    }
     for (auto _ : state) {
-        UpdateCurveArrays(curve, true);
-        SearchMaxima(curve);
+        curve.Update(true);
+        curve.SearchMaxima();
     }
 }
 BENCHMARK(UpdateAndSearch)->ArgName("runs")->Arg(1)->Arg(10)->Unit(benchmark::kMicrosecond);

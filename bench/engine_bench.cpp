@@ -1,8 +1,6 @@
 // The engine's own share of a transaction: an instrument that answers at once, and no event loop.
-#include "core/program.h"
-#include "platform/operator.h"
-#include "platform/port_list.h"
-#include "platform/serial_control.h"
+#include "desk/program.h"
+#include "support/doubles.h"
 #include "support/temp_dir.h"
 #include "support/virtual_time.h"
 
@@ -12,27 +10,9 @@ namespace {
 
 using namespace qor;
 
-class SilentOperator final : public Operator {
-    void Message(std::string_view, std::string_view) override {}
-    bool Ask(std::string_view, std::string_view) override { return true; }
-};
-
-class NoPorts final : public PortList {
-    std::vector<SerialDevice> List() override { return {}; }
-    std::string DeviceOf(int) const override { return {}; }
-};
-
 /// Echoes each command as the instrument does, when told.
-class EchoLine final : public CMSComm {
+class EchoLine final : public test::DeadLine {
 public:
-    void SetCommPort(int) override {}
-    void SetSettings(std::string_view) override {}
-    void SetInputMode(CommInputMode) override {}
-    void SetInputLen(int) override {}
-    void SetRThreshold(int) override {}
-    void SetSThreshold(int) override {}
-    void SetPortOpen(bool) override {}
-    [[nodiscard]] bool GetPortOpen() const override { return true; }
     void SetOutput(std::string_view bytes) override { m_Command += bytes; }
     void GetInput(std::string& bytes) override { bytes.swap(m_Reply); }
     void Answer() {
@@ -51,11 +31,13 @@ void EngineTransaction(benchmark::State& state) {
     test::VirtualTime time;
     test::TempDir dir;
     EchoLine line;
-    NoPorts ports;
-    SilentOperator user;
+    line.SetPortOpen(true);
+    test::OnePort ports;
+    ports.there = false;
+    test::SilentOperator user;
     Program program({line, ports, time.timers, time.clock, user}, dir.Path());
     Session& session = program.State();
-    session.link.g_init = InitSerialDone;
+    session.link.chain.GoBackTo(InitSerialDone);
     program.StartLine();
     for (auto _ : state) {
         session.link.queue.Append("#SFA09350");

@@ -1,11 +1,11 @@
 // The link on a pseudo-terminal with an instrument that answers at once.
-#include "core/program.h"
-#include "platform/operator.h"
+#include "desk/program.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
 #include "platform/qt/system_port_list.h"
 #include "platform/wire_log.h"
+#include "support/doubles.h"
 #include "support/temp_dir.h"
 
 #include <QCoreApplication>
@@ -23,11 +23,6 @@
 namespace {
 
 using namespace qor;
-
-class SilentOperator final : public Operator {
-    void Message(std::string_view, std::string_view) override {}
-    bool Ask(std::string_view, std::string_view) override { return true; }
-};
 
 double ThreadCpuSeconds() {
     timespec now{};
@@ -73,18 +68,18 @@ void LinkTransactions(benchmark::State& state) {
     std::array<char*, 2> argv{const_cast<char*>("bench"), nullptr};
     QCoreApplication application(argc, argv.data());
     test::TempDir dir;
-    SystemPortList ports({echo.name}, true);
+    SystemPortList ports({echo.name}, PortScope::Given);
     QtSerialPort port(ports);
     QtTimers timers;
     PosixClock clock;
     WireLog wire(clock);
     LoggedComm comm(port, wire);
-    SilentOperator user;
+    test::SilentOperator user;
     Program program({comm, ports, timers, clock, user}, dir.Path());
     Session& session = program.State();
     static_cast<void>(ports.List());
-    session.link.m_comm_sel_v = "1";
-    session.link.g_init = InitSerialDone;
+    session.link.connection.Choose("COM1");
+    session.link.chain.GoBackTo(InitSerialDone);
     if (!program.Link().SetComm())
         state.SkipWithError("the pseudo-terminal cannot be opened");
     program.StartLine();

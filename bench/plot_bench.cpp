@@ -1,7 +1,8 @@
 // The plot at 1600 x 900: all of it anew, and a live tick. The yardstick is what an image costs that is only
 // cleared and copied; the rival is the toolkit's own polyline with the same pens.
-#include "display/curve_store.h"
-#include "display/paint/plot_painter.h"
+#include "curve/curve.h"
+#include "curve/paint/plot_painter.h"
+#include "support/curves.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -29,7 +30,7 @@ void NeedApplication() {
 
 /// A sweep of 2000 grid frequencies, up and down, with a slow wave and noise of half a dB.
 struct Sweep {
-    std::unique_ptr<CurveState> curve = std::make_unique<CurveState>();
+    std::unique_ptr<Curve> curve = std::make_unique<Curve>();
     std::mt19937 random{1};
     PlotFacts facts;
     PlotGeometry plot;
@@ -37,30 +38,27 @@ struct Sweep {
     explicit Sweep(int runs) {
         NeedApplication();
         facts.power1 = facts.power2 = 43;
-        curve->g_pxPerStep = 1;
-        curve->g_SweepStep = 0.1f;
-        curve->g_alarmLevel = -60;
+        curve->limit.Take(-60);
         // Two frequencies lie on each pixel column: the plot shows a pixel a step, or more.
-        for (std::size_t i = 0; i < CurvePoints; ++i)
-            curve->g_freqGrid[i] = 890.0f + 0.07f * static_cast<float>(i);
-        for (curve->g_runIndex = 0;; ++curve->g_runIndex) {
+        curve->SetGrid(test::EvenGrid(890, 0.07f, CurvePoints), 0.1f);
+        for (;; curve->EndRun()) {
             Fill(CurvePoints);
             plot = ComputeLayout(*curve, Width, Height);
-            UpdateCurveArrays(*curve, true);
-            if (curve->g_runIndex + 1 == runs)
+            curve->Update(true);
+            if (curve->Run() + 1 == runs)
                 break;
         }
-        SearchMaxima(*curve);
+        curve->SearchMaxima();
     }
     float LevelAt(std::size_t i, float offset) {
         std::normal_distribution<float> noise(0, 0.5f);
         return -110.0f + offset + 8.0f * std::sin(static_cast<float>(i) / 90.0f) + noise(random);
     }
     void Fill(std::size_t points) {
-        const float offset = static_cast<float>(curve->g_runIndex % 10) * 2.0f;
+        const float offset = static_cast<float>(curve->Run() % 10) * 2.0f;
         for (std::size_t i = 0; i < CurvePoints; ++i) {
-            curve->g_levelUp[i] = i < points ? LevelAt(i, offset) : 0;
-            curve->g_levelDown[i] = i < points ? LevelAt(i, offset - 12) : 0;
+            curve->Put(i, i < points ? LevelAt(i, offset) : 0);
+            curve->Put(i, i < points ? LevelAt(i, offset - 12) : 0, CurveSide::Down);
         }
     }
 };
@@ -81,7 +79,8 @@ void RebuildPlot(benchmark::State& state) {
     Sweep sweep(static_cast<int>(state.range(0)));
     PlotPainter painter;
     for (auto _ : state) {
-        sweep.curve->g_plotBottom = sweep.curve->g_plotBottom == -150.0f ? -151.0f : -150.0f;
+        sweep.curve->scale.SetRange(sweep.curve->scale.Top(),
+                                    sweep.curve->scale.Bottom() == -150.0f ? -151.0f : -150.0f);
         sweep.plot = ComputeLayout(*sweep.curve, Width, Height);
         benchmark::DoNotOptimize(painter.Update(*sweep.curve, sweep.plot, sweep.facts));
     }
@@ -91,7 +90,7 @@ BENCHMARK(RebuildPlot)->Arg(10)->Arg(1000)->Unit(benchmark::kMicrosecond);
 /// One point more of the run in progress; the engine's share of the tick is in it.
 void LiveTick(benchmark::State& state) {
     Sweep sweep(static_cast<int>(state.range(0)));
-    CurveState& curve = *sweep.curve;
+    Curve& curve = *sweep.curve;
     std::size_t next = CurvePoints;
     PlotPainter painter;
     painter.Update(curve, sweep.plot, sweep.facts);
@@ -99,17 +98,17 @@ void LiveTick(benchmark::State& state) {
         if (next == CurvePoints) { // the next pass begins
             state.PauseTiming();
             sweep.Fill(100);
-            UpdateCurveArrays(curve, true);
-            SearchMaxima(curve);
+            curve.Update(true);
+            curve.SearchMaxima();
             painter.Update(curve, sweep.plot, sweep.facts);
             next = 100;
             state.ResumeTiming();
         }
-        curve.g_levelUp[next] = sweep.LevelAt(next, 0);
+        curve.Put(next, sweep.LevelAt(next, 0));
         ++next;
         sweep.plot = ComputeLayout(curve, Width, Height);
-        UpdateCurveArrays(curve, true);
-        SearchMaxima(curve);
+        curve.Update(true);
+        curve.SearchMaxima();
         benchmark::DoNotOptimize(painter.Update(curve, sweep.plot, sweep.facts));
     }
 }
@@ -118,14 +117,14 @@ BENCHMARK(LiveTick)->Arg(10)->Arg(1000)->Unit(benchmark::kMicrosecond);
 /// The traces of the same curve alone, without ground and texts, by QPainter.
 void PolylinesOfTheToolkit(benchmark::State& state) {
     const Sweep sweep(static_cast<int>(state.range(0)));
-    const CurveState& curve = *sweep.curve;
+    const Curve& curve = *sweep.curve;
     QImage image(Width, Height, QImage::Format_RGB32);
     QVector<QPoint> points;
     for (auto _ : state) {
         image.fill(Qt::black);
         QPainter painter(&image);
         for (const bool down : {false, true}) {
-            for (std::size_t run = 0; run < static_cast<std::size_t>(curve.g_runIndex) + 1; ++run) {
+            for (std::size_t run = 0; run < static_cast<std::size_t>(curve.Run()) + 1; ++run) {
                 const auto row = (down ? curve.m_LevelDown : curve.m_LevelUp).Row(run);
                 points.clear();
                 for (std::size_t i = 0; i < CurvePoints; ++i)

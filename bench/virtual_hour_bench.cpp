@@ -16,10 +16,11 @@ void Measure(benchmark::State& state, int mode) {
             state.SkipWithError("the simulated instrument did not come up");
             return;
         }
-        rig.S().curve.g_plotWidth = 2000;
-        rig.S().curve.g_testTimeMs = 199000;
-        rig.S().run.tagEndless = rig.S().run.g_bReplaceData = true;
-        rig.S().run.EndlessTimes = 0;
+        rig.S().curve.scale.SetWidth(2000);
+        rig.S().curve.SetLength(199000);
+        rig.S().runs.SetContinuous(true);
+        rig.S().runs.SetReplacesData(true);
+        rig.S().runs.SetContinuousTimes(0);
         const int before = rig.line.CommandCount();
         rig.program.OnMeasButton();
         rig.time.RunFor(3600000);

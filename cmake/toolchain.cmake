@@ -21,7 +21,10 @@ if(QOR_WERROR)
 endif()
 # Levels and grids are 32-bit float arithmetic in a fixed order: no contraction, no fast-math.
 target_compile_options(qor_options INTERFACE -ffp-contract=off)
-target_include_directories(qor_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+# Programs, tests and benchmarks see everything; a layer sees what cmake/layers.cmake gives it.
+add_library(qor_all INTERFACE)
+target_include_directories(qor_all INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_link_libraries(qor_all INTERFACE qor_options)
 if(QOR_SANITIZE)
   target_compile_options(qor_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(qor_options INTERFACE -fsanitize=address,undefined)

@@ -76,6 +76,10 @@
       <translation>&lt;&lt;Sweep Down&gt;&gt;</translation>
     </message>
     <message>
+      <source>A result between bands cannot be shown.</source>
+      <translation>A result between bands cannot be shown.</translation>
+    </message>
+    <message>
       <source>AMPS Einbauen</source>
       <translation>AMPS Setup</translation>
     </message>
@@ -428,6 +432,10 @@
       <translation>German</translation>
     </message>
     <message>
+      <source>Die Breite des Geraets hat sich geaendert.</source>
+      <translation>The band of the instrument has changed.</translation>
+    </message>
+    <message>
       <source>Die beiden neuen Passwoerter sind nicht gleich.</source>
       <translation>The two new passwords are not the same.</translation>
     </message>
@@ -446,6 +454,10 @@
     <message>
       <source>Drucken Direkt(&amp;P)</source>
       <translation>Print Directly(&amp;P)</translation>
+    </message>
+    <message>
+      <source>Drucken misserfolg.</source>
+      <translation>Printing failed.</translation>
     </message>
     <message>
       <source>Drucken(&amp;V)</source>
@@ -470,6 +482,10 @@
     <message>
       <source>ERR2 - PLL not locket.</source>
       <translation>ERR2 - PLL not locked.</translation>
+    </message>
+    <message>
+      <source>Ein anderes Geraet als vorher ist angeschlossen.</source>
+      <translation>Another instrument than before is connected.</translation>
     </message>
     <message>
       <source>Einbauen</source>
@@ -628,6 +644,10 @@
       <translation>High</translation>
     </message>
     <message>
+      <source>Hoechstens so viele Zeichen, ohne Umlaute:</source>
+      <translation>Without accented letters, and at most this many characters:</translation>
+    </message>
+    <message>
       <source>Hoehe:</source>
       <translation>Height:</translation>
     </message>
@@ -690,6 +710,10 @@
     <message>
       <source>Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die Zeile handbook=... eintragen.</source>
       <translation>No manual found. Please put QOR_Handbook.pdf into the data folder, or add the line handbook=... to qor.ini.</translation>
+    </message>
+    <message>
+      <source>Keine Messpunkte zum Speichern!</source>
+      <translation>There are no measured points to save.</translation>
     </message>
     <message>
       <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
@@ -884,6 +908,10 @@
       <translation>Not supported</translation>
     </message>
     <message>
+      <source>Not enough resource for the bitmap. Either reduce the bitmap dimension or</source>
+      <translation>Not enough resource for the bitmap. Either reduce the bitmap dimension or</translation>
+    </message>
+    <message>
       <source>Nothing was restored.</source>
       <translation>Nothing was restored.</translation>
     </message>
@@ -894,6 +922,10 @@
     <message>
       <source>Nummer (0 vertreten unendlich):</source>
       <translation>Number (0 = endless):</translation>
+    </message>
+    <message>
+      <source>Nur was aus einer .dat stammt, wird wieder eine .dat.</source>
+      <translation>Only what came from a .dat can become a .dat again.</translation>
     </message>
     <message>
       <source>OK</source>
@@ -926,6 +958,10 @@
     <message>
       <source>Old Password:</source>
       <translation>Old password:</translation>
+    </message>
+    <message>
+      <source>One of its cells is damaged.</source>
+      <translation>One of its cells is damaged.</translation>
     </message>
     <message>
       <source>One of its data rows is damaged.</source>
@@ -1088,6 +1124,10 @@
       <translation>Save Configuration</translation>
     </message>
     <message>
+      <source>Save ERR</source>
+      <translation>Saving failed</translation>
+    </message>
+    <message>
       <source>Scannen Fix f1 falsch!!!</source>
       <translation>Sweep: fixed f1 is wrong!</translation>
     </message>
@@ -1194,6 +1234,10 @@
     <message>
       <source>Speichern Daten(&amp;T)</source>
       <translation>Save Data(&amp;D)</translation>
+    </message>
+    <message>
+      <source>Speichern Excel</source>
+      <translation>Save Excel</translation>
     </message>
     <message>
       <source>Speichern Excel(&amp;X)</source>
@@ -1340,8 +1384,16 @@
       <translation>The file is empty.</translation>
     </message>
     <message>
+      <source>The file is too large for a result.</source>
+      <translation>The file is too large for a result.</translation>
+    </message>
+    <message>
       <source>The file is too long for a result.</source>
       <translation>The file is too long for a result.</translation>
+    </message>
+    <message>
+      <source>The last run did not end in order.</source>
+      <translation>The last run did not end in order.</translation>
     </message>
     <message>
       <source>The minimum value of not less than 0dbm</source>
@@ -1352,12 +1404,36 @@
       <translation>The powers of tone 1 and tone 2 are not the same, dBc cannot be used.</translation>
     </message>
     <message>
+      <source>The result is too long for this form.</source>
+      <translation>The result is too long for this form.</translation>
+    </message>
+    <message>
       <source>The value of Alarm Lever cannot be empty!</source>
       <translation>The alarm limit must not be empty!</translation>
     </message>
     <message>
       <source>The value of Alarm Lever should be in range 0 ~ -200</source>
       <translation>The alarm limit must be in the range 0 to -200</translation>
+    </message>
+    <message>
+      <source>The workbook has no sheet "QOR_Test": it is not a result.</source>
+      <translation>The workbook has no sheet "QOR_Test": it is not a result.</translation>
+    </message>
+    <message>
+      <source>The workbook is damaged.</source>
+      <translation>The workbook is damaged.</translation>
+    </message>
+    <message>
+      <source>The workbook is encrypted.</source>
+      <translation>The workbook is encrypted.</translation>
+    </message>
+    <message>
+      <source>The workbook is of an older form; please save it as Excel 97 or newer.</source>
+      <translation>The workbook is of an older form; please save it as Excel 97 or newer.</translation>
+    </message>
+    <message>
+      <source>There is no workbook in the file, or it is of an older form.</source>
+      <translation>There is no workbook in the file, or it is of an older form.</translation>
     </message>
     <message>
       <source>This is not a result file, or its header is damaged.</source>
@@ -1444,8 +1520,16 @@
       <translation>Two sweeps without a pause, the first with the carriers off</translation>
     </message>
     <message>
+      <source>braucht eine ganze Zahl:</source>
+      <translation>needs a whole number:</translation>
+    </message>
+    <message>
       <source>cannot be read.</source>
       <translation>cannot be read.</translation>
+    </message>
+    <message>
+      <source>contact was lost during the run; the partial curve is kept</source>
+      <translation>contact was lost during the run; the partial curve is kept</translation>
     </message>
     <message>
       <source>dBm &lt;-&gt; mW &lt;-&gt; mV</source>
@@ -1508,8 +1592,8 @@
       <translation>not replaced.</translation>
     </message>
     <message>
-      <source>results are saved as .dat or .txt.</source>
-      <translation>results are saved as .dat or .txt.</translation>
+      <source>switch to lower screen setting (e.g. 256-color mode), and try again.</source>
+      <translation>switch to lower screen setting (e.g. 256-color mode), and try again.</translation>
     </message>
     <message>
       <source>the copy differs.</source>

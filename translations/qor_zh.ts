@@ -76,6 +76,10 @@
       <translation>&lt;&lt;下扫&gt;&gt;</translation>
     </message>
     <message>
+      <source>A result between bands cannot be shown.</source>
+      <translation>频段间的结果无法显示。</translation>
+    </message>
+    <message>
       <source>AMPS Einbauen</source>
       <translation>AMPS 设置</translation>
     </message>
@@ -428,6 +432,10 @@
       <translation>德语</translation>
     </message>
     <message>
+      <source>Die Breite des Geraets hat sich geaendert.</source>
+      <translation>仪器的频段已改变。</translation>
+    </message>
+    <message>
       <source>Die beiden neuen Passwoerter sind nicht gleich.</source>
       <translation>两次输入的新密码不一致。</translation>
     </message>
@@ -446,6 +454,10 @@
     <message>
       <source>Drucken Direkt(&amp;P)</source>
       <translation>直接打印(&amp;P)</translation>
+    </message>
+    <message>
+      <source>Drucken misserfolg.</source>
+      <translation>打印失败。</translation>
     </message>
     <message>
       <source>Drucken(&amp;V)</source>
@@ -470,6 +482,10 @@
     <message>
       <source>ERR2 - PLL not locket.</source>
       <translation>ERR2 - 锁相环未锁定。</translation>
+    </message>
+    <message>
+      <source>Ein anderes Geraet als vorher ist angeschlossen.</source>
+      <translation>连接的不是先前的仪器。</translation>
     </message>
     <message>
       <source>Einbauen</source>
@@ -628,6 +644,10 @@
       <translation>高</translation>
     </message>
     <message>
+      <source>Hoechstens so viele Zeichen, ohne Umlaute:</source>
+      <translation>仅限无重音的字母，最多字符数：</translation>
+    </message>
+    <message>
       <source>Hoehe:</source>
       <translation>高度：</translation>
     </message>
@@ -690,6 +710,10 @@
     <message>
       <source>Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die Zeile handbook=... eintragen.</source>
       <translation>未找到手册。请将 QOR_Handbook.pdf 放入数据文件夹，或在 qor.ini 中加入一行 handbook=...。</translation>
+    </message>
+    <message>
+      <source>Keine Messpunkte zum Speichern!</source>
+      <translation>没有可保存的测量点！</translation>
     </message>
     <message>
       <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
@@ -884,6 +908,10 @@
       <translation>不支持</translation>
     </message>
     <message>
+      <source>Not enough resource for the bitmap. Either reduce the bitmap dimension or</source>
+      <translation>位图资源不足。请缩小位图尺寸，或</translation>
+    </message>
+    <message>
       <source>Nothing was restored.</source>
       <translation>未恢复任何设置。</translation>
     </message>
@@ -894,6 +922,10 @@
     <message>
       <source>Nummer (0 vertreten unendlich):</source>
       <translation>次数（0 表示无限）：</translation>
+    </message>
+    <message>
+      <source>Nur was aus einer .dat stammt, wird wieder eine .dat.</source>
+      <translation>只有来自 .dat 文件的曲线才能再存为 .dat。</translation>
     </message>
     <message>
       <source>OK</source>
@@ -926,6 +958,10 @@
     <message>
       <source>Old Password:</source>
       <translation>旧密码：</translation>
+    </message>
+    <message>
+      <source>One of its cells is damaged.</source>
+      <translation>其中一个单元格已损坏。</translation>
     </message>
     <message>
       <source>One of its data rows is damaged.</source>
@@ -1088,6 +1124,10 @@
       <translation>保存配置</translation>
     </message>
     <message>
+      <source>Save ERR</source>
+      <translation>保存出错</translation>
+    </message>
+    <message>
       <source>Scannen Fix f1 falsch!!!</source>
       <translation>扫频固定 f1 错误！</translation>
     </message>
@@ -1194,6 +1234,10 @@
     <message>
       <source>Speichern Daten(&amp;T)</source>
       <translation>保存数据(&amp;D)</translation>
+    </message>
+    <message>
+      <source>Speichern Excel</source>
+      <translation>保存 Excel</translation>
     </message>
     <message>
       <source>Speichern Excel(&amp;X)</source>
@@ -1340,8 +1384,16 @@
       <translation>文件为空。</translation>
     </message>
     <message>
+      <source>The file is too large for a result.</source>
+      <translation>文件过大，不是结果文件。</translation>
+    </message>
+    <message>
       <source>The file is too long for a result.</source>
       <translation>文件过长，不是结果文件。</translation>
+    </message>
+    <message>
+      <source>The last run did not end in order.</source>
+      <translation>上次测量未正常结束。</translation>
     </message>
     <message>
       <source>The minimum value of not less than 0dbm</source>
@@ -1352,12 +1404,36 @@
       <translation>两路载波功率不同，无法使用 dBc。</translation>
     </message>
     <message>
+      <source>The result is too long for this form.</source>
+      <translation>结果过长，此格式无法容纳。</translation>
+    </message>
+    <message>
       <source>The value of Alarm Lever cannot be empty!</source>
       <translation>告警限值不能为空！</translation>
     </message>
     <message>
       <source>The value of Alarm Lever should be in range 0 ~ -200</source>
       <translation>告警限值应在 0 到 -200 之间</translation>
+    </message>
+    <message>
+      <source>The workbook has no sheet "QOR_Test": it is not a result.</source>
+      <translation>工作簿中没有工作表“QOR_Test”：不是结果文件。</translation>
+    </message>
+    <message>
+      <source>The workbook is damaged.</source>
+      <translation>工作簿已损坏。</translation>
+    </message>
+    <message>
+      <source>The workbook is encrypted.</source>
+      <translation>工作簿已加密。</translation>
+    </message>
+    <message>
+      <source>The workbook is of an older form; please save it as Excel 97 or newer.</source>
+      <translation>工作簿格式过旧；请另存为 Excel 97 或更新的格式。</translation>
+    </message>
+    <message>
+      <source>There is no workbook in the file, or it is of an older form.</source>
+      <translation>文件中没有工作簿，或其格式过旧。</translation>
     </message>
     <message>
       <source>This is not a result file, or its header is damaged.</source>
@@ -1444,8 +1520,16 @@
       <translation>连续两次扫频，第一次关闭载波</translation>
     </message>
     <message>
+      <source>braucht eine ganze Zahl:</source>
+      <translation>需要一个整数：</translation>
+    </message>
+    <message>
       <source>cannot be read.</source>
       <translation>无法读取。</translation>
+    </message>
+    <message>
+      <source>contact was lost during the run; the partial curve is kept</source>
+      <translation>测量期间失去连接；已保留部分曲线</translation>
     </message>
     <message>
       <source>dBm &lt;-&gt; mW &lt;-&gt; mV</source>
@@ -1508,8 +1592,8 @@
       <translation>未替换。</translation>
     </message>
     <message>
-      <source>results are saved as .dat or .txt.</source>
-      <translation>结果只能保存为 .dat 或 .txt。</translation>
+      <source>switch to lower screen setting (e.g. 256-color mode), and try again.</source>
+      <translation>降低屏幕设置（例如256色模式）后重试。</translation>
     </message>
     <message>
       <source>the copy differs.</source>

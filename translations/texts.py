@@ -24,10 +24,12 @@ LITERALS = re.compile(LITERAL + r'(?:\s*' + LITERAL + r')*')
 TOKENS = re.compile(r'(R"(\w*)\(.*?\)\2")|("(?:[^"\\\n]|\\.)*")|(\'(?:[^\'\\\n]|\\.)\')|(//[^\n]*)|(#include[^\n]*)', re.S)
 # In a window every text is shown, except what stands in these.
 NOT_IN_WINDOW = re.compile(
-    r'QStringLiteral\s*\([^()]*\)|QLatin1String\s*\([^()]*\)|(?:setObjectName|setProperty|property|SetFlag)\s*\([^()]*\)')
+    r'QStringLiteral\s*\([^()]*\)|DialogEntry \w+\([^()]*\)|m_Commands\.Run\([^()]*\)|FindCommand\([^()]*\)|QLatin1String\s*\([^()]*\)|(?:setObjectName|setProperty|property|SetFlag)\s*\([^()]*\)')
 # What shows a text to the operator in the engine.
-SHOWN = re.compile(r'\b(?:Message|Ask|AskOrCancel|Tell|[Rr]efused?|failed|FilesToOpen|FileToSave|Folder|Progress|Menu|'
-                   r'Item|Check|Shown|Translated)\s*\(')
+SHOWN = re.compile(r'\b(?:Message|Ask|AskOrCancel|Tell|[Rr]efused?|DoneWith|failed|FilesToOpen|FileToSave|Folder|Progress|Menu|'
+                   r'Shown|Translated)\s*\(')
+# Of a command's row: its caption, and what is said when its dialog does not open.
+FIELD = re.compile(r'\.(?:caption|noDialog) = (' + LITERAL + r')')
 # Tables and constants of texts are marked by this comment on the line above.
 MARK = re.compile(r'// shown to the operator[^\n]*\n(.*?);[ \t]*\n', re.S)
 # Two words with a stop or a colon are told to somebody.
@@ -84,7 +86,8 @@ def texts_of(path):
     source = TOKENS.sub(kept, path.read_text())
     if path.parent.name == 'ui':
         return literals(NOT_IN_WINDOW.sub('', source))
-    parts = [arguments(source, m.end() - 1) for m in SHOWN.finditer(source)] + MARK.findall(source)
+    parts = [arguments(source, m.end() - 1) for m in SHOWN.finditer(source)]
+    parts += MARK.findall(source) + [m.group(1) for m in FIELD.finditer(source)]
     told = [] if ON_PAPER.match(path.name) else [text for text in literals(source) if SENTENCE.search(text)]
     return told + [text for part in parts for text in literals(part)]
 

@@ -1,17 +1,20 @@
 // qor: the operator's window.
+#include "apps/common/end_signals.h"
 #include "apps/common/instrument_line.h"
 #include "apps/desktop/options.h"
-#include "core/program.h"
-#include "core/ui/desktop_launcher.h"
-#include "core/ui/language.h"
-#include "core/ui/looks.h"
-#include "core/ui/main_frame.h"
-#include "core/ui/open_dialog.h"
-#include "core/ui/user_modes_dialog.h"
-#include "core/ui/window_operator.h"
+#include "desk/program.h"
+#include "desk/ui/desktop_launcher.h"
+#include "desk/ui/language.h"
+#include "desk/ui/looks.h"
+#include "desk/ui/main_frame.h"
+#include "desk/ui/open_dialog.h"
+#include "desk/ui/pictures.h"
+#include "desk/ui/user_modes_dialog.h"
+#include "desk/ui/window_operator.h"
 #include "platform/alsa/alsa_speaker.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/wire_log.h"
+#include "results/xlsx/xlsx_writer.h"
 
 #include <QApplication>
 #include <QProcess>
@@ -31,7 +34,7 @@ void StartAgain(bool keepSession) {
     QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
 }
 
-template <typename Line> int Run(const app::DesktopOptions& options, Line& line) {
+template <typename Line> int RunToEnd(const app::DesktopOptions& options, Line& line) {
     PosixClock clock;
     WireLog wire(clock);
     ui::WindowOperator user;
@@ -49,14 +52,16 @@ template <typename Line> int Run(const app::DesktopOptions& options, Line& line)
         Program program(
             {comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher, &dialogs},
             options.dataDirectory);
+        AddXlsx(program.Files().Forms());
         ui::InstallLanguage(CurrentLanguage(program.Stores()));
         ui::ApplyLook(options.configStart ? LoadAppearance(program.Stores()).m_skin : SkinDefault);
         ui::OpenUserLogOn(program, nullptr);
-        program.IdentifyAfterLoss();
         program.Start(options.configStart);
         ui::CMainFrame window(program, dialogs);
         user.SetWindow(&window);
         dialogs.SetWindow(program, window);
+        const app::EndSignals ending([&program] { program.Leave(); });
+        QObject::connect(qApp, &QGuiApplication::commitDataRequest, [&program] { program.Leave(); });
         program.SetQuit([&window](int code) {
             window.LetGo();
             QCoreApplication::exit(code);
@@ -87,11 +92,12 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("qor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QOR_VERSION));
+    QApplication::setWindowIcon(ui::ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false); // the program ends in order, the window with it
     if (parsed.options->simulate) {
         app::SimulatedLine line(*parsed.options->simulate);
-        return Run(*parsed.options, line);
+        return RunToEnd(*parsed.options, line);
     }
-    app::RealLine line(parsed.options->ports, false);
-    return Run(*parsed.options, line);
+    app::RealLine line(parsed.options->ports, parsed.options->allPorts ? PortScope::All : PortScope::Usb);
+    return RunToEnd(*parsed.options, line);
 }

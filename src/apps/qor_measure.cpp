@@ -1,26 +1,28 @@
 // qor-measure: one measurement from the shell, its verdict as the exit status.
+#include "apps/common/end_signals.h"
 #include "apps/common/instrument_line.h"
 #include "apps/measure/console.h"
 #include "apps/measure/job.h"
 #include "apps/measure/options.h"
 #include "apps/measure/outcome.h"
-#include "core/program.h"
+#include "desk/program.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/qt/qt_timers.h"
 #include "platform/wire_log.h"
+#include "results/xlsx/xlsx_writer.h"
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <cstdio>
 
 namespace {
 
-volatile std::sig_atomic_t g_StopAsked = 0;
+bool g_StopAsked = false;
 
 using namespace qor;
 
-template <typename Line> int Run(QCoreApplication& application, const app::Options& options, Line& line) {
+template <typename Line>
+int RunToEnd(QCoreApplication& application, const app::Options& options, Line& line) {
     app::Console console;
     const PosixClock clock;
     WireLog wire(clock);
@@ -32,12 +34,13 @@ template <typename Line> int Run(QCoreApplication& application, const app::Optio
     LoggedComm comm(line.comm, wire);
     QtTimers timers;
     Program program({comm, line.ports, timers, programClock, console}, options.dataDirectory);
+    AddXlsx(program.Files().Forms());
     app::Job job(
-        program, options, console, wire, [] { return g_StopAsked != 0; }, [&] { application.quit(); });
+        program, options, console, wire, [] { return g_StopAsked; }, [&] { application.quit(); });
     job.Start();
     QCoreApplication::exec();
 
-    app::Outcome outcome = job.Result();
+    app::CallResult outcome = job.Result();
     if (!wire.FileIsWhole() && outcome.status == app::Passed) {
         outcome.status = app::FileFailed;
         outcome.message = options.wireFile + ": cannot be written.";
@@ -66,12 +69,11 @@ int main(int argc, char* argv[]) {
                        stdout);
         return app::BadRequest;
     }
-    std::signal(SIGINT, [](int) { g_StopAsked = 1; });
-    std::signal(SIGTERM, [](int) { g_StopAsked = 1; });
+    const app::EndSignals ending([] { g_StopAsked = true; });
     if (parsed.options->simulate) {
         app::SimulatedLine line(*parsed.options->simulate);
-        return Run(application, *parsed.options, line);
+        return RunToEnd(application, *parsed.options, line);
     }
-    app::RealLine line({parsed.options->port}, true);
-    return Run(application, *parsed.options, line);
+    app::RealLine line({parsed.options->port}, PortScope::Given);
+    return RunToEnd(application, *parsed.options, line);
 }

@@ -1,6 +1,10 @@
 // qor-sim: a simulated analyser on a pseudo-terminal.
 
+#include "platform/visa/hislip_link.h"
+#include "platform/visa/rpc_client.h"
+#include "sim/analyser.h"
 #include "sim/line.h"
+#include "sim/scpi_host.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,6 +15,8 @@
 #include <ctime>
 #include <fcntl.h>
 #include <getopt.h>
+#include <memory>
+#include <optional>
 #include <poll.h>
 #include <string>
 #include <sys/stat.h>
@@ -21,6 +27,7 @@
 namespace {
 
 using namespace qor::sim;
+namespace visa = qor::visa;
 
 constexpr int ExitFailure = 1;
 constexpr int ExitBadArguments = 4;
@@ -31,6 +38,12 @@ struct Options {
     InstrumentConfig instrument;
     std::vector<Fault> faults;
     std::string link;
+    struct Receiver {
+        ReceiverKind kind;
+        std::uint16_t port; ///< of its raw socket, 0 for any free one
+    };
+    std::optional<Receiver> receiver;
+    std::vector<ReceiverFault> receiverFaults;
 };
 
 /// A pseudo-terminal whose far side is the host's serial port.
@@ -100,16 +113,21 @@ std::int64_t NowUs() {
 }
 
 void PrintHelp() {
-    std::puts("Usage: qor-sim [OPTION]...\n"
-              "A simulated analyser on a pseudo-terminal. The first line printed is its path.\n\n"
-              "  --model MODEL     model, default RT-DB22\n"
-              "  --firmware X.Y    1.8 to 6.9, or ev1.0 to ev9.9; default 6.2\n"
-              "  --serial TEXT     serial number, 1 to 11 characters; default SIM01\n"
-              "  --link PATH       also make a symbolic link to the pseudo-terminal\n"
-              "  --fault KIND[:N]  order a fault; may be given several times\n"
-              "  --seed N          another device under test and other noise; default 1\n"
-              "  --help            this text\n"
-              "  --version         the version\n\nModels:");
+    std::puts(
+        "Usage: qor-sim [OPTION]...\n"
+        "A simulated analyser on a pseudo-terminal. The first line printed is its path.\n\n"
+        "  --model MODEL     model, default RT-DB22\n"
+        "  --firmware X.Y    1.8 to 6.9, or ev1.0 to ev9.9; default 6.2\n"
+        "  --serial TEXT     serial number, 1 to 11 characters; default SIM01\n"
+        "  --link PATH       also make a symbolic link to the pseudo-terminal\n"
+        "  --fault KIND[:N]  order a fault; may be given several times\n"
+        "  --analyser PORT   also a spectrum analyser: SCPI on this TCP port (0: any free one), HiSLIP, "
+        "VXI-11\n"
+        "  --sensor[=PORT]   also a power sensor, in the same way\n"
+        "  --receiver-fault KIND[:N]  silence, garbage or cut after N messages; late: answers N ms later\n"
+        "  --seed N          another device under test and other noise; default 1\n"
+        "  --help            this text\n"
+        "  --version         the version\n\nModels:");
     for (const ModelHardware& model : Models)
         std::printf("  %s\n", std::string(model.name).c_str());
     std::puts("\nFaults (N is 0 unless it says otherwise; an error reply, endless and unplug happen once):");
@@ -123,14 +141,37 @@ void PrintHelp() {
     std::exit(ExitBadArguments);
 }
 
+std::uint16_t PortIn(const char* text) {
+    char* end = nullptr;
+    const unsigned long port = std::strtoul(text, &end, 10);
+    if (*text < '0' || *text > '9' || *end || port > 65535)
+        Refuse(std::string("not a TCP port: ") + text);
+    return static_cast<std::uint16_t>(port);
+}
+
 Options ParseArguments(int argc, char** argv) {
-    enum Option { Model = 1, FirmwareText, Serial, Link, FaultText, Seed, Help, Version };
+    enum Option {
+        Model = 1,
+        FirmwareText,
+        Serial,
+        Link,
+        FaultText,
+        Seed,
+        Analyser,
+        Sensor,
+        ReceiverFaultText,
+        Help,
+        Version
+    };
     static constexpr option Long[] = {{"model", required_argument, nullptr, Model},
                                       {"firmware", required_argument, nullptr, FirmwareText},
                                       {"serial", required_argument, nullptr, Serial},
                                       {"link", required_argument, nullptr, Link},
                                       {"fault", required_argument, nullptr, FaultText},
                                       {"seed", required_argument, nullptr, Seed},
+                                      {"analyser", required_argument, nullptr, Analyser},
+                                      {"sensor", optional_argument, nullptr, Sensor},
+                                      {"receiver-fault", required_argument, nullptr, ReceiverFaultText},
                                       {"help", no_argument, nullptr, Help},
                                       {"version", no_argument, nullptr, Version},
                                       {nullptr, 0, nullptr, 0}};
@@ -163,6 +204,17 @@ Options ParseArguments(int argc, char** argv) {
                 Refuse(std::string("not a seed: ") + optarg);
             break;
         }
+        case Analyser:
+        case Sensor:
+            options.receiver = {found == Analyser ? ReceiverKind::Analyser : ReceiverKind::Nrp,
+                                PortIn(optarg ? optarg : "0")};
+            break;
+        case ReceiverFaultText:
+            if (const auto fault = ParseReceiverFault(optarg))
+                options.receiverFaults.push_back(*fault);
+            else
+                Refuse(std::string("unknown fault of a receiver: ") + optarg);
+            break;
         case Help:
             PrintHelp();
             std::exit(0);
@@ -218,16 +270,48 @@ void Pull(Pty& pty, const std::string& link) {
     pty.Close();
 }
 
-/// Waits until the host writes, the line's next event is due or a signal has come; true when there is input.
-bool Wait(const Pty& pty, const Line& line, const sigset_t& signals) {
-    pollfd input{pty.Fd(), POLLIN, 0}; // a closed one is passed over by the poll
-    timespec timeout{};
-    const auto next = line.NextEventUs();
-    if (next) {
-        const std::int64_t us = std::max<std::int64_t>(0, *next - NowUs());
-        timeout = {static_cast<time_t>(us / 1'000'000), static_cast<long>(us % 1'000'000 * 1000)};
+/// The external receiver beside the instrument and the protocols it is reached by.
+struct ServedReceiver {
+    ServedReceiver(const Options& options, const Instrument& instrument)
+        : receiver(options.receiver->kind, instrument, options.instrument.seed), host(receiver) {
+        for (const ReceiverFault& fault : options.receiverFaults)
+            receiver.Add(fault);
     }
-    return ppoll(&input, 1, next ? &timeout : nullptr, &signals) > 0;
+
+    /// Listens and prints the addresses; false when the port that was asked for cannot be had.
+    [[nodiscard]] bool Listen(std::uint16_t port) {
+        const std::uint16_t socketPort = host.ListenSocket(port);
+        if (socketPort == 0) {
+            std::fprintf(stderr, "qor-sim: TCP port %u cannot be used: %s\n", port, std::strerror(errno));
+            return false;
+        }
+        std::printf("TCPIP0::127.0.0.1::%u::SOCKET\n", socketPort);
+        const std::uint16_t usual = host.ListenHislip(visa::HislipPort);
+        if (const std::uint16_t hislip = usual != 0 ? usual : host.ListenHislip(0); hislip != 0)
+            std::printf("TCPIP0::127.0.0.1::hislip0,%u::INSTR\n", hislip);
+        if (host.ListenVxi11(visa::PortMapperPort) != 0) // only where the port mapper's own port may be taken
+            std::puts("TCPIP0::127.0.0.1::inst0::INSTR");
+        std::fflush(stdout);
+        return true;
+    }
+
+    Receiver receiver;
+    ScpiHost host;
+};
+
+/// Waits until somebody writes, the line's next event is due or a signal has come; true when the host has
+/// written.
+bool Wait(const Pty& pty, const Line& line, const ServedReceiver* receiver, const sigset_t& signals) {
+    std::vector<pollfd> files{{pty.Fd(), POLLIN, 0}}; // a closed one is passed over by the poll
+    std::int64_t us = line.NextEventUs() ? std::max<std::int64_t>(0, *line.NextEventUs() - NowUs()) : -1;
+    if (receiver) {
+        receiver->host.Watch(files);
+        if (const int due = receiver->host.DueInMs(); due >= 0 && (us < 0 || us > due * 1000))
+            us = due * 1000;
+    }
+    const timespec timeout{static_cast<time_t>(us / 1'000'000), static_cast<long>(us % 1'000'000 * 1000)};
+    return ppoll(files.data(), files.size(), us >= 0 ? &timeout : nullptr, &signals) > 0 &&
+           files[0].revents != 0;
 }
 
 int Serve(const Options& options, const sigset_t& signals) {
@@ -236,6 +320,7 @@ int Serve(const Options& options, const sigset_t& signals) {
     for (const Fault fault : options.faults)
         line.Add(fault);
     Pty pty;
+    std::unique_ptr<ServedReceiver> receiver;
     while (!g_Stop) {
         const std::int64_t nowUs = NowUs();
         const std::string bytes = line.TakeDelivered(nowUs);
@@ -246,7 +331,17 @@ int Serve(const Options& options, const sigset_t& signals) {
             return ExitFailure;
         if (pty.IsOpen())
             pty.Write(bytes);
-        if (!Wait(pty, line, signals))
+        if (options.receiver && !receiver) { // behind the pseudo-terminal, whose path is the first line
+            receiver = std::make_unique<ServedReceiver>(options, instrument);
+            if (!receiver->Listen(options.receiver->port)) {
+                Pull(pty, options.link);
+                return ExitFailure;
+            }
+        }
+        const bool written = Wait(pty, line, receiver.get(), signals);
+        if (receiver)
+            receiver->host.Serve();
+        if (!written)
             continue;
         char buffer[1024];
         const ssize_t count = read(pty.Fd(), buffer, sizeof buffer);

@@ -46,6 +46,11 @@ struct FrequencyPlan {
     bool operator==(const FrequencyPlan&) const = default;
 };
 
+/// Order number of an order index: 3, 5, 7, 9, 11.
+[[nodiscard]] constexpr int OrderOf(int imIndex) {
+    return 2 * imIndex + 1;
+}
+
 /// Coefficients of the intermodulation product of an order index (1 IM3 to 5 IM11): index + 1 and index.
 struct ImCoefficients {
     int high = 2;

@@ -1,5 +1,5 @@
 #include "bands/catalogue.h"
-#include "link/firmware.h"
+#include "base/firmware.h"
 
 #include <array>
 #include <limits>

@@ -156,8 +156,7 @@ std::optional<FrequencyPlan> DefaultPlan(int band, int imIndex, int bridge) {
 }
 
 std::optional<FrequencyPlan> StartPlan(int band, int imIndex, int bridge) {
-    const bool asIm3 = band == BandUmts && imIndex == 5;
-    return FindPlan(PlanSource::Start, band, asIm3 ? 1 : imIndex, bridge);
+    return FindPlan(PlanSource::Start, band, imIndex, bridge);
 }
 
 std::optional<FrequencyPlan> ActivationPlan(int band, int imIndex, int bridge) {

@@ -64,7 +64,7 @@ inline constexpr std::string_view NoBandText = "Nichts Breite Selektiert";
 /// Default plan that the setup pages, a start and a saved file fall back on. `bridge` is 1 for an
 /// instrument with a 3-dB bridge, else 0. Nothing when the band has no row for the order (index 1 to 5).
 [[nodiscard]] std::optional<FrequencyPlan> DefaultPlan(int band, int imIndex, int bridge);
-/// Built-in plan of a measurement start: the default one but for DIG-DIV, and UMTS at IM11.
+/// Built-in plan of a measurement start: the default one but for DIG-DIV.
 [[nodiscard]] std::optional<FrequencyPlan> StartPlan(int band, int imIndex, int bridge);
 /// Built-in plan of band activation; its step is 1 MHz in all rows.
 [[nodiscard]] std::optional<FrequencyPlan> ActivationPlan(int band, int imIndex, int bridge);

@@ -1,7 +1,7 @@
 #include "bands/plan_check.h"
 
 #include "bands/catalogue.h"
-#include "core/text_format.h"
+#include "base/text_format.h"
 
 #include <algorithm>
 #include <optional>

@@ -26,8 +26,7 @@ constexpr unsigned Start = static_cast<unsigned>(PlanSource::Start);
 constexpr unsigned Activation = static_cast<unsigned>(PlanSource::Activation);
 constexpr unsigned Everyone = Setup | Start | Activation;
 
-// UMTS at IM11 has no row for a start, which takes the one of IM3. DIG-DIV is run with other frequencies than
-// its setup pages offer.
+// DIG-DIV is run with other frequencies than its setup pages offer.
 //
 // Columns: who, band, order; f1, f2; f1 from, to, f2 held at; f2 from, to, f1 held at.
 constexpr PlanRow PlanRows[] = {
@@ -55,7 +54,7 @@ constexpr PlanRow PlanRows[] = {
     {Everyone, BandUmts, 2, 2110, 2170, 2110, {2130, 3}, 2170, 2170, {2150, -15}, 2110},
     {Everyone, BandUmts, 3, 2110, 2170, 2110, {2130, 12}, 2170, 2170, {2150, -23}, 2110},
     {Everyone, BandUmts, 4, 2120, 2170, 2120, {2130, 18}, 2170, 2157, {2150, -27}, 2110},
-    {Setup | Activation, BandUmts, 5, 2130, 2170, 2129, {2151, 12}, 2170, 2148, {2120, -23}, 2110},
+    {Everyone, BandUmts, 5, 2130, 2170, 2129, {2151, 12}, 2170, 2148, {2120, -23}, 2110},
     {Everyone, BandPcs, 1, 1930, 1990, 1930, {1950}, 1990, 1990, {1972, -22}, 1930},
     {Everyone, BandPcs, 2, 1944, 1990, 1944, {1950, 13}, 1990, 1990, {1972, -2}, 1950},
     {Everyone, BandPcs, 3, 1950, 1980, 1942, {1950, 6}, 1972, 1983, {1972, -8}, 1950},

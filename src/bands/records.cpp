@@ -1,22 +1,9 @@
 #include "bands/records.h"
 
-#include "bands/tenths.h"
-
-#include <cmath>
-#include <limits>
+#include "base/setup_store.h"
+#include "base/tenths.h"
 
 namespace qor {
-
-std::vector<float> ParseTenths(std::string_view text, std::size_t maxValues) {
-    constexpr std::size_t GroupLength = 5;
-    std::vector<float> values;
-    for (std::size_t at = 0; at < text.size() && values.size() < maxValues; at += GroupLength) {
-        const double value = NumberIn(text.substr(at, GroupLength)) / 10.0;
-        values.push_back(std::abs(value) <= std::numeric_limits<float>::max() ? static_cast<float>(value)
-                                                                              : 0.0f);
-    }
-    return values;
-}
 
 PowerSetting ParsePower(std::span<const float> values) {
     PowerSetting power;
@@ -46,6 +33,31 @@ std::string PlanRecord(const FrequencyPlan& plan) {
     for (const PlanValue value : PlanStoreOrder)
         text += TenthsText(static_cast<double>(plan.*value));
     return text;
+}
+
+std::string PowerStoreName(std::string_view prefix) {
+    return std::string(prefix) + "pow_setup.ccz";
+}
+
+std::string PlanStoreName(std::string_view prefix, int imIndex) {
+    return std::string(prefix) + "im" + std::to_string(2 * imIndex + 1) + "_setup.ccz";
+}
+
+std::string DefaultPlanStoreName(std::string_view prefix, int imIndex) {
+    return std::string(prefix) + "im" + std::to_string(2 * imIndex + 1) + "_setup_default.ccz";
+}
+
+PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix) {
+    return ParsePower(store.ReadTenths(PowerStoreName(prefix), 2));
+}
+
+std::optional<FrequencyPlan> ReadPlanStore(SetupStore& store, std::string_view prefix, int imIndex) {
+    return ParsePlan(store.ReadTenths(PlanStoreName(prefix, imIndex), 9));
+}
+
+float ReadTdScdmaAF1(SetupStore& store) {
+    const auto text = store.Read("tdb_f1.ccz", 6);
+    return text && !text->empty() ? static_cast<float>(NumberIn(*text)) : 2020.0f;
 }
 
 } // namespace qor

@@ -8,9 +8,10 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace qor {
+
+class SetupStore;
 
 /// Stored tone powers of a band in tenths of dBm, five digits each.
 struct PowerSetting {
@@ -18,9 +19,6 @@ struct PowerSetting {
     std::string tone2 = "00430";
 };
 
-/// Groups of five characters, each a number divided by 10, at most maxValues of them. A last group of fewer
-/// than five characters counts as a group; what is no number reads as 0.
-[[nodiscard]] std::vector<float> ParseTenths(std::string_view text, std::size_t maxValues);
 /// Powers of tone 1 and 2 in dBm, 43.0 for one that is missing.
 [[nodiscard]] PowerSetting ParsePower(std::span<const float> values);
 
@@ -40,5 +38,20 @@ inline constexpr std::array<PlanValue, 9> PlanStoreOrder = {
 [[nodiscard]] std::optional<FrequencyPlan> ParsePlan(std::span<const float> values);
 /// What a store holds of a plan: nine groups of five digits.
 [[nodiscard]] std::string PlanRecord(const FrequencyPlan& plan);
+
+/// `<prefix>pow_setup.ccz`
+[[nodiscard]] std::string PowerStoreName(std::string_view prefix);
+/// `<prefix>im<order>_setup.ccz`
+[[nodiscard]] std::string PlanStoreName(std::string_view prefix, int imIndex);
+/// `<prefix>im<order>_setup_default.ccz`: the plan that "Standard" falls back on, where somebody saved one
+[[nodiscard]] std::string DefaultPlanStoreName(std::string_view prefix, int imIndex);
+
+/// The band's power store: 43.0 dBm for what it does not hold.
+[[nodiscard]] PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix);
+/// The band's plan store of an order. One that holds no usable plan counts as none and is left as it is.
+[[nodiscard]] std::optional<FrequencyPlan> ReadPlanStore(SetupStore& store, std::string_view prefix,
+                                                         int imIndex);
+/// f1 of TD-SCDMA-A from `tdb_f1.ccz`, 2020.0 MHz when it holds nothing.
+[[nodiscard]] float ReadTdScdmaAF1(SetupStore& store);
 
 } // namespace qor

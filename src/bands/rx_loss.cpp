@@ -1,6 +1,6 @@
 #include "bands/rx_loss.h"
 
-#include "bands/tenths.h"
+#include "base/tenths.h"
 
 namespace qor {
 

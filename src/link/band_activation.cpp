@@ -1,17 +1,13 @@
 #include "link/band_activation.h"
 
 #include "bands/catalogue.h"
-#include "bands/setup_store.h"
-#include "bands/tenths.h"
-#include "bands/working_plan.h"
-#include "core/session.h"
-#include "core/text_format.h"
-#include "display/curve_store.h"
+#include "bands/records.h"
+#include "base/setup_store.h"
+#include "base/tenths.h"
+#include "link/command_queue.h"
 #include "link/commands.h"
 #include "link/firmware.h"
-#include "measure/inter_band.h"
-#include "platform/operator.h"
-#include "platform/platform.h"
+#include "link/working_set.h"
 
 namespace qor {
 
@@ -19,142 +15,89 @@ namespace {
 
 constexpr int HighestTenths = 460; ///< 46.0 dBm
 
+/// A band that takes part in band activation; null for the others.
+const BandInfo* ActiveBand(int number) {
+    const BandInfo* const band = FindBand(number);
+    return band && band->number != BandWifi ? band : nullptr;
+}
+
 } // namespace
 
-BandActivation::BandActivation(Session& session, const Platform& platform, SetupStore& store)
-    : m_Session(session), m_Platform(platform), m_Store(store) {}
+bool BandActivation::TakesPart(int band) {
+    return ActiveBand(band) != nullptr;
+}
 
-bool BandActivation::HardBandInit(bool keepCurve) {
-    PlanState& plan = m_Session.plan;
-    const BandInfo* band = FindBand(m_Session.select.m_BandId);
-    const bool wide = m_Session.link.m_Type == "RT-DB22" || m_Session.link.m_Type == "RT-L027";
-    plan.m_calF1Delta = plan.m_calF2Delta = wide ? 2 : 1;
-    if (!m_Session.interBand.g_bInterBand)
-        m_Session.curve.g_SweepStep = 1.0f;
-    if (!band || band->number == BandWifi)
-        return m_Session.select.m_BandId != BandNone; // nothing to set, and the others can still be chosen
+std::string BandActivation::PowerCommand(std::string_view command, std::string_view stored,
+                                         std::string_view compensation) {
+    const double dBm = NumberIn(stored) / 10.0 + NumberIn(compensation);
+    if (ToTenths(dBm) > HighestTenths)
+        return {};
+    return std::string(command) + TenthsText(dBm).substr(0, 5);
+}
 
-    TakeLimits();
+bool BandActivation::PowersFit() const {
+    const BandInfo* const band = ActiveBand(m_Working.Band());
+    if (!band)
+        return true;
     const PowerSetting power = ReadPowerStore(m_Store, band->prefix);
-    plan.strpow1 = power.tone1;
-    plan.strpow2 = power.tone2;
-    TakeFrequencies(band->prefix);
-    if (FirmwareFrom(m_Session.link.FirmVersion, 35))
-        m_Session.link.queue.Append("#RECUT1");
-    if (!QueuePower("#SPWA", plan.strpow1, plan.m_power1_compensation,
-                    "f1The maximum value cannot be greater than 46dbm") ||
-        !QueuePower("#SPWB", plan.strpow2, plan.m_power2_compensation,
-                    "f2The maximum value cannot be greater than 46dbm"))
-        return false;
-    if (!keepCurve)
-        ResetPlot();
-    return true;
+    return !PowerCommand(command::Power1, power.tone1, m_Working.Compensation1()).empty() &&
+           !PowerCommand(command::Power2, power.tone2, m_Working.Compensation2()).empty();
 }
 
-void BandActivation::TakeLimits() {
-    PlanState& plan = m_Session.plan;
-    const auto limits = LimitsOf(m_Session.select.m_BandId, plan.g_bridge3dB);
-    if (!limits)
-        return;
-    plan.m_calF1Start = limits->f1From;
-    plan.m_calF1Stop = limits->f1To;
-    plan.m_calF2Start = limits->f2From;
-    plan.m_calF2Stop = limits->f2To;
-    plan.g_TxLow = limits->txLow;
-    plan.g_TxHigh = limits->txHigh;
-    plan.g_RxLow = limits->rxLow;
-    plan.g_RxHigh = limits->rxHigh;
-    plan.m_rxCalF1 = std::to_string(limits->txLow);
-    plan.m_rxCalF2 = std::to_string(limits->txHigh);
+Outcome BandActivation::Activate(float firmware) {
+    m_HasOrder = true;
+    if (!m_Working.InterBand())
+        m_Working.SetStep(1.0f);
+    const BandInfo* const band = ActiveBand(m_Working.Band());
+    if (!band) // nothing to set, and the others can still be chosen
+        return m_Working.Band() != BandNone ? Outcome::Done() : Outcome::Refused({});
+    m_Working.SetPower(ReadPowerStore(m_Store, band->prefix));
+    TakeFrequencies(band->number, band->prefix);
+    if (HasRecut(firmware))
+        m_Queue.Append(command::SettingsLoaded);
+    const std::string power1 = PowerCommand(command::Power1, m_Working.Power1(), m_Working.Compensation1());
+    if (power1.empty())
+        return Outcome::Refused("f1The maximum value cannot be greater than 46dbm");
+    m_Queue.Append(power1);
+    const std::string power2 = PowerCommand(command::Power2, m_Working.Power2(), m_Working.Compensation2());
+    if (power2.empty())
+        return Outcome::Refused("f2The maximum value cannot be greater than 46dbm");
+    m_Queue.Append(power2);
+    return Outcome::Done();
 }
 
-void BandActivation::TakeFrequencies(std::string_view prefix) {
-    PlanState& plan = m_Session.plan;
-    const int band = m_Session.select.m_BandId;
-    if (const InterBandState& inter = m_Session.interBand; inter.g_bInterBand) {
-        // Its plan belongs to no order of the band and stays in force.
-        const ImCoefficients c = InterBandCoefficients(InterBandOrder(inter));
-        plan.g_IMCoefHigh = c.high;
-        plan.g_IMCoefLow = c.low;
+void BandActivation::TakeFrequencies(int band, std::string_view prefix) {
+    if (const auto& product = m_Working.InterBand()) {
+        m_Working.SetCoefficients(*product);
         return;
     }
-    const int imIndex = m_Session.select.m_IMIndex;
-    const ImCoefficients c = CoefficientsOf(imIndex);
-    plan.g_IMCoefHigh = c.high;
-    plan.g_IMCoefLow = c.low;
+    const int imIndex = m_Working.ImIndex();
+    m_Working.SetCoefficients(CoefficientsOf(imIndex));
     if (band == BandTdScdmaA) {
-        plan.g_f1 = ReadTdScdmaAF1(m_Store);
-        plan.g_f2 = 2025.0f;
+        m_Working.SetTones(ReadTdScdmaAF1(m_Store), 2025.0f);
         return; // measured at these two tones only
     }
-    if (const auto builtIn = ActivationPlan(band, imIndex, plan.g_bridge3dB))
-        SetWorkingPlan(m_Session, *builtIn);
-    else
-        m_Platform.user.Message("Not Supported");
-
-    const auto stored = ReadPlanStore(m_Store, prefix, imIndex);
-    if (!stored)
-        return; // the built-in values reach the instrument with the first run
-    SetWorkingPlan(m_Session, *stored);
-    CommandQueue& queue = m_Session.link.queue;
-    queue.Append(WithTenths("#SFA", stored->f1));
-    queue.Append(WithTenths("#SFB", stored->f2));
-    queue.Append(WithTenths("#SSA", stored->f1Start));
-    queue.Append(WithTenths("#SSB", stored->f2Start));
-    queue.Append(WithTenths("#STA", stored->f1Stop));
-    queue.Append(WithTenths("#STB", stored->f2Stop));
-    queue.Append(WithTenths("#SWA", stored->step));
+    const auto builtIn = ActivationPlan(band, imIndex, m_Working.Bridge());
+    m_HasOrder = builtIn.has_value();
+    if (builtIn)
+        m_Working.SetPlan(*builtIn);
+    if (const auto stored = ReadPlanStore(m_Store, prefix, imIndex)) {
+        m_Working.SetPlan(*stored);
+        QueuePlan();
+    }
 }
 
-bool BandActivation::QueuePower(std::string_view command, const std::string& stored,
-                                const std::string& compensation, std::string_view refusal) {
-    const double dBm = NumberIn(stored) / 10.0 + NumberIn(compensation);
-    if (ToTenths(dBm) > HighestTenths) {
-        m_Platform.user.Message(refusal);
-        return false;
-    }
-    m_Session.link.queue.Append(std::string(command) + TenthsText(dBm).substr(0, 5));
-    return true;
-}
-
-void BandActivation::ResetPlot() {
-    CurveState& curve = m_Session.curve;
-    const PlanState& plan = m_Session.plan;
-    Panel& panel = m_Session.panel;
-    const int band = m_Session.select.m_BandId;
-    const FrequencyPlan working = WorkingPlan(m_Session);
-    const ImCoefficients c{plan.g_IMCoefHigh, plan.g_IMCoefLow};
-    float imFrequency = 0;
-
-    curve.g_MeasVerdict = VerdictNone;
-    curve.g_shownRun = 0;
-    panel.m_ReadingText.clear();
-    switch (m_Session.run.g_TestMode) {
-    case ModeTwoTone:
-        panel.m_f1_text = Fixed(plan.g_f1, 1);
-        panel.m_f2_text = Fixed(plan.g_f2, 1);
-        curve.g_pxPerStep = 0;
-        curve.StoreDataPot = 0;
-        imFrequency = ImFrequency(band, c, plan.g_f1, plan.g_f2);
-        UpdateTimePerPoint(curve, m_Session.receiver.tagReceiver == 1);
-        break;
-    case ModeSweep:
-        panel.m_f1_text = Fixed(plan.g_f1Start, 1);
-        panel.m_f2_text = Fixed(plan.g_f2Fix, 1);
-        BuildGridInForce(m_Session, band);
-        imFrequency = ImFrequency(band, c, plan.g_f1Start, plan.g_f2Fix);
-        break;
-    default:
-        panel.m_f1_text = Fixed(plan.g_f1Start, 1);
-        panel.m_f2_text = Fixed(plan.g_f2Fix, 1);
-        BuildSpectrumGrid(curve, band, working);
-        imFrequency = ImFrequency(band, {2, 1}, plan.g_f1Start, plan.g_f2Fix);
-        break;
-    }
-    ClearLevels(curve);
-    m_Session.link.queue.ClearParams();
-    panel.m_fIM_text = Fixed(imFrequency, 1);
-    curve.g_curveDirty = 1;
+/// Built-in values reach the instrument with the first run.
+void BandActivation::QueuePlan() {
+    const FrequencyPlan& plan = m_Working.Plan();
+    const std::pair<std::string_view, float> values[] = {
+        {command::Frequency1, plan.f1},       {command::Frequency2, plan.f2},
+        {command::SweepStart1, plan.f1Start}, {command::SweepStart2, plan.f2Start},
+        {command::SweepStop1, plan.f1Stop},   {command::SweepStop2, plan.f2Stop},
+        {command::SweepStep, plan.step},
+    };
+    for (const auto& [command, mhz] : values)
+        m_Queue.Append(WithTenths(command, static_cast<double>(mhz)));
 }
 
 } // namespace qor

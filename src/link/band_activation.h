@@ -1,37 +1,47 @@
 #pragma once
 
-#include "bands/band.h"
+#include "base/outcome.h"
 
 #include <string>
 #include <string_view>
 
 namespace qor {
 
+class CommandQueue;
 class SetupStore;
-struct Platform;
-struct Session;
+class WorkingSet;
 
 /// Makes the selected band and order the working set: frequencies and powers from the stores or the built-in
-/// tables, the settings queued for the instrument, the frequency axis of the plot.
+/// tables, and the settings queued for the instrument.
 class BandActivation {
 public:
-    BandActivation(Session& session, const Platform& platform, SetupStore& store);
+    BandActivation(WorkingSet& working, CommandQueue& queue, SetupStore& store)
+        : m_Working(working), m_Queue(queue), m_Store(store) {}
 
-    /// With `keepCurve` the plot stays as it is: a run that a lost line cut short can still be saved.
-    /// A band without a plan sets nothing. False when there is no band or a tone is above 46.0 dBm with its
-    /// compensation: the initialisation chain stops there.
-    bool HardBandInit(bool keepCurve);
+    /// `firmware` decides what the instrument understands. Refused when there is no band, or, in words, when
+    /// a tone is above 46.0 dBm with its compensation: the initialisation chain stops there. A band without a
+    /// plan sets nothing.
+    Outcome Activate(float firmware);
+    /// Neither tone is above 46.0 dBm with its compensation, by what the store holds now.
+    [[nodiscard]] bool PowersFit() const;
+    /// What is said to an operator whose order the band does not have.
+    [[nodiscard]] bool HasOrder() const { return m_HasOrder; }
+
+    /// Wifi and positions that carry nothing take no part in it.
+    [[nodiscard]] static bool TakesPart(int band);
+    /// "#SPWA" or "#SPWB" with a stored power, tenths of dBm, and the compensation in dB; empty above 46.0
+    /// dBm.
+    [[nodiscard]] static std::string PowerCommand(std::string_view command, std::string_view stored,
+                                                  std::string_view compensation);
 
 private:
-    void TakeLimits();
-    void TakeFrequencies(std::string_view prefix);
-    [[nodiscard]] bool QueuePower(std::string_view command, const std::string& stored,
-                                  const std::string& compensation, std::string_view refusal);
-    void ResetPlot();
+    void TakeFrequencies(int band, std::string_view prefix);
+    void QueuePlan();
 
-    Session& m_Session;
-    const Platform& m_Platform;
+    WorkingSet& m_Working;
+    CommandQueue& m_Queue;
     SetupStore& m_Store;
+    bool m_HasOrder = true;
 };
 
 } // namespace qor

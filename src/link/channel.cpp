@@ -1,16 +1,11 @@
 #include "link/channel.h"
 
-#include "bands/tenths.h"
-#include "core/run_control.h"
-#include "core/session.h"
-#include "core/text_format.h"
-#include "core/timer_ids.h"
-#include "display/curve_store.h"
 #include "link/commands.h"
+#include "link/firmware.h"
+#include "link/run_control.h"
 #include "platform/clock.h"
-#include "platform/platform.h"
+#include "platform/port_list.h"
 #include "platform/serial_control.h"
-#include "platform/timers.h"
 
 namespace qor {
 
@@ -22,12 +17,20 @@ constexpr int SendPauseMs = 9;
 constexpr int ChainPatience = 500;
 /// Time after which a line that brings bytes but never the reply's text counts as silent.
 constexpr int DeafMs = 5000;
+/// Ticks of the wait after which an open reply counts as complete, and after which silence is a loss.
+constexpr int OpenTicks = 2;
+constexpr int SilentTicks = 5;
+/// An echo that never comes is not asked for without end.
+constexpr int MostOffTries = 3;
 
 } // namespace
 
-Channel::Channel(Session& session, const Platform& platform, ChannelEvents& events, RunControl& run)
-    : m_Session(session), m_Platform(platform), m_Events(events), m_Run(run) {
-    session.link.queue.SetOnFirst([this] {
+Channel::Channel(LinkState& link, const LinkParts& parts, RunMark& mark, LinkEvents& events, RunControl& run)
+    : m_Link(link), m_Parts(parts), m_Mark(mark), m_Events(events), m_Run(run),
+      m_SendTimer(parts.timers, commsendtimer, [this] { OnSendTimer(); }),
+      m_WaitTimer(parts.timers, WaitCommTimer, [this] { OnWaitTimer(); }),
+      m_StatusTimer(parts.timers, settingchecktimer, [this] { OnStatusTimer(); }) {
+    link.queue.SetOnFirst([this] {
         if (m_Resting)
             Start();
     });
@@ -35,167 +38,181 @@ Channel::Channel(Session& session, const Platform& platform, ChannelEvents& even
 
 void Channel::Start() {
     m_Resting = false;
-    m_Platform.timers.SetTimer(commsendtimer, SendPeriod);
+    m_SendTimer.Start(SendPeriod);
 }
 
 void Channel::Stop() {
     m_Resting = false;
-    m_Platform.timers.KillTimer(commsendtimer);
+    m_SendTimer.Stop();
 }
 
 /// An idle line needs no hundred ticks a second: the next command that is queued wakes the timer.
 void Channel::RestWhenIdle() {
-    const LinkState& link = m_Session.link;
-    const RunState& run = m_Session.run;
-    if (!link.queue.Empty() || link.tagCommPend != 0 || link.g_bInitFlush || run.runOn ||
-        run.g_SweepPhase != PhaseIdle)
+    if (!LineIsIdle(m_Link) || m_Link.chain.IsUnderWay() || m_Run.IsRunOn())
         return;
-    m_Platform.timers.KillTimer(commsendtimer);
+    m_SendTimer.Stop();
     m_Resting = true;
 }
 
 void Channel::Reset() {
-    LinkState& link = m_Session.link;
-    link.tagtemp = 0;
-    link.tagCommPend = 0;
-    link.CommPendCt = 0;
-    link.firstSendMs = 0;
-    link.queue.Clear();
+    m_Link.transaction.Reset();
+    m_FirstSendMs = 0;
+    m_LevelOwed = false;
+    m_Link.queue.Clear();
+}
+
+void Channel::BeginConversation() {
+    RememberDebt();
+    Reset();
+    m_Link.transaction.Text().clear();
+    m_Link.given.Forget();
+    m_Binary = false;
+    m_FirstSendArmed = true;
+    m_LevelsExpected = false;
+    Start();
 }
 
 void Channel::ArmStatusPoll() {
-    LinkState& link = m_Session.link;
-    if (!link.TagSettingcheck)
+    if (!TagSettingcheck)
         return;
-    link.TagSettingcheck = false;
-    m_Platform.timers.SetTimer(settingchecktimer, StatusPollPeriod);
+    TagSettingcheck = false;
+    m_StatusTimer.Start(StatusPollPeriod);
 }
 
 void Channel::PauseStatusPoll() {
-    m_Session.link.TagSettingcheck = true;
-    m_Platform.timers.KillTimer(settingchecktimer);
+    TagSettingcheck = true;
+    m_StatusTimer.Stop();
 }
 
 void Channel::ReopenBinary() {
-    CMSComm& comm = m_Platform.comm;
-    comm.SetPortOpen(false);
-    comm.SetInputMode(CommInputMode::Binary);
-    comm.SetPortOpen(true);
+    m_Parts.comm.SetPortOpen(false);
+    m_Parts.comm.SetInputMode(CommInputMode::Binary);
+    m_Parts.comm.SetPortOpen(true);
+    m_Binary = true;
 }
 
 void Channel::ReopenText() {
-    CMSComm& comm = m_Platform.comm;
-    comm.SetPortOpen(false);
-    comm.SetInputMode(CommInputMode::Text);
-    comm.SetPortOpen(true);
+    m_Parts.comm.SetPortOpen(false);
+    m_Parts.comm.SetInputMode(CommInputMode::Text);
+    m_Parts.comm.SetPortOpen(true);
+    m_Binary = false;
 }
 
 void Channel::OnSendTimer() {
-    LinkState& link = m_Session.link;
-    if (link.tagCommPend != 0 || link.queue.Empty()) {
+    if (!m_Link.transaction.IsIdle() || m_Link.queue.Empty()) {
         m_Events.LineIdle();
         WatchChain();
+        SwitchOffWhenIdle();
         RestWhenIdle();
         return;
     }
     m_IdleTicks = 0;
-    const std::int64_t now = m_Platform.clock.TickMs();
-    if (link.TagWaitTimerIsKilled) {
+    const std::int64_t now = m_Parts.clock.TickMs();
+    if (m_Link.transaction.IsRecognised()) {
         m_DeafSinceMs = now; // the last reply was understood
     } else if (now - m_DeafSinceMs > DeafMs) {
-        LoseContact(true);
+        LoseContact();
         return;
     }
     m_Events.BeforeSend();
-    if (!link.queue.Empty())
+    if (!m_Link.queue.Empty())
         CommSend();
     // The next slot begins now: the pause before a send does not eat into it.
-    m_Platform.timers.SetTimer(commsendtimer, SendPeriod);
+    m_SendTimer.Start(SendPeriod);
 }
 
 void Channel::CommSend() {
-    LinkState& link = m_Session.link;
-    m_Platform.clock.Sleep(SendPauseMs);
-
-    CommandQueue::Entry& head = link.queue.Head();
-    if (head.text.starts_with("#WAITE")) {
-        if (head.text == "#WAITE0")
-            ReopenBinary();
-        else if (head.text == "#WAITE1")
-            ReopenText();
-        link.queue.RemoveHead();
+    m_Parts.clock.Sleep(SendPauseMs);
+    CommandQueue& queue = m_Link.queue;
+    Transaction& transaction = m_Link.transaction;
+    LineCommand& head = queue.Head();
+    if (TakePseudoCommand(head))
         return;
-    }
-    if (head.text == "#M2T1" || head.text == "#SPA1") {
-        std::string& row = m_Session.results.g_reportLines[ReportBand];
-        if (row.find(link.g_DeviceSN) == std::string::npos)
-            row += link.g_DeviceSN;
-    }
-    // Only at the end of the chain: a status poll that a late reply has armed must not cut it short.
-    if (link.g_bInitFlush && link.g_init >= InitSerial && head.text.starts_with("#SST")) {
-        EndOfChain();
-        return;
-    }
-    if (head.tag == TagSerialHigh)
-        ReopenBinary();
-    if (head.text == "#NULL") {
-        link.g_CurTag = head.tag;
-        link.g_CurParam = head.param;
-        link.queue.RemoveHead();
-        FinishTransaction();
+    if (SelectsPosition(head.text) && m_Link.carriers.MayBeOn() && !m_Run.IsRunOn()) {
+        LoseContact(); // the off commands before it were not echoed: no band is selected under carriers
         return;
     }
 
-    link.firstSendMs = link.firstSendArmed ? m_Platform.clock.TickMs() : 0;
-    link.firstSendArmed = false;
     const int tag = TagAsSent(head.tag);
-    ApplyMemoryPage(head.text, link.FirmVersion);
-    ReplyText(head.text, link.TagCurrentCommand);
-    link.tagCommPend = ReplyLength(head.text, tag) + PayloadReplyLength(head.text, tag);
-    link.g_CurParam = head.param;
-    link.g_CurTag = tag;
-    link.queue.RemoveHead(); // `head` keeps its text until the next append
-    if (head.text != "#SWEEP") {
-        link.CommPendCt = 0;
-        link.TagWaitTimerIsKilled = false;
-        m_Platform.timers.SetTimer(WaitCommTimer, WaitPeriod);
+    if (FormOf(tag) != ReplyForm::Text && !m_Binary)
+        ReopenBinary();
+    m_Bytes.clear();
+    m_FirstSendMs = m_FirstSendArmed ? m_Parts.clock.TickMs() : 0;
+    m_FirstSendArmed = false;
+    ApplyMemoryPage(head.text, m_Link.identity.Firmware());
+    const bool isAnswered = head.text != command::SweepFollows;
+    transaction.Begin(head, tag, isAnswered);
+    m_Refused = false;
+    m_LevelOwed = m_LevelsExpected && head.text == command::Level;
+    m_Link.given.Sent(head.text);
+    m_Link.carriers.Sent(head.text);
+    if (Carriers::SwitchesOn(head.text)) {
+        m_OffTries = 0;
+        m_Carrying = m_Link.identity;
+        if (!m_Mark.IsSet())
+            m_Mark.Set(m_Parts.ports.DeviceOf(m_Link.connection.LastPort()),
+                       m_Link.carriers.OffCommands().front());
     }
+    queue.RemoveHead(); // `head` keeps its text until the next append
+    if (isAnswered)
+        m_WaitTimer.Start(head.waitMs);
     Write(head.text, head.payload);
 }
 
+/// What stands in the queue and never goes out. True when the head was one of those.
+bool Channel::TakePseudoCommand(const LineCommand& head) {
+    // Only at the end of the chain: a status poll that a late reply has armed must not cut it short.
+    if (m_Link.chain.IsUnderWay() && m_Link.chain.IsPastBand() &&
+        head.text.starts_with(command::WriteStatus)) {
+        EndOfChain();
+        return true;
+    }
+    if (head.text.starts_with(command::Pause)) {
+        if (head.text == command::InputBinary)
+            ReopenBinary();
+        else if (head.text == command::InputText)
+            ReopenText();
+    } else if (head.text == command::End) {
+        m_Link.transaction.Pass(head);
+        GiveUp();
+    } else {
+        return false;
+    }
+    m_Link.queue.RemoveHead();
+    return true;
+}
+
 void Channel::EndOfChain() {
-    LinkState& link = m_Session.link;
-    link.tagtemp = 0;
-    link.tagCommPend = 0;
-    link.CommPendCt = 0;
-    link.queue.RemoveHead(); // what the operator has chosen since the lamp turned green waits behind it
-    // The grid of the band stays, the empty plot has its axis from it; and so does a run cut short by a lost
-    // line, it can still be saved.
-    if (!HoldsPoints(m_Session.curve))
-        m_Session.curve.g_MeasVerdict = VerdictNone;
-    link.g_bInitFlush = false;
-    if (link.g_InitLamp == LampNothing)
-        ArmStatusPoll(); // none of the echoes was understood: its reply releases the start button
+    if (m_Link.carriers.MayBeOn()) { // what it was owed was not echoed
+        LoseContact();
+        return;
+    }
+    m_Link.transaction.Reset();
+    m_Link.queue.RemoveHead(); // what the operator has chosen since the lamp turned green waits behind it
+    m_Link.chain.End();
+    SettleDebt();
+    ArmStatusPoll(); // an instrument that falls silent is noticed from now on
     m_Events.Initialised();
 }
 
 /// A step of the chain whose answer was spoilt queues nothing more and awaits nothing. The instrument is then
 /// looked for again, from its identity on: what is known of it may be spoilt, too.
 void Channel::WatchChain() {
-    LinkState& link = m_Session.link;
-    const bool noAnswer = link.g_init < InitBandText ||
-                          (link.g_init == InitBandText && m_Session.panel.m_Band_sel == NoBandText);
-    const bool waits = link.g_bInitFlush && noAnswer && link.tagCommPend == 0 && link.queue.Empty();
+    const Chain& chain = m_Link.chain;
+    const bool noAnswer =
+        chain.Step() < InitBandText ||
+        (chain.Step() == InitBandText && m_Link.position.Band() == BandNone && !chain.WaitsForChoice());
+    const bool waits = chain.IsUnderWay() && noAnswer && LineIsIdle(m_Link);
     m_IdleTicks = waits ? m_IdleTicks + 1 : 0;
     if (m_IdleTicks < ChainPatience)
         return;
     m_IdleTicks = 0;
-    link.m_Type.clear();
-    LoseContact(false);
+    m_Link.identity.ForgetModel();
+    LoseContact();
 }
 
 void Channel::Write(const std::string& text, std::string_view payload) {
-    CMSComm& comm = m_Platform.comm;
+    CMSComm& comm = m_Parts.comm;
     if (!comm.GetPortOpen())
         comm.SetPortOpen(true);
     comm.SetOutput(text);
@@ -204,113 +221,157 @@ void Channel::Write(const std::string& text, std::string_view payload) {
     comm.SetOutput("\r");
 }
 
+// ----- carriers
+
+void Channel::SwitchOffNow() {
+    if (m_Link.carriers.MayBeOn() && m_Parts.comm.GetPortOpen())
+        WriteOffCommands();
+}
+
+void Channel::WriteOffCommands() {
+    for (const std::string& off : m_Link.carriers.OffCommands()) {
+        m_Parts.clock.Sleep(SendPauseMs);
+        Write(off, {});
+    }
+}
+
+void Channel::SwitchOffAtEnd() {
+    Stop();
+    Reset();
+    if (m_Parts.comm.GetPortOpen() && (m_Link.identity.HasModel() || m_Link.carriers.MayBeOn()))
+        WriteOffCommands();
+}
+
+/// No run is on and the line has nothing to do, but an off command was not echoed: it was refused, or its
+/// echo was spoilt.
+void Channel::SwitchOffWhenIdle() {
+    if (!LineIsIdle(m_Link) || m_Run.IsRunOn() || m_Link.chain.IsUnderWay())
+        return;
+    if (!m_Link.carriers.MayBeOn()) {
+        DropMark();
+    } else if (m_OffTries == MostOffTries) {
+        LoseContact(); // it does not answer any more: begin anew, with what it is owed
+    } else if (m_Parts.comm.GetPortOpen()) {
+        ++m_OffTries;
+        for (const std::string& off : m_Link.carriers.OffCommands())
+            m_Link.queue.Append(off);
+    }
+}
+
+/// A conversation begins before the off commands of the last one were echoed.
+void Channel::RememberDebt() {
+    if (m_Link.carriers.MayBeOn() && m_Carrying)
+        m_Owed = Debt{*m_Carrying, m_Link.carriers};
+}
+
+/// The instrument is known, and what was owed has been said to it. If it is not the one that was left
+/// carrying, that one is told when it comes back.
+void Channel::SettleDebt() {
+    if (!m_Owed || m_Link.carriers.MayBeOn())
+        return;
+    const Identity& now = m_Link.identity;
+    const bool isIt = now.Model() == m_Owed->to.Model() && now.Firmware() == m_Owed->to.Firmware() &&
+                      now.Serial() == m_Owed->to.Serial();
+    if (isIt)
+        m_Owed.reset();
+}
+
+void Channel::DropMark() {
+    if (m_Owed)
+        return;
+    m_Mark.Remove();
+    m_Mark.ClearOld();
+}
+
+void Channel::SwitchOffWhatIsOwed() {
+    if (m_Owed)
+        m_Link.carriers = m_Owed->carriers;
+    if (m_Link.carriers.MayBeOn()) {
+        m_OffTries = 0;
+        for (const std::string& off : m_Link.carriers.OffCommands())
+            m_Link.queue.Append(off);
+    }
+    if (m_LastEndedBadly)
+        m_Events.Tell(Outcome::Refused("The last run did not end in order."));
+    if (m_LostInRun)
+        m_Events.Tell(Outcome::Refused("contact was lost during the run; the partial curve is kept"));
+    m_LastEndedBadly = m_LostInRun = false;
+}
+
+void Channel::LookForOldMark() {
+    if (const auto methodOff = m_Mark.FindOld()) {
+        m_Link.carriers.MayBeOnFromBefore(*methodOff);
+        m_LastEndedBadly = true;
+    }
+}
+
+// ----- silence
+
 void Channel::OnStatusTimer() {
     // The chain has a watch of its own, which the answers to a poll would hold off.
-    if (m_Platform.comm.GetPortOpen() && !m_Session.link.g_bInitFlush)
-        m_Session.link.queue.Append("#SST?");
+    if (m_Parts.comm.GetPortOpen() && !m_Link.chain.IsUnderWay())
+        m_Link.queue.Append(command::Status);
 }
 
 void Channel::OnWaitTimer() {
-    LinkState& link = m_Session.link;
-    ++link.CommPendCt;
-    if (link.TagWaitTimerIsKilled) {
-        if (link.tagCommPend == 0)
-            m_Platform.timers.KillTimer(WaitCommTimer);
-        else if (link.CommPendCt > 4)
-            LoseContact(true);
+    Transaction& transaction = m_Link.transaction;
+    const int ticks = transaction.Tick();
+    if (transaction.IsRecognised()) {
+        if (transaction.IsIdle())
+            m_WaitTimer.Stop();
+        else if (ticks >= SilentTicks)
+            LoseContact();
         return;
     }
-    if (link.CommPendCt == 2 && link.tagCommPend >= OpenReply)
+    if (ticks == OpenTicks && transaction.IsOpen())
         OpenReplyOver();
-    else if (link.CommPendCt > 4)
-        LoseContact(true);
+    else if (ticks >= SilentTicks)
+        LoseContact();
 }
 
 /// The second tick of an open-ended command: what has come by now is the reply.
 void Channel::OpenReplyOver() {
-    LinkState& link = m_Session.link;
-    const int tag = link.g_CurTag;
-    const bool chainRead = IsMemoryTag(tag);
-    if (!m_Platform.comm.GetPortOpen()) {
+    const Transaction& transaction = m_Link.transaction;
+    if (!m_Parts.comm.GetPortOpen()) {
         // Closed while it was waiting, for want of an identity: look for the instrument again.
-        LoseContact(false);
+        LoseContact();
         return;
     }
-    if (tag == TagSerialHigh || tag == TagSerialLow) {
-        ReadSerialByte(tag == TagSerialHigh);
-    } else if (tag == TagOption) {
-        ReadOption();
-    } else if (tag == TagMemoryEditor) {
-        ReopenText();
-    } else if (tag >= TagReceiverCalFirst && tag <= TagReceiverCalLast) {
-        m_Platform.comm.GetInput(m_Input);
-    } else if (!chainRead && tag != TagPathTable && !link.TagSettingcheck && !link.TagCalf1f2) {
-        LoseContact(false);
-        return;
-    }
-    FinishTransaction();
-    if (chainRead || tag == TagOption)
-        m_Events.MemoryReadMissed(tag);
-}
-
-/// Value of the byte-coded reply that lies in the port: five letters, page, address, value. -1 when the reply
-/// is too short or is none to this address, as the words of an error are not.
-int Channel::ReadMemoryByte(char address) {
-    constexpr std::size_t AddressAt = 6;
-    constexpr std::size_t ValueAt = 7;
-    m_Platform.comm.GetInput(m_Input);
-    if (m_Input.size() <= ValueAt || m_Input[AddressAt] != address)
-        return -1;
-    return static_cast<unsigned char>(m_Input[ValueAt]);
-}
-
-void Channel::ReadSerialByte(bool high) {
-    LinkState& link = m_Session.link;
-    const int value = ReadMemoryByte(high ? 'x' : 'y');
-    if (value < 0)
-        return;
-    if (high) {
-        link.g_DeviceSN = std::to_string(value * 256);
+    if (transaction.Form() == ReplyForm::Bytes) {
+        BytesAreOver();
+    } else if (Asker* const asker = transaction.AskedBy()) {
+        const int tag = transaction.Tag();
+        GiveUp();
+        asker->Answered(tag, {});
+    } else if (!TagSettingcheck) {
+        LoseContact();
     } else {
-        link.g_DeviceSN = ZeroPadded(WholeNumberIn(link.g_DeviceSN) + value, 5);
-        link.m_devSN = link.g_DeviceSN;
+        GiveUp();
     }
 }
 
-void Channel::ReadOption() {
-    if (const int value = ReadMemoryByte('t'); value >= 0)
-        m_Session.plan.g_bridge3dB = value & 1;
-    ReopenText();
+/// Everything that was awaited is forgotten.
+void Channel::GiveUp() {
+    m_Link.transaction.GiveUp();
+    m_WaitTimer.Stop();
+    AnswerLevelQuestion();
 }
 
-void Channel::FinishTransaction() {
-    LinkState& link = m_Session.link;
-    link.CommPendCt = 0;
-    link.tagCommPend = 0;
-    link.tagtemp = 0;
-    link.TagWaitTimerIsKilled = true;
-    m_Platform.timers.KillTimer(WaitCommTimer);
-}
-
-void Channel::LoseContact(bool stopRun) {
-    LinkState& link = m_Session.link;
-    link.m_revdatastr.clear();
-    FinishTransaction();
-    if (link.TagCalf1f2)
-        return;
-    if (stopRun)
-        m_Run.AbandonRun();
+void Channel::LoseContact() {
+    m_LevelOwed = false;
+    m_Link.transaction.Text().clear();
+    GiveUp();
+    m_LostInRun = m_LostInRun || m_Run.IsRunOn();
+    m_Run.AbandonRun(); // nor one that waits: no carriers come on when the cable is put back minutes later
     Stop();
-    link.queue.Clear();
+    m_Link.queue.Clear();
     PauseStatusPoll();
-    m_Session.panel.lamp = Lamp::NotReady;
-    link.g_InstrStatus &= static_cast<std::uint8_t>(~0x04);
-    ++link.contactLosses;
-    if (link.identifyAfterLoss)
-        link.g_isSWStart = true;
-    link.g_bStartAfterConnect = false; // carriers must not come on when the cable is put back minutes later
-    if (link.m_CloseCountdown == 0)    // else the operator is closing the port
-        m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+    SwitchOffNow();
+    m_Link.chain.Lose();
+    m_Link.given.Forget();
+    m_Link.connection.CountLoss();
+    if (m_OnLoss)
+        m_OnLoss();
 }
 
 } // namespace qor

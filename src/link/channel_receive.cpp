@@ -1,203 +1,243 @@
 // The receiving half of the channel: from bytes on the line to what they mean.
-#include "bands/tenths.h"
-#include "core/run_control.h"
-#include "core/session.h"
-#include "core/timer_ids.h"
 #include "link/channel.h"
 #include "link/commands.h"
+#include "link/run_control.h"
 #include "platform/clock.h"
-#include "platform/platform.h"
 #include "platform/serial_control.h"
-#include "platform/timers.h"
 
 namespace qor {
 
 namespace {
 
-/// A line that never ends must not fill the memory: no reply that means anything is longer.
-constexpr std::size_t LongestText = 4096;
-/// No receiver reads beyond these, dBm: a level that does has lost its sign or its point on the line.
-constexpr double LowestLevel = -250.0;
-constexpr double HighestLevel = 100.0;
+struct ErrorWords {
+    std::string_view words;
+    InstrumentError error;
+};
+constexpr ErrorWords Errors[] = {
+    {"SYNTAX ERROR", InstrumentError::Syntax},
+    {"OUT OF RANGE", InstrumentError::OutOfRange},
+    {"PLL NOT LOCKED", InstrumentError::PllNotLocked},
+};
 
-bool EndsLine(std::string_view piece) {
-    return piece.ends_with('\n') || piece.ends_with('\r');
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
 }
 
 } // namespace
 
 void Channel::OnComm() {
-    switch (m_Platform.comm.GetCommEvent()) {
+    switch (m_Parts.comm.GetCommEvent()) {
     case CommEvent::Lost:
-        LoseContact(true);
+        LoseContact();
         return;
     case CommEvent::Receive:
         break;
     case CommEvent::None:
         return;
     }
-    switch (m_Session.link.g_CurTag) {
-    case TagMemoryEditor:
-    case TagSerialHigh:
-    case TagSerialLow:
-    case TagOption:
-        return; // left in the port for the wait timer
-    case TagTableHigh:
-    case TagTableLow:
+    switch (m_Link.transaction.Form()) {
+    case ReplyForm::Bytes:
+        ReceiveBytes();
+        return;
+    case ReplyForm::Counted:
         ReceiveCounted();
         return;
-    default:
+    case ReplyForm::Text:
         ReceiveText();
+        return;
     }
+}
+
+void Channel::ReceiveBytes() {
+    m_Parts.comm.GetInput(m_Input);
+    m_Bytes += m_Input;
+    if (!m_Link.transaction.IsIdle() && HoldsMemoryByte(m_Bytes, m_Link.transaction.Sent()))
+        BytesAreOver();
+}
+
+/// A byte-coded reply is here, or as much of it as will come.
+void Channel::BytesAreOver() {
+    const int tag = m_Link.transaction.Tag();
+    Asker* const asker = m_Link.transaction.AskedBy();
+    const bool moreFollow =
+        !m_Link.queue.Empty() && FormOf(TagAsSent(m_Link.queue.Head().tag)) != ReplyForm::Text;
+    if (!moreFollow)
+        ReopenText();
+    GiveUp();
+    if (asker)
+        asker->Answered(tag, m_Bytes);
 }
 
 void Channel::ReceiveCounted() {
-    LinkState& link = m_Session.link;
-    m_Platform.comm.GetInput(m_Input);
-    link.tagtemp += static_cast<int>(m_Input.size());
-    if (link.tagtemp < link.tagCommPend)
+    m_Parts.comm.GetInput(m_Input);
+    Transaction& transaction = m_Link.transaction;
+    transaction.CountBytes(m_Input.size());
+    if (!transaction.HasItsBytes())
         return;
-    if (link.g_CurTag == TagTableLow)
+    const bool last = transaction.Tag() == TagTableLow;
+    GiveUp();
+    if (last)
         ReopenText();
-    FinishTransaction();
 }
 
 void Channel::ReceiveText() {
-    LinkState& link = m_Session.link;
-    m_Platform.comm.GetInput(m_Input);
-    const std::string_view piece = m_Input;
-    link.m_revdatastr += piece;
-    if (link.m_revdatastr.size() > LongestText)
-        link.m_revdatastr.erase(0, link.m_revdatastr.size() - LongestText / 2);
-    link.tagtemp += static_cast<int>(std::min(piece.size(), LongestText));
-
-    if (!link.TagWaitTimerIsKilled && (link.TagCurrentCommand == "IDN" ||
-                                       link.m_revdatastr.find(link.TagCurrentCommand) != std::string::npos)) {
-        // The wait goes on as a watch over a reply that begins and never completes.
-        link.CommPendCt = 0;
-        link.TagWaitTimerIsKilled = true;
-    }
-    if (!EndsLine(piece) && link.tagtemp < link.tagCommPend)
+    Transaction& transaction = m_Link.transaction;
+    m_Parts.comm.GetInput(m_Input);
+    const bool wasRecognised = transaction.IsRecognised();
+    const bool isComplete = transaction.Take(m_Input);
+    if (!wasRecognised && transaction.IsRecognised() && !transaction.IsIdle())
+        m_WaitTimer.Start(OrdinaryWaitMs); // a watch over the rest of it
+    if (!isComplete)
         return;
 
-    if (link.g_init == InitIdentity && link.m_CloseCountdown == 0) // closing begins no new chain
-        m_Events.IdentityReply();
-    else if (link.m_revdatastr.find("KVTWE") != std::string::npos)
-        m_Events.MemoryReply();
-    Dispatch();
-
-    if (link.tagtemp >= link.tagCommPend) {
-        int& measured = m_Session.curve.RealReceiveTime;
-        if (measured == 0 && link.firstSendMs != 0) // no answer to a probe, nor to a later command
-            measured = static_cast<int>(m_Platform.clock.TickMs() - link.firstSendMs) + 10;
-        link.tagtemp = 0;
-        link.tagCommPend = 0;
+    if (m_Link.chain.AwaitsIdentity() && !m_Link.connection.IsClosing()) { // closing begins no new chain
+        if (m_Replies)
+            m_Replies->IdentityReply();
+    } else if (transaction.Holds("KVTWE")) {
+        HandToAsker();
     }
-    if (link.tagCommPend == 0 && link.TagWaitTimerIsKilled)
-        m_Platform.timers.KillTimer(WaitCommTimer);
-    if (link.g_init >= InitBandPosition && link.g_init <= InitEnd && !link.g_bProbing)
-        link.m_revdatastr.clear();
+    Dispatch();
+    if (transaction.HasItsBytes())
+        ReplyIsHere();
+    if (transaction.IsIdle() && transaction.IsRecognised())
+        m_WaitTimer.Stop();
+    const int step = m_Link.chain.Step();
+    if (step >= InitBandPosition && step <= InitEnd && !m_Link.connection.IsProbing())
+        transaction.Text().clear();
+}
+
+void Channel::ReplyIsHere() {
+    if (m_FirstSendMs != 0) { // no answer to a probe, nor to a later command
+        m_Events.ReplyTime(static_cast<int>(m_Parts.clock.TickMs() - m_FirstSendMs) + 10);
+        m_FirstSendMs = 0;
+    }
+    Finish();
+}
+
+/// The reply in flight is complete.
+void Channel::Finish() {
+    const Transaction& transaction = m_Link.transaction;
+    if (!transaction.IsIdle() && transaction.IsRecognised() && transaction.EndsLine() && !m_Refused) {
+        m_Link.given.Echoed(transaction.Sent());
+        m_Link.carriers.Echoed(transaction.Sent());
+    }
+    m_Link.transaction.Finish();
+    AnswerLevelQuestion();
+}
+
+/// A question for a level that was answered without one: the level was spoilt.
+void Channel::AnswerLevelQuestion() {
+    if (!m_LevelOwed)
+        return;
+    m_LevelOwed = false;
+    m_Events.LevelReply(Reading::Spoilt());
+}
+
+/// A memory reply. One that came too late must not count for the address asked now.
+void Channel::HandToAsker() {
+    Transaction& transaction = m_Link.transaction;
+    Asker* const asker = transaction.AskedBy();
+    const bool isAnswer =
+        asker && !transaction.IsIdle() && transaction.RepeatsCommand() && transaction.EndsLine();
+    m_Answer = transaction.Text();
+    transaction.Text().clear();
+    if (!isAnswer)
+        return;
+    const int tag = transaction.Tag();
+    Finish();
+    asker->Answered(tag, m_Answer);
 }
 
 /// Acts on what the assembled text holds, first match wins.
 void Channel::Dispatch() {
-    LinkState& link = m_Session.link;
-    std::string& text = link.m_revdatastr;
-    const auto holds = [&text](std::string_view part) { return text.find(part) != std::string::npos; };
-
-    if (holds("SST")) {
+    Transaction& transaction = m_Link.transaction;
+    std::string& text = transaction.Text();
+    if (transaction.Holds("SST")) {
         StatusReply();
     } else if (ErrorReply()) {
-        // It stands in for the echo, whatever length was awaited; the queue goes on.
-        if (!link.TagWaitTimerIsKilled) {
-            FinishTransaction();
-            if (IsMemoryTag(link.g_CurTag))
-                m_Events.MemoryReadMissed(link.g_CurTag);
-        }
-    } else if (holds("M2T")) {
-        link.TagStartMeasStart = !link.TagStartMeasStart;
+        ReplacedByError();
+    } else if (transaction.Holds("M2T")) {
         text.clear();
-    } else if (holds("RECUT")) {
-        if (link.g_InitLamp < LampStatus) {
-            m_Session.panel.lamp = Lamp::Ready;
-            link.g_InitLamp = LampRecut;
-        }
+    } else if (transaction.Holds("RECUT")) {
+        m_Link.chain.Answered(LampRecut);
         text.clear();
-    } else if (holds("SPWA")) {
-        link.g_InitLamp = LampPower;
-        PowerReply('A', link.g_PowerTextA);
-    } else if (holds("SPWB")) {
-        PowerReply('B', link.g_PowerTextB);
-    } else if (const std::size_t at = text.find("SAB"); at != std::string::npos && at + 3 < text.size() &&
-                                                        text[at + 3] >= '0' && text[at + 3] <= '9') {
-        const std::string_view digits = std::string_view(text).substr(at + 3);
-        const bool twoDigits = digits.starts_with("10") || digits.starts_with("11");
-        const int position = twoDigits ? 10 + (digits[1] - '0') : digits[0] - '0';
+    } else if (transaction.Holds("SPWA")) {
+        m_Link.chain.Answered(LampPower);
         text.clear();
-        m_Events.PositionReply(position);
-    } else if (holds("dBm")) {
-        LevelOrOrder();
+    } else if (transaction.Holds("SPWB")) {
+        text.clear();
+    } else if (const std::size_t at = text.find("SAB");
+               at != std::string::npos && at + 3 < text.size() && IsDigit(text[at + 3])) {
+        BandReply(at + 3);
+    } else if (transaction.Holds("dBm")) {
+        TakeLevel();
     }
 }
 
+/// True for the words of an error, and for every reply behind them in the same run.
 bool Channel::ErrorReply() {
-    static constexpr std::pair<std::string_view, Verdict> Errors[] = {
-        {"SYNTAX ERROR", VerdictSyntaxError},
-        {"OUT OF RANGE", VerdictOutOfRange},
-        {"PLL NOT LOCKED", VerdictPllNotLocked},
-    };
-    for (const auto& [words, verdict] : Errors) {
-        if (m_Session.link.m_revdatastr.find(words) != std::string::npos) {
-            m_Session.curve.g_MeasVerdict = verdict;
-            // In a run the words stay, so that no level counts after an error for the rest of it.
-            m_Session.link.m_revdatastr = m_Session.run.runOn ? words : std::string_view();
-            return true;
-        }
+    if (!m_Run.IsRunOn())
+        m_ErrorOfRun.reset();
+    std::optional<InstrumentError> found = m_ErrorOfRun;
+    for (const auto& [words, error] : Errors) {
+        if (!m_Link.transaction.Holds(words))
+            continue;
+        found = error;
+        m_Refused = true;
+        break;
     }
-    return false;
+    if (!found)
+        return false;
+    if (m_Run.IsRunOn())
+        m_ErrorOfRun = found;
+    m_Link.transaction.Text().clear();
+    m_Events.ErrorReply(*found);
+    return true;
+}
+
+/// The error stands in for the echo, whatever length was awaited; the queue goes on.
+void Channel::ReplacedByError() {
+    const Transaction& transaction = m_Link.transaction;
+    if (transaction.IsRecognised())
+        return;
+    Asker* const asker = transaction.AskedBy();
+    const int tag = transaction.Tag();
+    GiveUp();
+    if (asker)
+        asker->Answered(tag, {});
 }
 
 void Channel::StatusReply() {
-    LinkState& link = m_Session.link;
-    if (link.g_InitLamp < LampStatus) {
-        m_Session.panel.lamp = Lamp::Ready;
-        link.g_InitLamp = LampStatus;
-    }
-    link.tagCommPend = 0;
-    link.tagtemp = 0;
+    std::string& text = m_Link.transaction.Text();
+    m_Link.chain.Answered(LampStatus);
     // Behind "SST" itself: an echo of #SMTRA or #STA may stand before it in the text.
-    const std::string_view rest =
-        std::string_view(link.m_revdatastr).substr(link.m_revdatastr.find("SST") + 3);
+    const std::string_view rest = std::string_view(text).substr(text.find("SST") + 3);
     if (!rest.empty() && rest != "\r\n")
-        link.g_InstrStatus = static_cast<std::uint8_t>(rest.front());
-    link.m_revdatastr.clear();
+        m_Link.chain.TakeStatus(static_cast<std::uint8_t>(rest.front()));
+    text.clear();
+    Finish();
     ArmStatusPoll();
 }
 
-/// "SPWA00430" shows as "43.0".
-void Channel::PowerReply(char tone, std::string& shown) {
-    std::string& text = m_Session.link.m_revdatastr;
-    const char sought[] = {'S', 'P', 'W', tone};
-    const std::size_t at = text.find(std::string_view(sought, sizeof sought)) + sizeof sought + 2;
-    if (text.size() >= at + 3)
-        shown = text.substr(at, 2) + '.' + text[at + 2];
-    text.clear();
+/// "SAB" and the digits at `at`; "10" and "11" are no position 1.
+void Channel::BandReply(std::size_t at) {
+    const std::string_view digits = std::string_view(m_Link.transaction.Text()).substr(at);
+    const bool twoDigits = digits.starts_with("10") || digits.starts_with("11");
+    const int position = twoDigits ? 10 + (digits[1] - '0') : digits[0] - '0';
+    m_Link.transaction.Text().clear();
+    if (m_Replies)
+        m_Replies->PositionReply(position);
 }
 
-void Channel::LevelOrOrder() {
-    LinkState& link = m_Session.link;
-    if (link.m_SetIMOrder == "0") {
-        const std::string level(LevelText(link.m_revdatastr)); // at most ten characters: no allocation
-        link.m_revdatastr.clear();
-        const double dBm = NumberIn(level);
-        if (!level.empty() && dBm > LowestLevel && dBm < HighestLevel) // a spoilt one makes no point
-            m_Events.LevelReply(level);
+void Channel::TakeLevel() {
+    std::string& text = m_Link.transaction.Text();
+    const bool isWhole = m_Link.transaction.EndsLine();
+    const Reading level = Reading::In(LevelText(text));
+    text.clear();
+    if (!m_LevelsExpected || !isWhole || !level.IsLevel()) // a spoilt one makes no point
         return;
-    }
-    const std::size_t at = link.m_revdatastr.find('P');
-    if (at != std::string::npos && at + 1 < link.m_revdatastr.size())
-        link.m_SetIMOrder = link.m_revdatastr[at + 1];
-    link.m_revdatastr.clear();
+    m_LevelOwed = false;
+    m_Events.LevelReply(level);
 }
 
 } // namespace qor

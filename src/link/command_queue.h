@@ -16,7 +16,7 @@ enum Tag : int {
     TagStepUp = 2,    ///< #SFA of a sweep step
     TagStepDown = 3,  ///< #SFB of a sweep step
     TagTableHigh = 4, ///< calibration table write, bytes counted
-    TagTableLow = 5,  ///< the same; returns the port to text input
+    TagTableLow = 5,  ///< the same
     TagMemoryEditor = 6,
     TagSerialHigh = 7,
     TagSerialLow = 8,
@@ -37,37 +37,82 @@ enum Tag : int {
     TagModelLast = 221,
 };
 
-/// Tags of the text-form memory reads that the chain makes.
-[[nodiscard]] constexpr bool IsMemoryTag(int tag) {
-    return tag == TagTypeCode || (tag >= TagSerialFirst && tag <= TagModelLast);
+/// Where the reply to a command is read, and what tells its end.
+enum class ReplyForm {
+    Text,    ///< characters, to the line end or the length that follows from the command
+    Bytes,   ///< a byte-coded memory reply, read in binary: by its length, or what has come after two seconds
+    Counted, ///< bytes in binary that are counted and not looked at
+};
+
+/// Form of the reply to a command with this tag.
+[[nodiscard]] constexpr ReplyForm FormOf(int tag) {
+    const bool bytes = (tag >= TagMemoryEditor && tag <= TagSerialLow) || tag == TagOption;
+    return bytes                                       ? ReplyForm::Bytes
+           : tag == TagTableHigh || tag == TagTableLow ? ReplyForm::Counted
+                                                       : ReplyForm::Text;
 }
+
+/// Whoever asks the instrument something whose answer only he can read.
+class Asker {
+public:
+    Asker() = default;
+    Asker(const Asker&) = delete;
+    Asker& operator=(const Asker&) = delete;
+    virtual ~Asker() = default;
+
+    /// The reply to his command with this tag is complete, or what there is of it: empty when it was refused
+    /// or never came.
+    virtual void Answered(int tag, std::string_view reply) = 0;
+};
+
+/// Period of the wait's ticks.
+inline constexpr int OrdinaryWaitMs = 1000;
+
+/// A command that waits for the line.
+struct LineCommand {
+    std::string text;
+    int tag = 0;
+    float param = 0;             ///< IM frequency of a sweep step, MHz; 0 when none
+    std::string payload;         ///< bytes behind a $KVTWE text, before the carriage return
+    Asker* asker = nullptr;      ///< takes the reply; null: the channel tells by keywords what it means
+    int waitMs = OrdinaryWaitMs; ///< period of the wait's ticks: two of them end an open reply
+};
 
 /// Commands waiting for the line, first in first out.
 ///
 /// A ring whose entries keep their memory, so that a long run allocates nothing. A command that finds the
-/// queue full is dropped: StopMeas empties the queue before it appends, so the carriers can always be
-/// switched off.
+/// queue full is dropped: a stop empties the queue before it appends, so the carriers can always be switched
+/// off.
 class CommandQueue {
 public:
     static constexpr std::size_t Capacity = 1000;
 
-    struct Entry {
-        std::string text;
-        int tag = 0;
-        float param = 0;     ///< IM frequency of a sweep step, MHz; 0 when none
-        std::string payload; ///< bytes behind a $KVTWE text, before the carriage return
-    };
-
     void Append(std::string_view text, int tag = TagPlain, float param = 0, std::string_view payload = {}) {
         if (m_Count == Capacity)
             return;
-        Entry& entry = m_Ring[(m_Head + m_Count) % Capacity];
-        entry.text.assign(text);
-        entry.tag = tag;
-        entry.param = param;
-        entry.payload.assign(payload);
-        if (++m_Count == 1 && m_OnFirst)
-            m_OnFirst();
+        ++m_Count;
+        Put(Last(), text, tag, param, payload);
+    }
+    /// Goes out before all that waits.
+    void AppendFirst(std::string_view text, int tag = TagPlain, float param = 0) {
+        if (m_Count == Capacity)
+            return;
+        ++m_Count;
+        m_Head = (m_Head + Capacity - 1) % Capacity;
+        Put(Head(), text, tag, param, {});
+    }
+    /// The same as Append for a command whose reply goes to `asker`.
+    void Ask(std::string_view text, int tag, Asker& asker) {
+        if (m_Count == Capacity)
+            return;
+        Append(text, tag);
+        Last().asker = &asker;
+    }
+    /// The answers that `asker` still waits for come soon, or never.
+    void ShortenWaits(const Asker& asker, int waitMs) {
+        for (std::size_t i = 0; i < m_Count; ++i)
+            if (LineCommand& waiting = m_Ring[(m_Head + i) % Capacity]; waiting.asker == &asker)
+                waiting.waitMs = waitMs;
     }
     /// Called when a command joins an empty queue.
     void SetOnFirst(std::function<void()> onFirst) { m_OnFirst = std::move(onFirst); }
@@ -79,9 +124,9 @@ public:
                 return true;
         return false;
     }
-    [[nodiscard]] Entry& Head() { return m_Ring[m_Head]; }
+    [[nodiscard]] LineCommand& Head() { return m_Ring[m_Head]; }
     /// The entry queued last. The queue must not be empty.
-    [[nodiscard]] Entry& Last() { return m_Ring[(m_Head + m_Count + Capacity - 1) % Capacity]; }
+    [[nodiscard]] LineCommand& Last() { return m_Ring[(m_Head + m_Count + Capacity - 1) % Capacity]; }
     void RemoveHead() {
         m_Head = (m_Head + 1) % Capacity;
         --m_Count;
@@ -94,7 +139,18 @@ public:
     }
 
 private:
-    std::array<Entry, Capacity> m_Ring;
+    void Put(LineCommand& entry, std::string_view text, int tag, float param, std::string_view payload) {
+        entry.text.assign(text);
+        entry.tag = tag;
+        entry.param = param;
+        entry.payload.assign(payload);
+        entry.asker = nullptr;
+        entry.waitMs = OrdinaryWaitMs;
+        if (m_Count == 1 && m_OnFirst)
+            m_OnFirst();
+    }
+
+    std::array<LineCommand, Capacity> m_Ring;
     std::size_t m_Head = 0;
     std::size_t m_Count = 0;
     std::function<void()> m_OnFirst;

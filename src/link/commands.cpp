@@ -1,8 +1,10 @@
 #include "link/commands.h"
 
-#include "bands/tenths.h"
-#include "core/text_format.h"
+#include "base/tenths.h"
+#include "base/text_format.h"
 #include "link/firmware.h"
+
+#include <charconv>
 
 namespace qor {
 
@@ -16,6 +18,31 @@ bool Holds(std::string_view text, std::string_view part) {
 char AddressOf(std::string_view command) {
     return command.size() > 7 && (command.starts_with("$KVTRE") || command.starts_with("$KVTWE")) ? command[7]
                                                                                                   : '\0';
+}
+
+/// Place of the value in a byte-coded reply to a read of `address`, or npos. A late reply to the read before
+/// it may stand ahead.
+std::size_t MemoryByteAt(std::string_view bytes, char address) {
+    constexpr std::size_t AddressAt = 6;
+    for (std::size_t at = bytes.find("KVT"); at != std::string_view::npos; at = bytes.find("KVT", at + 1))
+        if (at + AddressAt + 1 < bytes.size() && bytes[at + AddressAt] == address)
+            return at + AddressAt + 1;
+    return std::string_view::npos;
+}
+
+constexpr int LevelDigits = 10;
+constexpr int DetectorDigits = 4;
+
+/// Bytes by which the payload of a $KVTWE lengthens its reply.
+int PayloadReplyLength(std::string_view command, int tag) {
+    if (!Holds(command, "$KVTWE"))
+        return 0;
+    if (tag == TagTableHigh || tag == TagTableLow)
+        return 2;
+    if (tag == TagMemoryEditor || tag == TagReceiverCalFirst || tag == TagReceiverCalDone)
+        return 1;
+    const char address = AddressOf(command);
+    return address != '\0' && Holds("defxy_", std::string_view(&address, 1)) ? 1 : 0;
 }
 
 /// Blanks, a sign, digits and a point: nothing else, so that a spoilt "-9x.3" never counts as -9.
@@ -40,6 +67,10 @@ std::string SelectPosition(int position) {
     return "#SAB" + std::to_string(position);
 }
 
+bool SelectsPosition(std::string_view text) {
+    return text.starts_with("#SAB") && text != command::Position;
+}
+
 std::string UseReceiver(int imIndex) {
     return "#USEID" + std::to_string(imIndex >= 1 && imIndex <= 5 ? 2 * imIndex + 1 : 3);
 }
@@ -48,12 +79,20 @@ std::string ReadMemory(int address) {
     return "#KVTRE,125,0," + ZeroPadded(address, 3);
 }
 
+std::string_view SetPath(int path) {
+    return path == 2 ? command::Transmission : command::Reflection;
+}
+
+std::string ReadMemoryByte(char address) {
+    return std::string("$KVTREd") + address + '0';
+}
+
 void ApplyMemoryPage(std::string& command, float firmVersion) {
     if (!command.starts_with("$KVTREd"))
         return;
-    if (FirmwareFrom(firmVersion, 57))
+    if (HasPage125(firmVersion))
         command[6] = '}';
-    else if (FirmwareFrom(firmVersion, 50))
+    else if (HasPageN(firmVersion))
         command[6] = 'n';
 }
 
@@ -66,28 +105,17 @@ void ReplyText(std::string_view command, std::string& text) {
 }
 
 int ReplyLength(std::string_view command, int tag) {
-    int length = static_cast<int>(command.size()) + 1;
-    if (command == "#IMP?")
-        return length + 10;
+    const int length = static_cast<int>(command.size()) + 1;
+    if (command == command::Level)
+        return length + LevelDigits;
     if (command == "#ADC?")
-        return length + 4;
+        return length + DetectorDigits;
     const char address = command.starts_with("$KVTRE") ? AddressOf(command) : '\0';
-    const bool open = command == "#SST?" || command == "#IDN?" ||
+    const bool open = command == command::Status || command == command::Identity ||
                       (tag >= TagMemoryEditor && tag <= TagPathTable) ||
                       (tag >= TagOption && tag <= TagReceiverCalLast) || address == 'x' || address == 'y' ||
                       address == 't' || Holds(command, "#KVTRE,");
-    return open ? OpenReply : length;
-}
-
-int PayloadReplyLength(std::string_view command, int tag) {
-    if (!Holds(command, "$KVTWE"))
-        return 0;
-    if (tag == TagTableHigh || tag == TagTableLow)
-        return 2;
-    if (tag == TagMemoryEditor || tag == TagReceiverCalFirst || tag == TagReceiverCalDone)
-        return 1;
-    const char address = AddressOf(command);
-    return address != '\0' && Holds("defxy_", std::string_view(&address, 1)) ? 1 : 0;
+    return (open ? OpenReply : length) + PayloadReplyLength(command, tag);
 }
 
 int TagAsSent(int queued) {
@@ -97,9 +125,30 @@ int TagAsSent(int queued) {
     return lowered == 21 ? 11 : lowered;
 }
 
-int MemoryValue(std::string_view reply) {
+std::optional<int> MemoryValue(std::string_view reply) {
     const std::size_t comma = reply.rfind(',');
-    return comma == std::string_view::npos ? 0 : WholeNumberIn(reply.substr(comma + 1));
+    if (comma == std::string_view::npos)
+        return {};
+    std::string_view digits = reply.substr(comma + 1);
+    digits = digits.substr(0, digits.find_first_of("\r\n"));
+    digits.remove_prefix(std::min(digits.find_first_not_of(' '), digits.size()));
+    int value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    const bool whole = error == std::errc() && end == digits.data() + digits.size();
+    return whole && value >= 0 && value <= 255 ? std::optional(value) : std::nullopt;
+}
+
+std::optional<int> MemoryByte(std::string_view bytes, char address) {
+    const std::size_t at = MemoryByteAt(bytes, address);
+    if (at == std::string_view::npos)
+        return {};
+    return static_cast<unsigned char>(bytes[at]);
+}
+
+bool HoldsMemoryByte(std::string_view bytes, std::string_view command) {
+    constexpr std::size_t LineEnd = 2;
+    const std::size_t at = MemoryByteAt(bytes, AddressOf(command));
+    return at != std::string_view::npos && at + LineEnd < bytes.size();
 }
 
 std::string_view LevelText(std::string_view reply) {

@@ -1,18 +1,15 @@
 #include "link/connection.h"
 
-#include "bands/tenths.h"
-#include "core/run_control.h"
-#include "core/session.h"
-#include "core/timer_ids.h"
+#include "base/tenths.h"
 #include "link/channel.h"
 #include "link/commands.h"
-#include "link/firmware.h"
 #include "link/initialisation.h"
-#include "platform/operator.h"
-#include "platform/platform.h"
+#include "link/link_events.h"
+#include "link/link_state.h"
+#include "link/run_control.h"
+#include "link/working_set.h"
 #include "platform/port_list.h"
 #include "platform/serial_control.h"
-#include "platform/timers.h"
 
 namespace qor {
 
@@ -26,102 +23,120 @@ constexpr const char* FastSettings = "115200,n,8,1";
 
 } // namespace
 
-Connection::Connection(Session& session, const Platform& platform, Channel& channel, Initialisation& init,
-                       RunControl& run)
-    : m_Session(session), m_Platform(platform), m_Channel(channel), m_Init(init), m_Run(run) {}
+Connection::Connection(LinkState& link, WorkingSet& working, const LinkParts& parts, Channel& channel,
+                       Initialisation& init, LinkEvents& events, RunControl& run)
+    : m_Link(link), m_State(link.connection), m_Working(working), m_Parts(parts), m_Channel(channel),
+      m_Init(init), m_Events(events), m_Run(run),
+      m_OpenWatch(parts.timers, openWatch, [this] { OnConnectWatch(openWatch); }),
+      m_ScanWatch(parts.timers, commScan, [this] { OnConnectWatch(commScan); }),
+      m_Housekeeping(parts.timers, HousekeepingTimer, [this] { OnHousekeepingTimer(); }),
+      m_SearchTimer(parts.timers, scanCommtimer, [this] { OnSearchTimer(); }),
+      m_ProbeTimer(parts.timers, ReadEachType, [this] { OnProbeTimer(); }) {
+    m_Channel.SetOnLoss([this] { OnLoss(); });
+}
+
+void Connection::Begin() {
+    m_SearchTimer.Start(SearchPeriod);
+    m_Housekeeping.Start(HousekeepingPeriod); // stops itself when it has nothing to do
+}
+
+void Connection::StopSearch() {
+    m_IsOver = true;
+    for (Timer* const timer : {&m_SearchTimer, &m_ProbeTimer, &m_ScanWatch, &m_OpenWatch})
+        timer->Stop();
+}
+
+void Connection::OnLoss() {
+    m_Init.StopBandWait();
+    if (!m_IsOver && !m_State.IsClosing()) // else the operator is closing the port
+        m_SearchTimer.Start(SearchPeriod);
+}
 
 void Connection::ReadPortList() {
-    std::vector<PortEntry>& list = m_Session.link.g_PortList;
-    list.clear();
-    for (const SerialDevice& device : m_Platform.ports.List())
-        list.push_back({device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")"});
+    m_State.g_PortList.clear();
+    for (const SerialDevice& device : m_Parts.ports.List())
+        m_State.g_PortList.push_back(
+            {device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")"});
 }
 
 Connection::Search Connection::ScanComm() {
+    if (m_IsOver)
+        return Search::Failed;
     const Search found = TryPorts();
     if (found == Search::Failed)
-        m_Platform.timers.SetTimer(scanCommtimer, SearchPeriod);
+        m_SearchTimer.Start(SearchPeriod);
     return found;
 }
 
 Connection::Search Connection::TryPorts() {
-    LinkState& link = m_Session.link;
+    m_ScanWatch.Stop(); // for an identity that would be another port's now
+    m_OpenWatch.Stop();
     m_Channel.PauseStatusPoll();
+    m_Run.AbandonRun();
+    m_Channel.SwitchOffNow();
     m_Channel.Stop();
     m_Channel.Reset();
-    link.g_InstrStatus &= static_cast<std::uint8_t>(~0x04);
-    m_Run.AbandonRun();
-    link.FirmVersion = UnidentifiedFirmware;
-    link.portListText.clear();
+    m_Link.chain.Lose();
+    m_State.m_Chosen.clear();
     ReadPortList();
 
-    if (link.g_PortList.empty()) {
-        link.portButton = PortButton::Scan;
-        m_Session.panel.portButtonShown = false;
-        m_Session.panel.lamp = Lamp::NotReady;
+    const std::vector<PortEntry>& ports = m_State.g_PortList;
+    if (ports.empty()) {
+        m_State.m_Button = PortButton::Scan;
+        m_State.m_ButtonShown = false;
         return Search::Failed;
     }
-    if (link.g_PortList.size() == 1)
-        return OpenFound(link.g_PortList[0].number, true);
-    if (link.g_PortList.size() == 2 && link.g_LastPort != 0) {
-        const bool firstWasLast = link.g_PortList[0].number == link.g_LastPort;
-        return OpenFound(link.g_PortList[firstWasLast ? 1 : 0].number, false);
+    if (ports.size() == 1)
+        return OpenFound(ports[0].number);
+    if (ports.size() == 2 && m_State.g_LastPort != 0) {
+        const bool firstWasLast = ports[0].number == m_State.g_LastPort;
+        return OpenFound(ports[firstWasLast ? 1 : 0].number);
     }
     BeginChoice();
     return Search::OperatorChooses;
 }
 
-Connection::Search Connection::OpenFound(int number, bool onlyPort) {
-    LinkState& link = m_Session.link;
-    link.m_comm_sel_v = std::to_string(number);
-    if (SetComm()) {
-        // The full chain from its beginning: one cut short cannot be taken up in the middle, and without a
-        // model nothing is known of the instrument.
-        if (link.g_isSWStart || link.m_Type.empty())
-            m_Init.StartFullChain();
-        else
-            m_Init.InitPA();
-        link.tagCommTimer = 0;
-        m_Platform.timers.SetTimer(commScan, ConnectWatchPeriod);
-        return Search::Opened;
+Connection::Search Connection::OpenFound(int number) {
+    m_State.m_comm_sel_v = std::to_string(number);
+    if (!SetComm()) {
+        FailedToOpen();
+        return Search::Failed;
     }
-    if (onlyPort && link.g_isSWStart)
-        link.g_init = InitIdentity;
-    FailedToOpen();
-    return Search::Failed;
+    m_Init.Begin();
+    m_State.tagCommTimer = 0;
+    m_ScanWatch.Start(ConnectWatchPeriod);
+    return Search::Opened;
 }
 
 void Connection::FailedToOpen() {
-    LinkState& link = m_Session.link;
-    link.portButton = PortButton::Scan;
-    m_Session.panel.portButtonShown = false;
-    const std::string device = m_Platform.ports.DeviceOf(WholeNumberIn(link.m_comm_sel_v));
-    m_Platform.user.Message("Cannot connect to device for incorrect port, please select correct port!\nCOM" +
-                            link.m_comm_sel_v + " (" + device + ")");
+    m_State.m_Button = PortButton::Scan;
+    m_State.m_ButtonShown = false;
+    const std::string device = m_Parts.ports.DeviceOf(WholeNumberIn(m_State.m_comm_sel_v));
+    m_Events.Tell(
+        Outcome::Refused("Cannot connect to device for incorrect port, please select correct port!\nCOM" +
+                         m_State.m_comm_sel_v + " (" + device + ")"));
 }
 
 /// More ports than can be decided here: the list box, and a look at what hangs on each.
 void Connection::BeginChoice() {
-    LinkState& link = m_Session.link;
-    m_Session.panel.portListShown = true;
-    m_Session.panel.portButtonShown = true;
-    link.portButton = PortButton::Open;
-    link.g_ProbeIndex = 0;
-    m_Platform.timers.KillTimer(scanCommtimer); // the operator's turn
-    m_Platform.timers.SetTimer(ReadEachType, ProbePeriod);
+    m_State.m_ListShown = true;
+    m_State.m_ButtonShown = true;
+    m_State.m_Button = PortButton::Open;
+    m_State.g_ProbeIndex = 0;
+    m_SearchTimer.Stop(); // the operator's turn
+    m_ProbeTimer.Start(ProbePeriod);
 }
 
 void Connection::OnProbeTimer() {
-    LinkState& link = m_Session.link;
-    const int count = static_cast<int>(link.g_PortList.size());
-    if (link.g_bProbing && link.g_ProbeIndex < count)
+    const int count = static_cast<int>(m_State.g_PortList.size());
+    if (m_State.g_bProbing && m_State.g_ProbeIndex < count)
         TakeProbeAnswer();
-    if (link.g_ProbeIndex < count)
+    if (m_State.g_ProbeIndex < count)
         ProbeNext();
-    link.g_bProbing = true;
-    if (link.g_ProbeIndex >= count) {
-        m_Platform.timers.KillTimer(ReadEachType);
-        link.g_bProbing = false;
+    m_State.g_bProbing = true;
+    if (m_State.g_ProbeIndex >= count) {
+        m_ProbeTimer.Stop();
+        m_State.g_bProbing = false;
     }
 }
 
@@ -131,82 +146,77 @@ void Connection::TakeProbeAnswer() {
         {"RT-L", "RT-L027"},   {"RT-P", "RT-P000"},   {"RT-N", "RT-N026"}, {"RT-M", "RT-M027"},
         {"RT-T", "RT-T000"},   {"RT-S", "RT-S036"},   {"MPX", "MPX"},
     };
-    LinkState& link = m_Session.link;
-    PortEntry& entry = link.g_PortList[static_cast<std::size_t>(link.g_ProbeIndex)];
+    std::string& answer = m_Link.transaction.Text();
+    PortEntry& entry = m_State.g_PortList[static_cast<std::size_t>(m_State.g_ProbeIndex)];
     std::string_view label;
     for (const auto& [sought, name] : Labels) {
-        if (link.m_revdatastr.find(sought) != std::string::npos) {
+        if (answer.find(sought) != std::string::npos) {
             label = name;
             break;
         }
     }
-    m_Platform.comm.SetPortOpen(false);
-    link.m_revdatastr.clear();
+    m_Parts.comm.SetPortOpen(false);
+    answer.clear();
     if (!label.empty()) {
         entry.text += ": ";
         entry.text += label;
-        link.m_PortSettings[entry.number] = link.m_comm_settings;
-    } else if (link.tagCommPend != 0 && link.g_bProbeSlow) {
-        link.g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
+        m_State.m_PortSettings[entry.number] = m_State.m_comm_settings;
+    } else if (!m_Link.transaction.IsIdle() && m_State.g_bProbeSlow) {
+        m_State.g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
         return;
     }
-    ++link.g_ProbeIndex; // answered, not asked, or the identity handling has taken the answer
+    ++m_State.g_ProbeIndex; // answered, not asked, or the identity handling has taken the answer
 }
 
 void Connection::ProbeNext() {
-    LinkState& link = m_Session.link;
-    const int number = link.g_PortList[static_cast<std::size_t>(link.g_ProbeIndex)].number;
-    link.tagCommPend = 0;
+    const int number = m_State.g_PortList[static_cast<std::size_t>(m_State.g_ProbeIndex)].number;
+    m_Link.transaction.Finish();
     if (number > HighestPort)
         return;
-    CMSComm& comm = m_Platform.comm;
-    link.m_comm_settings = link.g_bProbeSlow ? SlowSettings : FastSettings;
-    comm.SetPortOpen(false); // after a silence the last port is still open
+    m_Parts.comm.SetSThreshold(1);
+    if (!OpenPort(number, m_State.g_bProbeSlow ? SlowSettings : FastSettings))
+        return;
+    m_Link.identity.AwaitAnyAnswer();
+    m_Link.transaction.BeginUnasked();
+    m_Parts.comm.SetOutput(
+        command::Identity); // past the queue: nothing else may go out while ports are tried
+    m_Parts.comm.SetOutput("\r");
+}
+
+/// Opens a port for text, at these settings; whatever port was open before is closed.
+bool Connection::OpenPort(int number, std::string settings) {
+    CMSComm& comm = m_Parts.comm;
+    m_State.m_comm_settings = std::move(settings);
+    comm.SetPortOpen(false);
     comm.SetCommPort(number);
-    comm.SetSettings(link.m_comm_settings);
+    comm.SetSettings(m_State.m_comm_settings);
     comm.SetInputMode(CommInputMode::Text);
     comm.SetInputLen(0);
     comm.SetRThreshold(1);
-    comm.SetSThreshold(1);
     comm.SetPortOpen(true);
-    if (!comm.GetPortOpen())
-        return;
-    link.FirmVersion = UnidentifiedFirmware;
-    link.g_CurTag = TagPlain;
-    link.tagCommPend = OpenReply;
-    comm.SetOutput("#IDN?"); // not through the queue: nothing else may go out while ports are tried
-    comm.SetOutput("\r");
+    return comm.GetPortOpen();
 }
 
 bool Connection::SetComm() {
-    LinkState& link = m_Session.link;
-    m_Platform.timers.KillTimer(ReadEachType);
-    m_Platform.timers.KillTimer(scanCommtimer); // its next tick would begin the chain again
-    link.g_bProbing = false;
-    m_Session.panel.m_Band_sel = NoBandText;
-    if (link.portListText.size() > 3) {
-        const std::string text = link.portListText.substr(3);
-        link.m_comm_sel_v = std::to_string(WholeNumberIn(text.substr(0, text.rfind(':'))));
+    m_ProbeTimer.Stop();
+    m_SearchTimer.Stop(); // its next tick would begin the chain again
+    m_State.g_bProbing = false;
+    m_Working.DoubtBand();
+    if (m_State.m_Chosen.size() > 3) {
+        const std::string text = m_State.m_Chosen.substr(3);
+        m_State.m_comm_sel_v = std::to_string(WholeNumberIn(text.substr(0, text.rfind(':'))));
     }
-    const int number = WholeNumberIn(link.m_comm_sel_v);
+    const int number = WholeNumberIn(m_State.m_comm_sel_v);
     if (number > HighestPort) {
-        m_Platform.user.Message("Port muessen kleiner als 17\nCOM" + link.m_comm_sel_v + " (" +
-                                m_Platform.ports.DeviceOf(number) + ")");
+        m_Events.Tell(Outcome::Refused("Port muessen kleiner als 17\nCOM" + m_State.m_comm_sel_v + " (" +
+                                       m_Parts.ports.DeviceOf(number) + ")"));
         return false;
     }
-    link.bCOMResponse = false;
-    link.g_LastPort = number;
-    link.m_comm_settings = SlowSettings;
-    CMSComm& comm = m_Platform.comm;
-    comm.SetPortOpen(false);
-    comm.SetCommPort(number);
-    comm.SetSettings(link.m_comm_settings);
-    comm.SetInputMode(CommInputMode::Text);
-    comm.SetInputLen(0);
-    comm.SetRThreshold(1);
-    comm.SetPortOpen(true);
-    link.bCOMResponse = true;
-    return comm.GetPortOpen();
+    m_State.bCOMResponse = false;
+    m_State.g_LastPort = number;
+    const bool isOpen = OpenPort(number, SlowSettings);
+    m_State.bCOMResponse = true;
+    return isOpen;
 }
 
 void Connection::OnButton1() {
@@ -215,30 +225,29 @@ void Connection::OnButton1() {
 
 bool Connection::ConnectDev() {
     // Contact was lost a moment ago and the button still offers to close: a connection is asked for.
-    if (m_Session.link.portButton == PortButton::Close)
-        m_Session.link.portButton = PortButton::Scan;
+    if (m_State.m_Button == PortButton::Close)
+        m_State.m_Button = PortButton::Scan;
     return Press();
 }
 
 bool Connection::Press() {
-    LinkState& link = m_Session.link;
-    if (link.m_CloseCountdown > 0)
+    if (m_State.IsClosing() || m_IsOver)
         return false;
-    link.m_Type.clear();
-    link.g_init = InitIdentity;
-    switch (link.portButton) {
+    m_Link.identity.ForgetModel();
+    m_Link.chain.GoBackTo(InitIdentity);
+    switch (m_State.m_Button) {
     case PortButton::Scan:
-        link.g_LastPort = 0;
+        m_State.g_LastPort = 0;
         return ScanComm() == Search::Opened;
     case PortButton::Open:
         if (!SetComm()) {
-            link.portButton = PortButton::Scan;
-            m_Session.panel.portListShown = false;
+            m_State.m_Button = PortButton::Scan;
+            m_State.m_ListShown = false;
             return false;
         }
-        m_Init.StartFullChain();
-        link.tagCommTimer = 0;
-        m_Platform.timers.SetTimer(openWatch, ConnectWatchPeriod);
+        m_Init.Begin();
+        m_State.tagCommTimer = 0;
+        m_OpenWatch.Start(ConnectWatchPeriod);
         return true;
     case PortButton::Close:
         ClosePortLater();
@@ -247,67 +256,65 @@ bool Connection::Press() {
     return false;
 }
 
+/// A run ends first: what switches its carriers off goes out while the port is still open.
 void Connection::ClosePortLater() {
-    LinkState& link = m_Session.link;
-    Panel& panel = m_Session.panel;
-    link.queue.Clear();
-    m_Run.AbandonRun(); // what switches its carriers off goes out while the port is still open
-    panel.m_Band_sel = NoBandText;
-    link.m_Type.clear();
-    link.m_CloseCountdown = CloseTicks;
-    m_Platform.timers.SetTimer(HousekeepingTimer, HousekeepingPeriod);
+    m_Init.Abort();
+    m_Link.queue.Clear();
+    m_Run.AbandonRun();
+    m_Working.DoubtBand();
+    m_Link.chain.Lose();
+    m_State.m_CloseCountdown = CloseTicks;
+    m_Housekeeping.Start(HousekeepingPeriod);
     m_Channel.PauseStatusPoll();
-    for (const int timer : {WaitCommTimer, HardBandInitOn, scanCommtimer, commScan, openWatch})
-        m_Platform.timers.KillTimer(timer);
-    link.m_SetIMOrder = "0";
-    link.portButton = PortButton::Open;
-    panel.portListShown = true;
-    panel.lamp = Lamp::NotReady;
+    m_Channel.StopWait();
+    m_SearchTimer.Stop();
+    m_ScanWatch.Stop();
+    m_OpenWatch.Stop();
+    m_State.m_Button = PortButton::Open;
+    m_State.m_ListShown = true;
 }
 
 void Connection::OnHousekeepingTimer() {
-    LinkState& link = m_Session.link;
-    if (link.m_CloseCountdown == 0 || --link.m_CloseCountdown == 0) {
-        m_Platform.timers.KillTimer(HousekeepingTimer);
+    if (m_State.m_CloseCountdown == 0 || --m_State.m_CloseCountdown == 0) {
+        m_Housekeeping.Stop();
         return;
     }
-    if (link.m_CloseCountdown != 1)
+    if (m_State.m_CloseCountdown != 1)
         return;
     // Nothing may go out any more: a command that is sent opens the port.
     m_Channel.PauseStatusPoll();
+    m_Channel.SwitchOffNow();
     m_Channel.Stop();
-    m_Platform.timers.KillTimer(WaitCommTimer);
+    m_Channel.StopWait();
     m_Channel.Reset();
-    m_Platform.comm.SetPortOpen(false);
+    m_Parts.comm.SetPortOpen(false);
 }
 
 void Connection::OnConnectWatch(int timer) {
-    LinkState& link = m_Session.link;
-    Panel& panel = m_Session.panel;
-    if (link.m_Type.empty() && link.tagCommTimer < IdentityTicks) {
-        ++link.tagCommTimer;
+    if (!m_Link.identity.HasModel() && m_State.tagCommTimer < IdentityTicks) {
+        ++m_State.tagCommTimer;
         return;
     }
-    m_Platform.timers.KillTimer(timer);
-    link.tagCommTimer = 0;
-    if (link.m_Type.empty()) {
-        m_Platform.comm.SetPortOpen(false);
-        m_Channel.LoseContact(true); // else what is still queued would open the port again
+    (timer == commScan ? m_ScanWatch : m_OpenWatch).Stop();
+    m_State.tagCommTimer = 0;
+    if (!m_Link.identity.HasModel()) {
+        m_Parts.comm.SetPortOpen(false);
+        m_Channel.LoseContact(); // else what is still queued would open the port again
         return;
     }
-    link.portButton = PortButton::Close;
-    panel.portListShown = false;
-    panel.portButtonShown = !(timer == commScan && link.g_PortList.size() == 1);
+    m_State.m_AnsweredPort = m_State.g_LastPort;
+    m_State.m_Button = PortButton::Close;
+    m_State.m_ListShown = false;
+    m_State.m_ButtonShown = !(timer == commScan && m_State.g_PortList.size() == 1);
     // A run asked for begins when the chain is over: its wipe of the queue would take the run's commands.
 }
 
 void Connection::OnSearchTimer() {
-    LinkState& link = m_Session.link;
-    if (!link.bCOMResponse) {
-        link.portButton = PortButton::Scan;
-        m_Session.panel.portButtonShown = true;
-        link.bCOMResponse = true;
-        m_Platform.timers.KillTimer(scanCommtimer);
+    if (!m_State.bCOMResponse) {
+        m_State.m_Button = PortButton::Scan;
+        m_State.m_ButtonShown = true;
+        m_State.bCOMResponse = true;
+        m_SearchTimer.Stop();
         return;
     }
     static_cast<void>(ScanComm());

@@ -1,22 +1,40 @@
 #pragma once
 
+#include "link/connection_state.h"
+#include "link/link_parts.h"
+#include "platform/timers.h"
+
 #include <string>
 
 namespace qor {
 
+/// Timers of the connection and their periods in ms.
+enum ConnectionTimer : int {
+    openWatch = 6,
+    commScan = 7,
+    HousekeepingTimer = 8,
+    scanCommtimer = 25,
+    ReadEachType = 27,
+};
+inline constexpr int ConnectWatchPeriod = 100;
+inline constexpr int HousekeepingPeriod = 100;
+inline constexpr int SearchPeriod = 2000;
+inline constexpr int ProbePeriod = 500;
+
 class Channel;
 class Initialisation;
+class LinkEvents;
 class RunControl;
-struct Platform;
-struct Session;
+class WorkingSet;
+struct LinkState;
 
 /// Finds the instrument's port, opens it, and keeps trying when the connection goes away.
 class Connection {
 public:
     enum class Search { Failed = -1, OperatorChooses = 0, Opened = 1 };
 
-    Connection(Session& session, const Platform& platform, Channel& channel, Initialisation& init,
-               RunControl& run);
+    Connection(LinkState& link, WorkingSet& working, const LinkParts& parts, Channel& channel,
+               Initialisation& init, LinkEvents& events, RunControl& run);
 
     /// A search without success goes on every two seconds.
     Search ScanComm();
@@ -25,28 +43,45 @@ public:
     void OnButton1(); ///< the port button
     /// Connects for the start button, whose question comes with the port closed. True when a port was opened.
     bool ConnectDev();
-
-    void OnSearchTimer();           ///< scanCommtimer
-    void OnProbeTimer();            ///< ReadEachType
-    void OnConnectWatch(int timer); ///< commScan or openWatch: waits for the identity
-    void OnHousekeepingTimer();     ///< close countdown
+    /// The program has started: the first search comes with its timer.
+    void Begin();
+    /// Searches at once.
+    void OnSearchTimer();
+    /// Port `number` was opened, by whatever way.
+    void Opened(int number) { m_State.g_LastPort = number; }
+    /// The program ends: nothing is looked for any more, and nothing that is found is talked to.
+    void StopSearch();
 
 private:
     bool Press();
     void ReadPortList();
     Search TryPorts();
-    Search OpenFound(int number, bool onlyPort);
+    Search OpenFound(int number);
     void FailedToOpen();
     void BeginChoice();
+    void OnProbeTimer();
     void TakeProbeAnswer();
     void ProbeNext();
+    bool OpenPort(int number, std::string settings);
     void ClosePortLater();
+    void OnConnectWatch(int timer);
+    void OnHousekeepingTimer();
+    void OnLoss();
 
-    Session& m_Session;
-    const Platform& m_Platform;
+    LinkState& m_Link;
+    ConnectionState& m_State;
+    WorkingSet& m_Working;
+    LinkParts m_Parts;
     Channel& m_Channel;
     Initialisation& m_Init;
+    LinkEvents& m_Events;
     RunControl& m_Run;
+    Timer m_OpenWatch;    ///< waits for the identity behind the press of the button
+    Timer m_ScanWatch;    ///< waits for the identity behind a search
+    Timer m_Housekeeping; ///< counts the seconds of closing
+    Timer m_SearchTimer;
+    Timer m_ProbeTimer;
+    bool m_IsOver = false; ///< the program is ending
 };
 
 } // namespace qor

@@ -1,14 +1,8 @@
 #include "link/firmware.h"
 
-#include "core/text_format.h"
-
-#include <cmath>
+#include "base/text_format.h"
 
 namespace qor {
-
-bool FirmwareFrom(float firmVersion, int tenths) {
-    return std::lround(firmVersion * 10.0f) >= tenths;
-}
 
 std::optional<float> VersionInBanner(std::string_view banner) {
     std::string sought;

@@ -1,267 +1,295 @@
 #include "link/initialisation.h"
 
-#include "core/session.h"
-#include "core/timer_ids.h"
-#include "display/curve_store.h"
+#include "bands/catalogue.h"
 #include "link/band_activation.h"
-#include "link/channel.h"
 #include "link/commands.h"
 #include "link/firmware.h"
-#include "platform/platform.h"
-#include "platform/timers.h"
+#include "link/link_events.h"
+#include "link/run_control.h"
+#include "link/working_set.h"
 
 namespace qor {
 
 namespace {
 
-constexpr std::uint8_t InitialStatus = 0x64;
-
-/// Model of the type code in the option byte; empty for a code that names none.
-std::string_view ModelOfType(int optionByte) {
-    switch (optionByte & 7) {
-    case 0:
-        return "RT-DA10";
-    case 1:
-        return "RT-K022";
-    case 2:
-        return "RT-N026";
-    case 3:
-        return "RT-S036";
-    case 4:
-        return "RT-DB22";
-    case 6:
-        return "RT-TETRA";
-    default:
-        return {};
-    }
-}
+/// Once one character of the serial number was not answered the others are not, either: two ticks are 200 ms.
+constexpr int ShortWaitMs = 100;
 
 } // namespace
 
-Initialisation::Initialisation(Session& session, const Platform& platform, Channel& channel,
-                               BandActivation& activation)
-    : m_Session(session), m_Platform(platform), m_Channel(channel), m_Activation(activation) {}
-
-void Initialisation::Prepare() {
-    LinkState& link = m_Session.link;
-    link.g_bInitFlush = true;
-    m_Channel.Reset();
-    link.m_revdatastr.clear();
-    m_Session.panel.m_Band_sel = NoBandText;
-    link.firstSendArmed = true;
-    m_Channel.Start();
-    link.m_SetIMOrder.clear();
-    link.queue.Append("#SR");
+Initialisation::Initialisation(LinkState& link, WorkingSet& working, Channel& channel,
+                               BandActivation& activation, const LinkParts& parts, LinkEvents& events,
+                               const RunControl& run)
+    : m_Link(link), m_Working(working), m_Channel(channel), m_Activation(activation), m_Events(events),
+      m_Run(run), m_BandWaitTimer(parts.timers, HardBandInitOn, [this] { OnBandWaitTimer(); }) {
+    m_Channel.SetReplies(*this);
 }
 
-void Initialisation::StartFullChain() {
-    m_Session.link.g_init = InitIdentity;
-    m_Session.link.bandOfCommand = BandNone; // it may be another instrument
-    DoInitPA();
+void Initialisation::Begin() {
+    if (m_Ready)
+        m_Before = Known{*m_Ready, m_Link.position};
+    m_Ready.reset();
+    m_SerialIsRead = m_BandWasKept = false;
+    m_BandWaitTimer.Stop();
+    m_Link.chain.Begin();
+    m_Link.identity.Forget();
+    m_Link.position.ForgetBand();
+    m_Working.SetBridge(false);
+    m_Working.DoubtBand();
+    m_Channel.BeginConversation();
+    m_Link.queue.Append(command::Begin);
+    m_Link.queue.Append(command::Identity);
 }
 
-int Initialisation::InitPA() {
-    Prepare();
-    m_Session.link.g_init = InitBandPosition;
-    DoInitPA();
-    return 1;
-}
-
+/// Queues the commands of the chain's step; nothing once the chain is over.
 void Initialisation::DoInitPA() {
-    LinkState& link = m_Session.link;
-    switch (link.g_init) {
-    case InitIdentity:
-        Prepare();
-        link.g_DeviceSN = "00000";
-        link.queue.Append("#IDN?");
-        link.FirmVersion = 0;
-        break;
+    switch (m_Link.chain.Step()) {
     case InitMemory:
         QueueMemoryReads();
         break;
     case InitBandPosition:
-        link.queue.Append("#SMREF");
-        link.queue.Append("#SAB?");
+        m_Link.queue.Append(command::Reflection);
+        m_Link.queue.Append(command::Position);
         break;
     case InitBandText:
-        if (m_Session.receiver.tagReceiver == 1)
-            link.queue.Append(UseReceiver(m_Session.select.m_IMIndex));
-        m_Platform.timers.SetTimer(HardBandInitOn, BandWaitPeriod);
+        if (m_Run.InstrumentListens())
+            m_Link.queue.Append(UseReceiver(m_Working.ImIndex()));
+        if (m_Link.position.Band() != BandNone)
+            m_BandWaitTimer.Start(BandWaitPeriod);
         break;
     case InitEnd:
-        if (link.g_InitLamp > LampNothing)
-            m_Session.panel.lamp = Lamp::Ready;
-        link.m_SetIMOrder.clear();
-        if (link.g_isSWStart) {
-            link.serialRead.clear();
-            link.memoryMissed = false;
-            for (int tag = TagSerialFirst; tag <= TagSerialLast; ++tag)
-                link.queue.Append(ReadMemory(tag), tag);
-        }
-        link.g_InstrStatus = InitialStatus;
-        link.queue.Append(std::string("#SST") + static_cast<char>(InitialStatus));
-        link.g_init = InitSerial;
+        QueueEnd();
         break;
     default:
         break;
     }
 }
 
+void Initialisation::NextStep() {
+    m_Link.chain.Advance();
+    DoInitPA();
+}
+
+void Initialisation::IdentityReply() {
+    Transaction& transaction = m_Link.transaction;
+    if (!m_Link.identity.TakeBanner(transaction.Text()))
+        return;
+    transaction.Text().clear();
+    transaction.Finish();
+    if (!m_Link.connection.IsProbing())
+        m_Channel.SwitchOffWhatIsOwed();
+    NextStep();
+}
+
 void Initialisation::QueueMemoryReads() {
-    LinkState& link = m_Session.link;
-    if (FirmwareFrom(link.FirmVersion, 61)) {
-        link.queue.Append(ReadMemory(95), TagTypeCode);
-        if (FirmwareFrom(link.FirmVersion, 62)) {
-            link.g_EqName.clear();
-            link.memoryMissed = false;
+    const float firmware = m_Link.identity.Firmware();
+    CommandQueue& queue = m_Link.queue;
+    if (ReadsMemoryAsText(firmware)) {
+        queue.Ask(ReadMemory(95), TagTypeCode, *this);
+        if (HasModelText(firmware))
             for (int tag = TagModelFirst; tag <= TagModelLast; ++tag)
-                link.queue.Append(ReadMemory(tag), tag);
-        }
-    } else if (FirmwareFrom(link.FirmVersion, 41)) {
-        link.queue.Append("$KVTREdx0", TagSerialHigh);
-        link.queue.Append("$KVTREdy0", TagSerialLow);
-        link.queue.Append("$KVTREdt0", TagOption);
+                queue.Ask(ReadMemory(tag), tag, *this);
+    } else if (HasMemory(firmware)) {
+        queue.Ask(ReadMemoryByte('x'), TagSerialHigh, *this);
+        queue.Ask(ReadMemoryByte('y'), TagSerialLow, *this);
+        queue.Ask(ReadMemoryByte('t'), TagOption, *this);
     } else {
         NextStep(); // nothing to read
     }
 }
 
-void Initialisation::NextStep() {
-    ++m_Session.link.g_init;
-    DoInitPA();
-}
-
-void Initialisation::IdentityReply() {
-    LinkState& link = m_Session.link;
-    if (link.m_revdatastr.find("MPX") == std::string::npos) {
-        if (const auto version = VersionInBanner(link.m_revdatastr))
-            link.FirmVersion = *version;
-        if (std::string model = ModelInBanner(link.m_revdatastr); !model.empty()) {
-            link.g_ModelName = model;
-            link.m_revdatastr_name = model;
-            link.m_Type = std::move(model);
+void Initialisation::Answered(int tag, std::string_view reply) {
+    Identity& identity = m_Link.identity;
+    const bool readsMemory = m_Link.chain.Step() == InitMemory;
+    if (tag == TagSerialHigh) {
+        identity.TakeSerialHigh(MemoryByte(reply, 'x'));
+    } else if (tag == TagSerialLow) {
+        identity.TakeSerialLow(MemoryByte(reply, 'y'));
+    } else if (tag == TagOption) {
+        if (const auto option = MemoryByte(reply, 't'))
+            m_Working.SetBridge((*option & 1) != 0);
+        if (readsMemory)
+            NextStep();
+    } else if (tag == TagTypeCode) {
+        identity.TakeTypeCode(MemoryValue(reply));
+        if (readsMemory && !HasModelText(identity.Firmware()))
+            NextStep();
+    } else if (tag >= TagSerialFirst && tag <= TagModelLast) {
+        if (tag == TagSerialFirst || tag == TagModelFirst)
+            identity.BeginText();
+        identity.TakeCharacter(MemoryValue(reply));
+        if (tag == TagModelLast) {
+            identity.EndModelText();
+            if (readsMemory)
+                NextStep();
+        } else if (tag == TagSerialLast) {
+            identity.EndSerialText();
+            SerialIsRead();
+        } else if (tag < TagSerialLast && reply.empty()) {
+            m_Link.queue.ShortenWaits(*this, ShortWaitMs);
         }
     }
-    if (!FirmwareFrom(link.FirmVersion, 11))
-        return;
-    link.m_revdatastr.clear();
-    link.tagtemp = 0;
-    link.tagCommPend = 0;
-    NextStep();
 }
+
+// ----- the band
 
 void Initialisation::PositionReply(int position) {
-    LinkState& link = m_Session.link;
     std::string command = SelectPosition(position);
-    // The code of the band in force keeps that band: two bands share a position on some instruments, and a
-    // reconnection does not know the firmware that tells them apart.
-    if (command != link.g_BandCmd || link.bandOfCommand == BandNone) {
-        link.bandOfCommand = BandNone;
-        const auto meaning = BandOfPosition(position, link.m_Type, link.FirmVersion, link.g_bAwsChosen != 0);
-        if (meaning) {
-            link.bandOfCommand = meaning->band;
-            if (meaning->forcesTwoToneIm3) {
-                m_Session.select.m_IMIndex = 1;
-                m_Session.panel.m_IM_sel = "IM3";
-                m_Session.run.g_TestMode = ModeTwoTone;
-                m_Session.panel.m_Mode_sel = TwoToneText;
-            }
-        }
-    }
-    link.g_BandCmd = std::move(command);
-    if (link.bandOfCommand != BandNone) {
-        m_Session.select.m_BandId = link.bandOfCommand;
-        m_Session.panel.m_Band_sel = BandText(link.bandOfCommand);
-    }
-    if (link.g_init == InitBandPosition)
+    if (m_Link.chain.Step() == InitBandPosition) {
+        TakePosition(std::move(command), position);
         NextStep();
-}
-
-void Initialisation::MemoryReply() {
-    LinkState& link = m_Session.link;
-    const int tag = link.g_CurTag;
-    // A reply that came too late must not count for the address asked now.
-    const bool late = IsMemoryTag(tag) && link.m_revdatastr.find(link.TagCurrentCommand) == std::string::npos;
-    const int value = MemoryValue(link.m_revdatastr);
-    const bool isCharacter = value > 0 && value < 128;
-    link.m_revdatastr.clear();
-    if (late)
         return;
+    }
+    // The echo of the band in force keeps that band: two bands share a position on some instruments.
+    if (command != m_Link.position.Command() || m_Link.position.Band() == BandNone)
+        TakeMeaning(std::move(command), position);
+    if (m_Link.position.Band() != BandNone)
+        m_Working.SelectBand(m_Link.position.Band());
+}
 
-    if (link.g_init == InitMemory) {
-        link.tagtemp = 0;
-        link.tagCommPend = 0;
-        if (tag >= TagModelFirst && tag <= TagModelLast) {
-            if (isCharacter)
-                link.g_EqName += static_cast<char>(value);
-            if (tag == TagModelLast)
-                MemoryReadDone(tag);
-        } else if (tag == TagTypeCode) {
-            if (const std::string_view model = ModelOfType(value); !model.empty()) {
-                link.g_IMType = model;
-                link.m_Type = model;
-            }
-            MemoryReadDone(tag);
-        } else if (!FirmwareFrom(link.FirmVersion, 61)) {
-            NextStep();
-        }
-    } else if (link.g_init >= InitSerial && link.g_isSWStart && tag >= TagSerialFirst &&
-               tag <= TagSerialLast) {
-        if (tag == TagSerialFirst)
-            link.serialRead.clear(); // the reading may have been begun again while one was under way
-        if (isCharacter)
-            link.serialRead += static_cast<char>(value);
-        if (tag == TagSerialLast) {
-            if (!link.memoryMissed && !link.serialRead.empty()) {
-                link.m_devSN = link.serialRead;
-                link.g_DeviceSN = link.m_devSN;
-            }
-            if (link.g_init == InitSerial)
-                link.g_init = InitSerialDone;
-            link.g_isSWStart = false;
-        }
-        link.tagtemp = 0;
-        link.tagCommPend = 0;
+/// The band of a position by the table of model and firmware.
+void Initialisation::TakeMeaning(std::string command, int position) {
+    const auto meaning = BandOfPosition(position, m_Link.identity.Model(), m_Link.identity.Firmware(),
+                                        m_Link.position.AwsChosen());
+    m_Link.position.Set(std::move(command), meaning ? meaning->band : int{BandNone});
+    if (meaning && meaning->forcesTwoToneIm3) {
+        m_Working.SelectOrder(1);
+        m_Working.SelectMethod(ModeTwoTone);
     }
 }
 
-void Initialisation::MemoryReadMissed(int tag) {
-    m_Session.link.memoryMissed = tag != TagOption;
-    MemoryReadDone(tag);
+/// The position of a new conversation. What seems to be the instrument before, where it was before, keeps the
+/// operator's band; its serial number, read later, has the last word.
+void Initialisation::TakePosition(std::string command, int position) {
+    const bool keeps = m_Before && m_Before->IsKindOf(m_Link.identity) &&
+                       m_Before->position.Command() == command && m_Before->position.Band() != BandNone &&
+                       BandPosition(m_Before->position.Band(), m_Link.identity.Model(),
+                                    m_Link.identity.Firmware()) == position;
+    m_Position = position;
+    if (keeps)
+        m_Link.position.Set(std::move(command), m_Before->position.Band());
+    else
+        TakeMeaning(std::move(command), position);
+    m_BandWasKept = keeps;
+    ShowBand();
 }
 
-void Initialisation::MemoryReadDone(int tag) {
-    LinkState& link = m_Session.link;
-    if (link.g_init != InitMemory)
-        return;
-    const bool modelFollows = FirmwareFrom(link.FirmVersion, 62);
-    if (tag == TagModelLast) {
-        // A name with a hole in it is worse than the banner's.
-        if (!link.g_EqName.empty() && !link.memoryMissed) {
-            link.g_ModelName = link.g_EqName;
-            link.m_revdatastr_name = link.g_EqName;
-        }
-        NextStep();
-    } else if (tag == TagOption || (tag == TagTypeCode && !modelFollows)) {
-        NextStep();
-    }
+/// False for a model that is none: its name was spoilt on the line.
+bool Initialisation::CarriesAnyBand() const {
+    const Identity& identity = m_Link.identity;
+    for (int band = BandAmps; band <= BandFqC010; ++band)
+        if (BandPosition(band, identity.Model(), identity.Firmware()))
+            return true;
+    return false;
+}
+
+void Initialisation::ShowBand() {
+    const int band = m_Link.position.Band();
+    m_Link.chain.WaitForChoice(band == BandNone && CarriesAnyBand());
+    if (band != BandNone)
+        m_Working.SelectBand(band);
+    else
+        m_Working.DoubtBand();
 }
 
 void Initialisation::OnBandWaitTimer() {
-    if (m_Session.panel.m_Band_sel == NoBandText)
+    if (m_Link.chain.WaitsForPower() && !m_Activation.PowersFit())
         return;
-    m_Platform.timers.KillTimer(HardBandInitOn);
-    if (m_Activation.HardBandInit(HoldsPoints(m_Session.curve)))
+    m_BandWaitTimer.Stop();
+    if (Activate(false))
         NextStep();
 }
 
 void Initialisation::HardBandInit() {
-    LinkState& link = m_Session.link;
-    // From firmware 6.0 on a band command drops what waits: the end of the chain with it, if it is quick.
-    if (link.g_bInitFlush && link.g_init >= InitSerial && !link.queue.Holds("#SST"))
-        link.g_init = InitBandText;
-    if (m_Activation.HardBandInit(false) && link.g_init >= InitBandText)
+    Chain& chain = m_Link.chain;
+    if (chain.WaitsForChoice() && !m_Working.BandIsSet())
+        return; // something else than a band was chosen
+    chain.WaitForChoice(false);
+    m_BandWasKept = false;
+    m_BandWaitTimer.Stop();
+    // A band command may have dropped what waits: the end of the chain with it, if it is quick.
+    if (chain.IsUnderWay() && chain.IsPastBand() && !m_Link.queue.Holds(command::WriteStatus))
+        chain.GoBackTo(InitBandText);
+    if (Activate(true) && chain.Step() >= InitBandText)
         NextStep(); // before its third step the chain comes to the band by itself
+}
+
+bool Initialisation::Activate(bool byOperator) {
+    Chain& chain = m_Link.chain;
+    const Outcome done = m_Activation.Activate(m_Link.identity.Firmware());
+    if (!m_Activation.HasOrder())
+        m_Events.Tell(Outcome::Refused("Not Supported"));
+    if (!done) {
+        if (done.Text().empty())
+            return false;
+        m_Events.Tell(done);
+        if (chain.IsUnderWay()) {
+            chain.WaitForPower(true);
+            m_BandWaitTimer.Start(PowerWaitPeriod);
+        }
+        return false;
+    }
+    chain.WaitForPower(false);
+    if (BandActivation::TakesPart(m_Working.Band()))
+        m_Events.BandActivated(byOperator);
+    return true;
+}
+
+void Initialisation::Abort() {
+    StopBandWait();
+    if (!m_Link.chain.IsUnderWay())
+        return;
+    m_Link.queue.Clear();
+    m_Link.chain.Abort();
+}
+
+// ----- the end
+
+void Initialisation::QueueEnd() {
+    if (!m_SerialIsRead)
+        for (int tag = TagSerialFirst; tag <= TagSerialLast; ++tag)
+            m_Link.queue.Ask(ReadMemory(tag), tag, *this);
+    m_Link.chain.TakeStatus(Chain::InitialStatus);
+    m_Link.queue.Append(std::string(command::WriteStatus) + static_cast<char>(Chain::InitialStatus));
+    m_Link.chain.Advance();
+}
+
+void Initialisation::SerialIsRead() {
+    m_Link.chain.SerialIsRead();
+    m_SerialIsRead = true;
+    if (m_Before)
+        Compare();
+    m_Ready = m_Link.identity;
+}
+
+/// Everything is known: is it the instrument before, and does it stand where it stood?
+void Initialisation::Compare() {
+    const bool sameKind = m_Before->IsKindOf(m_Link.identity);
+    const bool bothNumbered = m_Before->identity.HasSerial() && m_Link.identity.HasSerial();
+    const bool sameSerial = m_Before->identity.Serial() == m_Link.identity.Serial();
+    if (m_BandWasKept && !(bothNumbered && sameSerial))
+        FollowPosition();
+    m_BandWasKept = false;
+    if (!sameKind || (bothNumbered && !sameSerial))
+        // shown to the operator
+        m_Events.Tell(Outcome::Refused("Ein anderes Geraet als vorher ist angeschlossen."));
+    else if (m_Link.position.Band() != m_Before->position.Band())
+        // shown to the operator
+        m_Events.Tell(Outcome::Refused("Die Breite des Geraets hat sich geaendert."));
+    m_Before.reset();
+}
+
+/// It may not be the instrument that the operator has chosen the band for: the position decides, and its band
+/// is activated anew.
+void Initialisation::FollowPosition() {
+    const int kept = m_Link.position.Band();
+    TakeMeaning(m_Link.position.Command(), m_Position);
+    if (m_Link.position.Band() == kept)
+        return;
+    m_Link.queue.Clear();
+    m_Link.chain.GoBackTo(InitBandText);
+    ShowBand();
+    DoInitPA();
 }
 
 } // namespace qor

@@ -1,111 +1,146 @@
 #pragma once
 
-#include "bands/catalogue.h"
-#include "bands/setup_store.h"
+#include "base/outcome.h"
+#include "measure/run.h"
+#include "measure/run_shape.h"
+#include "measure/spectrum.h"
+#include "measure/sweep.h"
+#include "measure/two_tone.h"
+#include "platform/timers.h"
 
-#include <string>
 #include <string_view>
 
 namespace qor {
 
 class Channel;
-class Connection;
-class ReceiverAccess;
-class ResultFiles;
+class InstrumentSelection;
+class InterBandMode;
+class SetupStore;
+class WorkingSet;
+struct BandInfo;
 struct Platform;
-struct Session;
 
-/// A run from the start button to its end or stop. Everything happens in timer ticks and level replies; the
-/// curve is drawn by whoever shows the curve store.
-///
-/// measurement_start.cpp and inter_band_start.cpp begin a run, run_shapes.cpp holds what each of its shapes
-/// begins with, two_tone.cpp and sweep.cpp the ticks and end decisions (spectrum is a half sweep),
-/// measurement_end.cpp the ways a run ends, readings.cpp the road of a reading into the curve.
-class Measurement {
+/// What became of a press of the start button. A start that is not done needs nothing more, or first the
+/// answer of the operator: a connection, or frequencies for the band.
+struct StartAnswer {
+    enum class Needs { Nothing, Connection, InterBandPlan };
+
+    Outcome outcome = Outcome::Done();
+    Needs needs = Needs::Nothing;
+};
+
+/// What a run asks of whoever stands above it.
+class RunEvents {
 public:
-    Measurement(Session& session, const Platform& platform, SetupStore& store, Channel& channel,
-                ReceiverAccess& receiver, ResultFiles& files);
+    RunEvents() = default;
+    RunEvents(const RunEvents&) = delete;
+    RunEvents& operator=(const RunEvents&) = delete;
+    virtual ~RunEvents() = default;
 
-    /// The start button: starts, or stops the run that is on. `connection` is asked when the port is closed.
-    void OnMeasButton(Connection& connection);
-    void StartAfterConnect();
-    void StartMeas();
-    void StopMeas();
-    void AbandonRun();
+    /// A run that was waiting, or a further one, could not begin.
+    virtual void StartWasRefused(const Outcome& outcome) = 0;
+    /// The first run of a press begins: the last result goes, and what it has set aside comes back in force.
+    virtual void RunBegins() = 0;
+    /// Saves the pass just over as the next numbered file of the series. False when it cannot be written.
+    virtual bool SaveNumbered() = 0;
+    /// The beeper: readings will come, one is shown, none come any more.
+    virtual void RunIsAskedFor() = 0;
+    virtual void LevelIsShown() = 0;
+    virtual void RunIsOver() = 0;
+};
+
+/// The states that a measurement reads and writes.
+struct MeasurementRooms {
+    Run& run;
+    const RunSettings& settings;
+    WorkingSet& working;
+    const InterBandMode& interBand;
+    LinkState& link;
+    Curve& curve;
+    Readout& readout;
+    LevelSources& sources;
+};
+
+/// A run from the press of the start button to its end or stop. Everything happens in timer ticks and level
+/// replies; the curve is drawn by whoever shows it.
+///
+/// start.cpp is the road from the button to the first command; measurement.cpp holds what comes afterwards,
+/// the further passes and the ways to end. A shape (run_shape.h) measures one pass.
+class Measurement final : private RunHost {
+public:
+    Measurement(const MeasurementRooms& rooms, const Platform& platform, SetupStore& store, Channel& channel,
+                InstrumentSelection& instrument, RunEvents& events);
+
+    /// The start button with no run on. A start that is refused leaves the curve and its verdict.
+    [[nodiscard]] StartAnswer Start();
+    /// The operator has had the port connected: the run begins once the instrument is ready.
+    void StartOnceConnected();
+    /// The operator does not want what the start needs, or it was not to be had.
+    void GiveUpStart();
+    /// The start button with a run on.
+    void Stop();
     /// A run that was asked for and waits for the instrument or its turn does not begin.
     void DropStart();
 
-    void OnTwoToneTimer();          ///< T2messuretimer
-    void OnSweepTimer();            ///< sweeptimer
-    void OnSpectrumTimer();         ///< spectrumtimer
-    void OnAnalyserWait(int timer); ///< analyzerwaittimer, spectrumwaittimer
-    void OnIntervalTimer();         ///< intervaltimer
-    void OnRestartTimer();          ///< restarttimer
-    void OnCurveTimer();            ///< the curve window's timer
+    /// The instrument is ready: begins a run that waits for it.
+    void InstrumentIsReady();
+    /// Ends a run whose instrument is gone, and drops one that waits; neither counts as passed.
+    void Abandon();
 
-    void LevelReply(std::string_view level);
-    void BeforeSend(); ///< reads an external receiver for the step just sent, shows the next step
-    void LineIdle();   ///< closing phases of a sweep
+    void Reply(const Reading& reading); ///< a level of the instrument, to the command last sent
+    void BeforeSend();                  ///< the head of the queue is about to go out
+    void LineIdle();                    ///< a send tick that sends nothing
 
 private:
-    void BeginRun();
-    void StartFirstRun();
-    [[nodiscard]] bool TakePath();
-    [[nodiscard]] const BandInfo* TakeBand(const BandInfo* band);
-    [[nodiscard]] bool TakePlan(const BandInfo& band);
-    void TakePower(std::string_view prefix);
-    void StartShape(bool spectrumToo);
-    void StartMeasInterBand();
-    void AskForInterBand();
-    void QueueInterBandPower();
-    void FillFixedReportTexts();
-    void FillBandReport(const BandInfo& band, std::string_view order);
-    void FillSweepReport();
-    void StartTwoTone();
-    void StartSweep(bool prepared);
-    void StartSpectrum();
-    void StartMeasRepData();
-    void RepeatTwoTone();
-    void RepeatSweep();
-    void RepeatSpectrum();
-    void QueueBandReselection();
-    void QueuePathOnFirstRun();
-    void QueueSilence(int count);
-    void QueueSweepPasses();
-    void ClearForSweep();
-    void MarkFirstStep(float imFrequency);
-    void ArmSteps(int stepTimer, int waitTimer, int receiverDelay);
-    void SetUpAnalyser();
-    [[nodiscard]] float ImOf(float f1, float f2) const;
-    [[nodiscard]] float SpectrumIm(float f1, float f2) const;
-    [[nodiscard]] bool Internal() const;
+    // The start, in start.cpp.
+    void ClearForPress();
+    [[nodiscard]] StartAnswer Begin();
+    [[nodiscard]] StartAnswer BringToInstrument();
+    [[nodiscard]] StartAnswer BeginFirstRun();
+    [[nodiscard]] StartAnswer GoBackToIdle(StartAnswer answer);
+    [[nodiscard]] StartAnswer BeginRun();
+    [[nodiscard]] StartAnswer TakeRecord(RunRecord& record);
+    void TakeCorrections(RunRecord& record) const;
+    [[nodiscard]] Outcome TakePlan(const BandInfo& band, RunRecord& record);
+    [[nodiscard]] Outcome Refuse(const char* words);
+    [[nodiscard]] std::string_view BandCommand() const;
+    [[nodiscard]] RunShape* ShapeOf(int method);
+    void OnRestartTimer();
 
-    void QueueStep(std::string_view command, float frequency, int tag, float imFrequency);
-    void QueueReadingOfStep();
-    void NextUpStep();
-    void TurnToDownSweep();
-    [[nodiscard]] bool PauseBetweenSweeps();
-    void DecideSweepEnd();
-    void DecideTwoToneEnd();
-    void NextSweepRun();
+    [[nodiscard]] RunParts PartsOfShape();
+    void FollowPoints();
+    void RepeatPass();
+    void BeginFurtherPass();
+    [[nodiscard]] bool HasFurtherSweep() const;
+    void BeginFurtherSweep();
+    void OnIntervalTimer();
+    void NextSweep();
+    void BeginFurtherRun();
+    void EndRun();
+    void EndWithin(RunEnd how);
+    void Judge();
+    void GoIdle();
 
-    void StoreLevel(float& place, float level);
-    void ShowLevel(float stored);
-    void StoreAtGrid(std::string_view level, float frequency, bool down);
-    void StepPanelTexts(bool down);
-    void RefreshWorstTexts();
-    void SettleCurve();
-    bool SaveRepeat();
-    void CountLastPass();
-    void CommonFinish();
+    StartSituation Situation() const override;
+    void FollowCurve() override;
+    void LevelTaken(float dBm) override { m_Rooms.run.Take(dBm); }
+    void LevelShown() override { m_Events.LevelIsShown(); }
+    void PassIsOver() override;
 
-    Session& m_Session;
+    MeasurementRooms m_Rooms;
     const Platform& m_Platform;
     SetupStore& m_Store;
     Channel& m_Channel;
-    ReceiverAccess& m_Receiver;
-    ResultFiles& m_Files;
-    Connection* m_StartButton = nullptr; ///< of the last press
+    InstrumentSelection& m_Instrument;
+    RunEvents& m_Events;
+    Timer m_CurveTimer;
+    Timer m_IntervalTimer;
+    Timer m_RestartTimer;
+    TwoTone m_TwoTone;
+    Sweep m_Sweep;
+    Spectrum m_Spectrum;
+    bool m_Brought = false; ///< the start waits for what it had the instrument told first
+    RunShape* m_Shape;      ///< of the run in progress, or of the last one
 };
 
 } // namespace qor

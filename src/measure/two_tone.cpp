@@ -1,83 +1,114 @@
-// 2-tone: both tones fixed, level against time.
-#include "bands/tenths.h"
-#include "core/session.h"
-#include "core/timer_ids.h"
-#include "display/curve_store.h"
-#include "measure/measurement.h"
-#include "platform/platform.h"
-#include "platform/timers.h"
-#include "receivers/receiver_access.h"
+#include "measure/two_tone.h"
+
+#include "curve/curve.h"
+#include "curve/readout.h"
+#include "link/link_state.h"
+#include "measure/run.h"
+#include "measure/start_commands.h"
+#include "measure/timer_ids.h"
+#include "receivers/level_source.h"
+
+#include <cmath>
 
 namespace qor {
 
-namespace {
+TwoTone::TwoTone(const RunParts& parts)
+    : RunShape(parts), m_Timer(parts.timers, T2messuretimer, [this] { OnTick(); }) {}
 
-/// An external receiver needs this long before its readings count.
-constexpr int SettleMs = 1600;
-
-} // namespace
-
-void Measurement::OnTwoToneTimer() {
-    CurveState& curve = m_Session.curve;
-    RunState& run = m_Session.run;
-    // The running timer keeps its period until the next start; the count follows at once.
-    if (Internal() && curve.RealReceiveTime != 0 && curve.tone2SetTimes < curve.RealReceiveTime)
-        curve.tone2SetTimes = curve.RealReceiveTime;
-    curve.tone2SetTimes = std::max(curve.tone2SetTimes, 100);
-    run.curvepointcounter = curve.g_testTimeMs / curve.tone2SetTimes + 1 + (Internal() ? 1 : 0);
-    // After an error reply no level counts any more: the run then ends by its time, as an instrument error.
-    const bool timeIsUp = IsInstrumentError(curve.g_MeasVerdict) && run.ticks > run.curvepointcounter;
-    if (curve.StoreDataPot >= run.curvepointcounter || timeIsUp) {
-        DecideTwoToneEnd();
-        return;
-    }
-    ++run.ticks;
-    std::string reading;
-    if (Internal())
-        m_Session.link.queue.Append("#IMP?", TagLevel);
-    else
-        reading = m_Receiver.ReadLevel(false);
-    RefreshWorstTexts();
-    if (run.g_SettleTicks < SettleMs / curve.tone2SetTimes + 1) {
-        ++run.g_SettleTicks;
-        return;
-    }
-    if (Internal() || static_cast<std::size_t>(curve.StoreDataPot) >= curve.g_levelUp.size())
-        return;
-    float& place = curve.g_levelUp[static_cast<std::size_t>(curve.StoreDataPot++)];
-    StoreLevel(place, static_cast<float>(NumberIn(reading)));
-    curve.g_curveDirty = 1;
-    ShowLevel(place);
+void TwoTone::Begin() {
+    const RunRecord& record = m_Parts.run.Record();
+    const float product = record.Product(record.plan.f1, record.plan.f2);
+    m_Parts.readout.ShowTones(record.plan.f1, record.plan.f2);
+    m_Parts.readout.ShowIm(product);
+    m_Parts.curve.BeginTwoTone(product);
+    g_SettleTicks = 0;
+    LevelSource& source = m_Parts.sources.Current();
+    source.HoldForTones();
+    source.ListenAt(std::round(static_cast<double>(product) * 1e6));
+    BeginPass(StartOfTwoTone(m_Parts.host.Situation()));
 }
 
-void Measurement::DecideTwoToneEnd() {
-    RunState& run = m_Session.run;
-    if (run.tagEndless && (run.EndlessTimes == 0 || run.FinishedEndlessTimes < run.EndlessTimes)) {
-        SettleCurve();
-        if (run.EndlessTimes != 0)
-            ++run.FinishedEndlessTimes;
-        if (run.g_bReplaceData) {
-            StartMeasRepData();
-            return;
-        }
-        ++run.passes;
-        if (SaveRepeat() && (run.EndlessTimes == 0 || run.EndlessTimes > run.FinishedEndlessTimes))
-            StartMeas();
-        return; // the last one ends on the next tick
+void TwoTone::Repeat() {
+    BeginPass(RepeatOfTwoTone(m_Parts.host.Situation()));
+}
+
+void TwoTone::BeginPass(const StartCommands& commands) {
+    Curve& curve = m_Parts.curve;
+    curve.EndPass();
+    m_Ticks = m_Spoilt = 0;
+    curve.UpdateTimePerPoint(m_Parts.sources.Current().AnswersOverTheLine());
+    Queue(commands);
+    m_Timer.Start(curve.TimePerPoint());
+    m_Parts.host.FollowCurve();
+}
+
+/// Points of a pass. Of a source that answers over the line the first reading only primes it.
+int TwoTone::Points() const {
+    const Curve& curve = m_Parts.curve;
+    return curve.Length() / curve.TimePerPoint() + 1 +
+           (m_Parts.sources.Current().AnswersOverTheLine() ? 1 : 0);
+}
+
+PassTally TwoTone::Tally() const {
+    return {Points(), m_Parts.curve.NextPoint()};
+}
+
+/// Readings that are spoilt make a pass longer, by half at most; without one that is not it ends with as many
+/// as its time holds. Behind an error reply no level counts any more: the pass then ends by its ticks.
+bool TwoTone::TimeIsUp() const {
+    const Curve& curve = m_Parts.curve;
+    const int points = Points();
+    if (curve.verdict.IsError())
+        return m_Ticks > points;
+    const int most = curve.NextPoint() == 0 ? points : points + points / 2;
+    return m_Spoilt > 0 && curve.NextPoint() + m_Spoilt >= most;
+}
+
+void TwoTone::OnTick() {
+    Curve& curve = m_Parts.curve;
+    LevelSource& source = m_Parts.sources.Current();
+    // The running timer keeps its period until the next start; the count follows at once.
+    curve.HoldTimePerPoint(source.AnswersOverTheLine());
+    if (curve.NextPoint() >= Points() || TimeIsUp()) {
+        m_Parts.host.PassIsOver();
+        return;
     }
-    CountLastPass();
-    m_Session.link.queue.Clear();
-    m_Platform.timers.KillTimer(T2messuretimer);
-    if (!Internal())
-        m_Receiver.VisaIO("INIT:CONT ON");
-    m_Session.link.queue.Append("#M2T0");
-    SettleCurve();
-    m_Session.panel.m_ReadingText = m_Session.panel.m_WorstLevelText;
-    m_Session.panel.m_fIM_text = m_Session.panel.m_WorstFreqText;
-    m_Session.link.queue.Append("#SMREF");
-    CommonFinish();
-    SettleVerdict(m_Session.curve);
-    m_Platform.timers.KillTimer(CurveTimer);
+    ++m_Ticks;
+    source.Ask(m_Parts.link.queue, TagLevel, 0);
+    const auto reading = source.ReadInTick();
+    if (g_SettleTicks < source.SettleMs() / curve.TimePerPoint() + 1) {
+        ++g_SettleTicks;
+        return;
+    }
+    if (reading)
+        Reply(*reading, TagLevel, 0);
+}
+
+void TwoTone::Reply(const Reading& reading, int tag, float) {
+    if (!reading.IsLevel()) {
+        if (tag == TagLevel)
+            ++m_Spoilt;
+        return;
+    }
+    const float level = Corrected(reading);
+    if (tag == TagLevel) { // the first one of a pass only primes the receiver
+        m_Parts.curve.Add(level);
+        m_Parts.host.LevelTaken(level);
+    }
+    m_Parts.curve.Touch();
+    Show(level);
+}
+
+void TwoTone::Finish() {
+    m_Parts.link.queue.Clear();
+    m_Parts.sources.Current().Release();
+    m_Timer.Stop();
+    m_Parts.link.queue.Append("#M2T0");
+    m_Parts.link.queue.Append("#SMREF");
+}
+
+void TwoTone::Stop() {
+    Finish();
 }
 
 } // namespace qor

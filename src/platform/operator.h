@@ -11,7 +11,8 @@ enum class Answer { Yes, No, Cancel };
 /// The person in front of the program. Nothing else in the program ever asks or tells anybody anything.
 /// Where nobody sits, as in a script, choices that need a window come back empty.
 ///
-/// Timers and port events go on while a question is open: a handler that asks looks again at what it relies on.
+/// Timers and port events go on while a question is open: a handler that asks looks again at what it relies
+/// on.
 class Operator {
 public:
     Operator() = default;

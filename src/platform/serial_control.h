@@ -32,12 +32,12 @@ public:
     virtual void SetCommPort(int number) = 0;
     /// "9600,n,8,1" or "115200,n,8,1". Takes effect at the next opening.
     virtual void SetSettings(std::string_view settings) = 0;
-    virtual void SetInputMode(CommInputMode mode) = 0;
+    virtual void SetInputMode(CommInputMode /*mode*/) {}
     /// 0: GetInput gives everything that has come. No other value is used.
-    virtual void SetInputLen(int length) = 0;
+    virtual void SetInputLen(int /*length*/) {}
     /// 1: an event on each arrival. No other value is used.
-    virtual void SetRThreshold(int count) = 0;
-    virtual void SetSThreshold(int count) = 0;
+    virtual void SetRThreshold(int /*count*/) {}
+    virtual void SetSThreshold(int /*count*/) {}
     /// Opening drops whatever the line held from before.
     virtual void SetPortOpen(bool open) = 0;
     [[nodiscard]] virtual bool GetPortOpen() const = 0;

@@ -1,18 +1,26 @@
 #pragma once
 
-#include <cstdint>
-
 namespace qor {
 
+/// What an external receiver is; any other number is asked as the third is.
 enum ExternalReceiver : int { ReceiverAnalyser = 1, ReceiverNrv = 2, ReceiverNrp = 3, ReceiverSensor = 4 };
 
-struct ReceiverState {
+/// Which receiver measures the levels.
+class ReceiverState {
+public:
+    [[nodiscard]] bool InstrumentListens() const { return tagReceiver == 1; }
+    /// Of the external receiver, one of ExternalReceiver.
+    [[nodiscard]] int ExternalKind() const { return g_ExtRxKind; }
+
+    void UseInstrument() { tagReceiver = 1; }
+    void UseExternal(int kind) {
+        tagReceiver = 0;
+        g_ExtRxKind = kind;
+    }
+
+private:
     int tagReceiver = 1; ///< 1: the instrument's own receiver measures, 0: an external one
     int g_ExtRxKind = ReceiverAnalyser;
-    std::uint32_t g_VisaRM = 0;
-    std::uint32_t g_VisaSession = 0;
-    int g_VisaFail = 0; ///< a transfer failed and could not be repaired at once
-    std::uint32_t g_SensorSession = 0;
 };
 
 } // namespace qor

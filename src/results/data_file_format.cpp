@@ -1,14 +1,16 @@
-#include "core/text_format.h"
+#include "base/text_format.h"
 #include "results/data_file.h"
+#include "results/read_document.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace qor {
 
 namespace {
 
 constexpr std::size_t FieldWidth = 6; ///< of frequencies and times
-constexpr std::size_t LevelWidth = 9; ///< ";-098.70" and the line feed
+constexpr std::size_t LevelWidth = 7; ///< "-098.70"
 constexpr std::size_t ModelWidth = 7;
 constexpr std::size_t SerialWidth = 5;
 
@@ -19,8 +21,16 @@ void AppendPadded(std::string& out, double value, int decimals) {
         out.insert(begin, FieldWidth - (out.size() - begin), '0');
 }
 
-void AppendTone(std::string& out, std::string_view name, const ResultFile::Tone& tone) {
-    out += name;
+struct ToneLine {
+    std::string_view name;
+    float fix;   // MHz
+    float start; // MHz
+    float stop;  // MHz
+    float power; // dBm
+};
+
+void AppendTone(std::string& out, const ToneLine& tone) {
+    out += tone.name;
     AppendPadded(out, static_cast<double>(tone.fix), 1);
     out += " MHz START ";
     AppendPadded(out, static_cast<double>(tone.start), 1);
@@ -31,43 +41,76 @@ void AppendTone(std::string& out, std::string_view name, const ResultFile::Tone&
     out += " dBm\n";
 }
 
-/// The level is filled up behind its sign, so that every row takes the same place.
-void AppendLevel(std::string& out, float level) {
-    const std::size_t begin = out.size();
+/// The level is filled up behind its sign, so that every row takes the same place. A row of zeros is no
+/// level: one that would round to it is written as the next one above.
+void AppendLevel(std::string& out, const ResultDocument& document, const ResultPoint& point) {
+    const double inUnit = static_cast<double>(InUnit(document, point.level));
+    std::string level = Fixed(inUnit, 2);
+    if (point.HasLevel() && level.find_first_of("123456789") == std::string::npos)
+        level = Fixed(0.01, 2);
+    if (level.size() < LevelWidth)
+        level.insert(level.starts_with('-') ? 1 : 0, LevelWidth - level.size(), '0');
     out += ';';
-    AppendFixed(out, static_cast<double>(level), 2);
+    out += level;
     out += '\n';
-    if (out.size() - begin < LevelWidth)
-        out.insert(begin + 2, LevelWidth - (out.size() - begin), '0');
 }
 
-void AppendRows(std::string& out, const std::vector<ResultFile::Row>& rows, int decimals) {
-    for (const ResultFile::Row& row : rows) {
-        AppendPadded(out, row.x, decimals);
-        AppendLevel(out, row.level);
+void AppendRows(std::string& out, const ResultDocument& document, const std::vector<ResultPoint>& points,
+                int decimals) {
+    for (const ResultPoint& point : points) {
+        AppendPadded(out, point.x, decimals);
+        AppendLevel(out, document, point);
     }
+}
+
+std::string FormatRows(const ResultDocument& document) {
+    static const ResultRun NoRun;
+    const ResultRun& run = document.runs.empty() ? NoRun : document.runs.back();
+    const bool twoTone = document.method == ResultMethod::TwoTone;
+    const FrequencyPlan& plan = document.plan;
+    std::string out;
+    out.reserve(512 + 16 * (run.up.size() + run.down.size()) + document.comment.size());
+    const auto [f1, f2] = HeldTones(document);
+    AppendTone(out, {"f1 ", f1, plan.f1Start, plan.f1Stop, document.power1});
+    AppendTone(out, {"f2 ", f2, plan.f2Start, plan.f2Stop, document.power2});
+    out += "MEAS IM" + std::to_string(document.order) + " UNIT ";
+    out += UnitText(document);
+    out += twoTone ? " 2-TON\n" : " SWEEP\n";
+    const std::string model = document.model.substr(0, ModelWidth);
+    out += "Model Nr. " + std::string(ModelWidth - model.size(), ' ') + model;
+    out += ", SERIAL ";
+    if (document.serial.size() < SerialWidth)
+        out.append(SerialWidth - document.serial.size(), '0');
+    out += document.serial + "\n" + document.date + " " + document.time + "\n\n";
+    AppendRows(out, document, run.up, twoTone ? 3 : 1);
+    AppendRows(out, document, run.down, 1);
+    const float limit = document.limit.value_or(0.0f) - (document.inDbc ? document.carrier : 0.0f);
+    out += "\n\nLimit Line: ";
+    AppendFixed(out, static_cast<double>(limit), 1);
+    out += "\nSer No: " + document.deviceSerial + "\n" + document.comment;
+    return out;
+}
+
+/// The rows as they stand in the file would be taken for a better result than this one. Only what is read
+/// back tells: its numbers are rounded, and points may be missing that the run was judged by.
+bool FlattersItself(const std::string& text, const ResultDocument& document) {
+    const ParsedResult back = ParseResult(text);
+    return back.document && DistanceFromPass(*back.document) < DistanceFromPass(document);
 }
 
 } // namespace
 
-std::string FormatResult(const ResultFile& result) {
-    std::string out;
-    out.reserve(512 + 16 * (result.up.size() + result.down.size()) + result.comment.size());
-    AppendTone(out, "f1 ", result.tone1);
-    AppendTone(out, "f2 ", result.tone2);
-    out += "MEAS IM" + std::to_string(result.order) + " UNIT ";
-    out += result.inDbc ? "dBc " : "dBm ";
-    out += result.twoTone ? "2-TON\n" : "SWEEP\n";
-    const std::string model = result.model.substr(0, ModelWidth);
-    out += "Model Nr. " + std::string(ModelWidth - model.size(), ' ') + model;
-    out += ", SERIAL ";
-    if (result.serial.size() < SerialWidth)
-        out.append(SerialWidth - result.serial.size(), '0');
-    out += result.serial + "\n" + result.date + " " + result.time + "\n\n";
-    AppendRows(out, result.up, result.twoTone ? 3 : 1);
-    AppendRows(out, result.down, 1);
-    out += "\n\nLimit Line: " + result.limitText + "\nSer No: " + result.dutSerial + "\n" + result.comment;
-    return out;
+std::string FormatResult(const ResultDocument& document) {
+    std::string text = FormatRows(document);
+    if (FlattersItself(text, document)) {
+        text += '\0';
+        text += MarkHead;
+        text += VerdictWord(document.verdict);
+        text += ' ' + std::to_string(document.pointsTaken) + ' ' + std::to_string(document.pointsAsked);
+        if (document.verdict == ResultVerdict::Error)
+            text += ' ' + std::to_string(document.error);
+    }
+    return text;
 }
 
 std::string EncodeResult(std::string_view text, bool scrambled) {

@@ -1,5 +1,6 @@
-#include "bands/tenths.h"
+#include "base/tenths.h"
 #include "results/data_file.h"
+#include "results/read_document.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,6 +35,9 @@ bool IsDigit(char c) {
 
 /// No frequency, level or time of a result is larger: the longest run takes 2147483 s.
 constexpr double MostValue = 1e7;
+
+/// No level or limit of a result is further from 0: it has seven characters in its row.
+constexpr double MostLevel = 9999.99;
 
 /// Decimal of digits with one point and an optional minus, at most 15 characters; false for anything else.
 bool ReadDecimal(std::string_view text, double& value) {
@@ -101,7 +105,15 @@ bool TakeNumber(std::string_view& line, std::string_view label, float& value) {
     return true;
 }
 
-bool ReadTone(std::string_view line, std::string_view name, ResultFile::Tone& tone) {
+/// A tone's line of the header.
+struct ToneLine {
+    float fix = 0;   // MHz
+    float start = 0; // MHz
+    float stop = 0;  // MHz
+    float power = 0; // dBm at the device under test
+};
+
+bool ReadTone(std::string_view line, std::string_view name, ToneLine& tone) {
     if (!line.starts_with(name) || !TakeNumber(line, name, tone.fix) ||
         !TakeNumber(line, "START ", tone.start) || !TakeNumber(line, "STOP ", tone.stop) ||
         !TakeNumber(line, "POWER +", tone.power))
@@ -118,101 +130,117 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
-bool ReadMeasLine(std::string_view line, ResultFile& file) {
+bool ReadMeasLine(std::string_view line, ResultDocument& document) {
     if (!line.starts_with("MEAS IM"))
         return false;
     const int order = WholeNumberIn(line.substr(7));
-    file.order = order >= 3 && order <= 11 && order % 2 == 1 ? order : 0;
+    document.order = order >= 3 && order <= 11 && order % 2 == 1 ? order : 0;
     const std::size_t unit = line.find(" UNIT ");
     if (unit == std::string_view::npos || line.size() < unit + 15)
         return false;
-    file.inDbc = line.substr(unit + 6, 3).find('c') != std::string_view::npos;
-    file.twoTone = line.substr(unit + 10, 5) == "2-TON";
+    document.inDbc = line.substr(unit + 6, 3).find('c') != std::string_view::npos;
+    document.method = line.substr(unit + 10, 5) == "2-TON" ? ResultMethod::TwoTone : ResultMethod::Sweep;
     return true;
 }
 
-bool ReadModelLine(std::string_view line, ResultFile& file) {
+bool ReadModelLine(std::string_view line, ResultDocument& document) {
     constexpr std::string_view Before = "Model Nr. ";
     constexpr std::string_view Between = ", SERIAL ";
     const std::size_t at = line.find(Between);
     if (!line.starts_with(Before) || at == std::string_view::npos)
         return false;
-    file.model = Trimmed(line.substr(Before.size(), at - Before.size()));
-    // An older header is wider: the serial stands in eleven places, filled up with blanks.
-    const std::string_view serial = line.substr(at + Between.size());
-    file.form = serial.size() > 5 || serial.starts_with(' ') ? ResultFile::Form::WideHeader
-                                                             : ResultFile::Form::Current;
-    file.serial = Trimmed(serial);
+    document.model = Trimmed(line.substr(Before.size(), at - Before.size()));
+    // In an older, wider header the serial stands in eleven places, filled up with blanks.
+    document.serial = Trimmed(line.substr(at + Between.size()));
     return true;
 }
 
-bool ReadDateLine(std::string_view line, ResultFile& file) {
+bool ReadDateLine(std::string_view line, ResultDocument& document) {
     line = Trimmed(line);
     const std::size_t blank = line.find(' ');
     if (blank != 8)
         return false;
-    file.date = line.substr(0, blank);
-    file.time = Trimmed(line.substr(blank));
-    if (file.time.size() != 5 || file.time[2] != ':')
+    document.date = line.substr(0, blank);
+    document.time = Trimmed(line.substr(blank));
+    if (document.time.size() != 5 || document.time[2] != ':')
         return false;
-    const std::string digits = file.date + file.time.substr(0, 2) + file.time.substr(3);
+    const std::string digits = document.date + document.time.substr(0, 2) + document.time.substr(3);
     return std::all_of(digits.begin(), digits.end(), IsDigit);
 }
 
 enum class RowsEnd { Complete, CutShort, NotARow };
 
 /// Rows up to the empty line behind them.
-RowsEnd ReadRows(Lines& lines, std::vector<ResultFile::Row>& rows) {
+RowsEnd ReadRows(Lines& lines, std::vector<ResultPoint>& rows) {
     std::string_view line;
     bool whole = false;
-    bool counts = true; // a level of 0 or above ends the list
-    for (std::size_t begin = lines.Position(); lines.Next(line, whole); begin = lines.Position()) {
+    while (lines.Next(line, whole)) {
         if (line.empty())
             return RowsEnd::Complete;
         const std::size_t separator = line.find(';');
         double x = 0;
         double level = 0;
         const bool good = separator != std::string_view::npos && ReadDecimal(line.substr(0, separator), x) &&
-                          ReadDecimal(line.substr(separator + 1), level);
+                          ReadDecimal(line.substr(separator + 1), level) && std::abs(level) <= MostLevel;
         if (!whole)
             return RowsEnd::CutShort;
         if (!good)
             return RowsEnd::NotARow;
-        counts = counts && level < 0 && begin < RowsBefore;
-        if (counts)
-            rows.push_back({x, static_cast<float>(level)});
+        rows.push_back({x, static_cast<float>(level)});
     }
     return RowsEnd::CutShort;
 }
 
 /// A row without a frequency ends the list of a sweep.
-void EndAtFrequency(std::vector<ResultFile::Row>& rows) {
+void EndAtFrequency(std::vector<ResultPoint>& rows) {
     rows.erase(std::find_if(rows.begin(), rows.end(), [](const auto& row) { return row.x <= 0.1; }),
                rows.end());
 }
 
 /// Splits the rows of a sweep: the up curve rises, whatever follows is the down curve.
-void SplitSweep(ResultFile& file) {
-    std::vector<ResultFile::Row>& rows = file.up;
+void SplitSweep(ResultRun& run) {
+    std::vector<ResultPoint>& rows = run.up;
     EndAtFrequency(rows);
     const auto turn = std::adjacent_find(rows.begin(), rows.end(),
                                          [](const auto& a, const auto& b) { return b.x < a.x - 0.1; });
     if (turn == rows.end())
         return;
-    file.down.assign(turn + 1, rows.end());
+    run.down.assign(turn + 1, rows.end());
     rows.erase(turn + 1, rows.end());
 }
 
 /// A 2-tone list ends where time does not go on.
-void EndAtTime(std::vector<ResultFile::Row>& rows) {
-    const auto stands = [](const ResultFile::Row& a, const ResultFile::Row& b) { return b.x <= a.x; };
+void EndAtTime(std::vector<ResultPoint>& rows) {
+    const auto stands = [](const ResultPoint& a, const ResultPoint& b) { return b.x <= a.x; };
     const auto at = std::adjacent_find(rows.begin(), rows.end(), stands);
     if (at != rows.end())
         rows.erase(at + 1, rows.end());
 }
 
-/// "Limit Line:", "Ser No: " and the comment. False when the limit is missing or cut short.
-bool ReadTrailer(Lines& lines, ResultFile& file) {
+/// What stands behind the zero byte of a text. A mark never makes a result better than its rows are, and one
+/// that is damaged leaves it without a verdict.
+void ReadMark(std::string_view text, ResultDocument& document) {
+    if (!text.starts_with(MarkHead))
+        return;
+    text.remove_prefix(MarkHead.size());
+    const auto word = [&text] {
+        const std::string_view first = text.substr(0, text.find(' '));
+        text.remove_prefix(std::min(first.size() + 1, text.size()));
+        return first;
+    };
+    document.marked = true;
+    document.verdict = VerdictOfWord(word()).value_or(ResultVerdict::None);
+    document.pointsTaken = static_cast<std::size_t>(std::max(WholeNumberIn(word()), 0));
+    document.pointsAsked = static_cast<std::size_t>(std::max(WholeNumberIn(word()), 0));
+    const int error = WholeNumberIn(word());
+    if (document.verdict == ResultVerdict::Error && error >= 2 && error <= 4)
+        document.error = error;
+    JudgeRows(document);
+}
+
+/// "Limit Line:", "Ser No: " and the comment; what follows a zero byte goes to behindZero. False when the
+/// limit is missing or cut short.
+bool ReadTrailer(Lines& lines, ResultDocument& document, std::string& behindZero) {
     constexpr std::string_view Limit = "Limit Line: ";
     constexpr std::string_view Serial = "Ser No: ";
     std::string_view line;
@@ -223,20 +251,36 @@ bool ReadTrailer(Lines& lines, ResultFile& file) {
     } while (line.empty());
     if (!line.starts_with(Limit) || !whole)
         return false;
-    file.limitText = Trimmed(line.substr(Limit.size()));
     double limit = 0;
-    if (!ReadDecimal(file.limitText, limit))
+    if (!ReadDecimal(Trimmed(line.substr(Limit.size())), limit) || std::abs(limit) > MostLevel)
         return false;
-    file.limit = static_cast<float>(limit);
+    document.limit = static_cast<float>(limit);
     const std::size_t behind = lines.Position();
     if (lines.Next(line, whole) && line.starts_with(Serial))
-        file.dutSerial = line.substr(Serial.size());
+        document.deviceSerial = line.substr(Serial.size());
     else
         lines.BackTo(behind);
-    file.comment = lines.Rest();
-    for (std::string* behind0 : {&file.dutSerial, &file.comment}) // what follows a zero byte is no text
-        behind0->erase(std::find(behind0->begin(), behind0->end(), '\0'), behind0->end());
+    document.comment = lines.Rest();
+    if (const std::size_t end = document.comment.find('\0'); end != std::string::npos)
+        behindZero = document.comment.substr(end + 1);
+    // What follows a zero byte is no text.
+    for (std::string* text : {&document.deviceSerial, &document.comment})
+        text->erase(std::find(text->begin(), text->end(), '\0'), text->end());
     return true;
+}
+
+/// The plan by the method: a file states the tones of the one it was measured with.
+void TakeTones(ResultDocument& document, const ToneLine& tone1, const ToneLine& tone2) {
+    FrequencyPlan& plan = document.plan;
+    const bool twoTone = document.method == ResultMethod::TwoTone;
+    (twoTone ? plan.f1 : plan.f1Fix) = tone1.fix;
+    (twoTone ? plan.f2 : plan.f2Fix) = tone2.fix;
+    plan.f1Start = tone1.start;
+    plan.f1Stop = tone1.stop;
+    plan.f2Start = tone2.start;
+    plan.f2Stop = tone2.stop;
+    document.power1 = tone1.power;
+    document.power2 = tone2.power;
 }
 
 ParsedResult Refused(std::string_view why) {
@@ -244,16 +288,19 @@ ParsedResult Refused(std::string_view why) {
 }
 
 ParsedResult ReadHeadedForm(std::string_view text) {
-    ResultFile file;
+    ResultDocument document;
+    ResultRun& run = document.runs.emplace_back();
+    ToneLine tone1;
+    ToneLine tone2;
     Lines lines(text);
     std::string_view line;
     bool whole = false;
     const auto next = [&] { return lines.Next(line, whole) && whole; };
-    if (!next() || !ReadTone(line, "f1 ", file.tone1) || !next() || !ReadTone(line, "f2 ", file.tone2) ||
-        !next() || !ReadMeasLine(line, file) || !next() || !ReadModelLine(line, file) || !next() ||
-        !ReadDateLine(line, file) || !next() || !line.empty())
+    if (!next() || !ReadTone(line, "f1 ", tone1) || !next() || !ReadTone(line, "f2 ", tone2) || !next() ||
+        !ReadMeasLine(line, document) || !next() || !ReadModelLine(line, document) || !next() ||
+        !ReadDateLine(line, document) || !next() || !line.empty())
         return Refused("This is not a result file, or its header is damaged.");
-    switch (ReadRows(lines, file.up)) {
+    switch (ReadRows(lines, run.up)) {
     case RowsEnd::Complete:
         break;
     case RowsEnd::CutShort:
@@ -261,15 +308,19 @@ ParsedResult ReadHeadedForm(std::string_view text) {
     case RowsEnd::NotARow:
         return Refused("One of its data rows is damaged.");
     }
-    if (!ReadTrailer(lines, file))
+    std::string behindZero;
+    if (!ReadTrailer(lines, document, behindZero))
         return Refused("The file ends before its limit line.");
-    if (file.twoTone)
-        EndAtTime(file.up);
+    TakeTones(document, tone1, tone2);
+    if (document.method == ResultMethod::TwoTone)
+        EndAtTime(run.up);
     else
-        SplitSweep(file);
-    if (file.up.empty())
+        SplitSweep(run);
+    CompleteRead(document);
+    if (PointsOf(document) == 0)
         return Refused("The file holds no measured level.");
-    return {std::move(file), {}};
+    ReadMark(behindZero, document);
+    return {std::move(document), {}};
 }
 
 /// Frequencies and levels in columns of six characters, without a header.
@@ -278,8 +329,9 @@ public:
     explicit OldestReader(std::string_view text) : m_Text(text) {}
 
     ParsedResult Read() {
-        ResultFile file;
-        file.form = ResultFile::Form::Oldest;
+        ResultDocument document;
+        document.hasHead = false;
+        ResultRun& run = document.runs.emplace_back();
         std::vector<double> frequencies;
         while (m_At + FieldWidth <= m_Text.size() &&
                Field().find_first_of("\r\n") == std::string_view::npos) {
@@ -294,17 +346,21 @@ public:
         if (frequencies.empty() || m_At >= m_Text.size())
             return Refused("This is not a result file.");
         m_At += 3;
-        file.twoTone = frequencies.front() <= 0.1;
-        if (!ReadLevels(frequencies, file.twoTone, file.up))
+        const bool twoTone = frequencies.front() <= 0.1;
+        document.method = twoTone ? ResultMethod::TwoTone : ResultMethod::Sweep;
+        if (!ReadLevels(frequencies, twoTone, run.up))
             return Refused("The file ends in the middle of its data.");
-        if (!file.twoTone) {
-            m_At += 9;
-            if (!ReadLevels(frequencies, false, file.down))
-                return Refused("The file ends in the middle of its data.");
-            EndAtFrequency(file.up);
-            EndAtFrequency(file.down);
+        if (twoTone) {
+            CompleteRead(document);
+            return {std::move(document), {}};
         }
-        return {std::move(file), {}};
+        m_At += 9;
+        if (!ReadLevels(frequencies, false, run.down))
+            return Refused("The file ends in the middle of its data.");
+        EndAtFrequency(run.up);
+        EndAtFrequency(run.down);
+        CompleteRead(document);
+        return {std::move(document), {}};
     }
 
 private:
@@ -313,8 +369,7 @@ private:
 
     [[nodiscard]] std::string_view Field() const { return m_Text.substr(m_At, FieldWidth); }
 
-    bool ReadLevels(const std::vector<double>& frequencies, bool twoTone,
-                    std::vector<ResultFile::Row>& rows) {
+    bool ReadLevels(const std::vector<double>& frequencies, bool twoTone, std::vector<ResultPoint>& rows) {
         for (std::size_t i = 0; i < frequencies.size(); ++i, m_At += FieldWidth + 1) {
             double level = 0;
             if (m_At + FieldWidth > m_Text.size() || !ReadDecimal(Trimmed(Field()), level))
@@ -330,11 +385,6 @@ private:
 };
 
 } // namespace
-
-bool IsDecimal(std::string_view text) {
-    double ignored = 0;
-    return ReadDecimal(text, ignored);
-}
 
 ParsedResult ParseResult(std::string_view bytes) {
     if (bytes.empty())

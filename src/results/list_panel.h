@@ -28,8 +28,7 @@ public:
 
 private:
     [[nodiscard]] bool Idle() const;
-    void FillRows();
-    void ShowRow(int row);
+    void ShowMarked();
     void Show(const std::filesystem::path& path);
 
     Session& m_Session;

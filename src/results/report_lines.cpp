@@ -1,6 +1,6 @@
 #include "results/report_lines.h"
 
-#include "core/text_format.h"
+#include "base/text_format.h"
 
 namespace qor {
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "results/data_file.h"
+#include "results/result_forms.h"
 
 #include <filesystem>
+#include <optional>
 
 namespace qor {
 
@@ -15,7 +16,7 @@ class ResultFiles {
 public:
     ResultFiles(Session& session, const Platform& platform, SetupStore& store);
 
-    /// Writes the measurement; .dat and .txt by the ending. Asks before an existing file is replaced.
+    /// Writes the measurement in the form of the name's ending. Asks before an existing file is replaced.
     /// False when nothing was written; the operator has been told why.
     bool DataSave(const std::filesystem::path& path);
     /// Reads a result and sets the panel as if that measurement had just run. An empty path does nothing.
@@ -23,22 +24,28 @@ public:
     /// the stores and the panel are as before.
     bool CurrentShow(const std::filesystem::path& path);
 
+    /// The forms that results are saved in; a program adds those that it alone can write.
+    [[nodiscard]] ResultForms& Forms() { return m_Forms; }
+
     /// Why the last DataSave or CurrentShow gave up, with the path; empty after a success.
     [[nodiscard]] const std::string& LastProblem() const { return m_LastProblem; }
 
+    /// What the shown curve is a measurement of; nothing when the band does not have the order.
+    [[nodiscard]] std::optional<ResultDocument> Document() const;
+
 private:
-    [[nodiscard]] std::optional<ResultFile> Collect();
-    [[nodiscard]] bool DescribeSetup(ResultFile& file);
-    void Apply(const ResultFile& file, const std::filesystem::path& path);
-    void ApplyHeader(const ResultFile& file);
-    void ApplyUnit(const ResultFile& file);
-    void ApplyTwoTone(const ResultFile& file);
-    void ApplySweep(const ResultFile& file);
+    [[nodiscard]] bool DescribeSetup(ResultDocument& document) const;
+    void TakeCurve(ResultDocument& document) const;
+    void Apply(const ResultDocument& document);
+    void TakeVerdict(ResultDocument document);
+    void ApplyHead(const ResultDocument& document);
+    void ApplyUnit(const ResultDocument& document);
     bool Refuse(std::string text);
 
     Session& m_Session;
     const Platform& m_Platform;
     SetupStore& m_Store;
+    ResultForms m_Forms;
     std::string m_LastProblem;
 };
 

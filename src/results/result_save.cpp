@@ -1,13 +1,15 @@
 #include "bands/catalogue.h"
-#include "bands/setup_store.h"
-#include "bands/tenths.h"
-#include "core/session.h"
-#include "core/text_format.h"
-#include "display/curve_store.h"
+#include "bands/records.h"
+#include "base/atomic_write.h"
+#include "base/setup_store.h"
+#include "base/tenths.h"
+#include "base/text_format.h"
+#include "curve/curve.h"
+#include "desk/session.h"
 #include "platform/clock.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
-#include "results/atomic_write.h"
+#include "results/read_document.h"
 #include "results/result_files.h"
 
 #include <algorithm>
@@ -28,37 +30,37 @@ std::string OneLine(std::string text) {
     return text;
 }
 
-/// Level in the unit of a file; what was not measured stays 0.0 in either unit.
-float InUnit(float level, float reference) {
-    return level == 0.0f ? 0.0f : level - reference;
-}
-
-/// 2-tone points in time order. A run that was stopped has rows up to its last measured point only: a row
-/// for a point that is not there would state a level nobody measured.
-std::vector<ResultFile::Row> TwoToneRows(const CurveState& curve, float reference) {
-    const int time = std::max(curve.tone2SetTimes, 1);
+/// 2-tone points in time order. A run that was stopped has points up to its last measured one only: a row for
+/// a point that is not there would state a level nobody measured.
+std::vector<ResultPoint> TwoTonePoints(const Curve& curve) {
+    const int time = std::max(curve.TimePerPoint(), 1);
     auto count =
-        static_cast<std::size_t>(std::clamp(curve.g_testTimeMs / time + 1, 0, static_cast<int>(CurvePoints)));
-    while (count > 0 && curve.g_levelUp[count - 1] == 0.0f)
+        static_cast<std::size_t>(std::clamp(curve.Length() / time + 1, 0, static_cast<int>(CurvePoints)));
+    while (count > 0 && curve.Up()[count - 1] == 0.0f)
         --count;
-    std::vector<ResultFile::Row> rows;
-    rows.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        const int ms = static_cast<int>(i) * time;
-        rows.push_back({ms / 1000.0, InUnit(curve.g_levelUp[i], reference)});
-    }
-    return rows;
+    std::vector<ResultPoint> points;
+    points.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        points.push_back({static_cast<int>(i) * time / 1000.0, curve.Up()[i]});
+    return points;
 }
 
-std::vector<ResultFile::Row> SweepRows(const CurveState& curve, std::span<const float> levels,
-                                       float reference) {
-    const std::size_t length = std::min(GridLength(curve.g_freqGrid), levels.size());
-    std::vector<ResultFile::Row> rows;
+std::vector<ResultPoint> SweepPoints(const Curve& curve, std::span<const float> levels) {
+    const std::size_t length = std::min(curve.Steps(), levels.size());
+    std::vector<ResultPoint> points;
     for (std::size_t i = 0; i < length; ++i) {
         if (levels[i] != 0.0f)
-            rows.push_back({static_cast<double>(curve.g_freqGrid[i]), InUnit(levels[i], reference)});
+            points.push_back({static_cast<double>(curve.Grid()[i]), levels[i]});
     }
-    return rows;
+    return points;
+}
+
+ResultVerdict VerdictOf(int verdict) {
+    if (IsInstrumentError(verdict))
+        return ResultVerdict::Error;
+    return verdict == VerdictNone     ? ResultVerdict::None
+           : verdict == VerdictPassed ? ResultVerdict::Passed
+                                      : ResultVerdict::Failed;
 }
 
 } // namespace
@@ -81,94 +83,106 @@ bool ResultFiles::DataSave(const std::filesystem::path& path) {
         m_LastProblem = path.string() + ": not replaced.";
         return false;
     }
-    const std::string name = path.filename().string();
-    const bool isText = name.size() > 1 && (name.back() == 't' || name.back() == 'T');
-    if (!isText)
-        return Refuse("Speichern file misserfolg\n" + path.string() + ": results are saved as .dat or .txt.");
-    const auto result = Collect();
-    if (!result)
+    const auto document = Document();
+    if (!document)
         return Refuse("Does not support the current selection!");
-    const char form = name[name.size() - 2];
-    const std::string bytes = EncodeResult(FormatResult(*result), form == 'a' || form == 'A');
+    if (PointsOf(*document) == 0)
+        return Refuse("Keine Messpunkte zum Speichern!");
+    if (IsDatName(path) && !document->genuine)
+        return Refuse("Nur was aus einer .dat stammt, wird wieder eine .dat.");
+    std::string bytes;
+    if (const Outcome written = m_Forms.Write(*document, path, SheetTemplates{}, bytes); !written)
+        return Refuse(written.Text());
     if (const std::string problem = WriteAtomically(path, bytes); !problem.empty())
         return Refuse("Speichern file misserfolg\n" + problem);
     return true;
 }
 
-/// What the curve store and the set-up of the band say of the measurement; nothing when the band does not
-/// have the order.
-std::optional<ResultFile> ResultFiles::Collect() {
-    const CurveState& curve = m_Session.curve;
-    ResultState& results = m_Session.results;
-    results.g_comment = m_Store.Read("Add_comments.ccz", LongestComment).value_or("");
+std::optional<ResultDocument> ResultFiles::Document() const {
+    const Curve& curve = m_Session.curve;
+    const ResultState& results = m_Session.results;
 
-    ResultFile file;
-    // A curve that came from a file keeps that file's header, if it had one.
-    if (curve.g_fromFile && results.loaded && results.loaded->form != ResultFile::Form::Oldest) {
-        file = *results.loaded;
+    ResultDocument document;
+    // A curve that came from a file keeps that file's head, if it had one.
+    const bool stated = curve.IsFromFile() && results.loaded.IsShown() && results.loaded.Document()->hasHead;
+    if (stated) {
+        document = *results.loaded.Document();
     } else {
-        if (!DescribeSetup(file))
+        if (!DescribeSetup(document))
             return std::nullopt;
-        file.order = OrderOf(m_Session.select.m_IMIndex);
-        if (!curve.g_fromFile) { // the instrument connected did not measure what a file held
-            file.model = OneLine(m_Session.link.g_ModelName);
-            file.serial = OneLine(m_Session.link.g_DeviceSN);
-        }
         const LocalTime now = m_Platform.clock.Now();
-        file.date = std::to_string(now.year) + ZeroPadded(now.month, 2) + ZeroPadded(now.day, 2);
-        file.time = ZeroPadded(now.hour, 2) + ":" + ZeroPadded(now.minute, 2);
+        document.date = std::to_string(now.year) + ZeroPadded(now.month, 2) + ZeroPadded(now.day, 2);
+        document.time = ZeroPadded(now.hour, 2) + ":" + ZeroPadded(now.minute, 2);
+        TakeCurve(document);
     }
-    file.twoTone = m_Session.run.g_TestMode == ModeTwoTone;
-    file.inDbc = curve.g_UnitDbc != 0;
-    const float reference = file.inDbc ? curve.g_CarrierDbm : 0.0f;
-    if (file.twoTone) {
-        file.up = TwoToneRows(curve, reference);
-    } else {
-        file.up = SweepRows(curve, curve.g_levelUp, reference);
-        file.down = SweepRows(curve, curve.g_levelDown, reference);
-    }
-    file.limitText = m_Session.panel.m_AlarmText;
-    if (!IsDecimal(file.limitText)) // a field left empty would make a file that cannot be read back
-        file.limitText = Fixed(static_cast<double>(curve.g_alarmLevel), 1);
-    file.dutSerial = OneLine(results.m_DutSerial);
-    file.comment = results.g_comment;
-    std::erase_if(file.comment, [](char c) { return c == '\r' || c == '\0'; });
-    return file;
+    document.inDbc = curve.scale.InDbc();
+    document.carrier = curve.scale.Carrier();
+    document.limit = curve.limit.Level() + (document.inDbc ? curve.scale.Carrier() : 0.0f);
+    if (curve.IsFromFile())
+        JudgeRows(document); // the operator may have entered another limit
+    document.deviceSerial = OneLine(results.device.Serial());
+    document.comment = m_Store.Read("Add_comments.ccz", LongestComment).value_or("");
+    std::erase_if(document.comment, [](char c) { return c == '\r' || c == '\0'; });
+    return document;
 }
 
-/// Tones and powers from the band's plan and stores.
-bool ResultFiles::DescribeSetup(ResultFile& file) {
-    const PlanState& plan = m_Session.plan;
-    const int imIndex = m_Session.select.m_IMIndex;
+/// The levels of the curve store, and who has measured them.
+void ResultFiles::TakeCurve(ResultDocument& document) const {
+    const Curve& curve = m_Session.curve;
+    if (!curve.IsFromFile()) { // the instrument connected did not measure what a file held
+        document.model = OneLine(m_Session.link.identity.ModelName());
+        document.serial = OneLine(m_Session.link.identity.Serial());
+        document.firmware = m_Session.link.identity.Firmware();
+    }
+    ResultRun& run = document.runs.emplace_back();
+    if (document.method == ResultMethod::TwoTone) {
+        document.lengthMs = curve.Length();
+        document.msPerPoint = curve.TimePerPoint();
+        run.up = TwoTonePoints(curve);
+    } else {
+        run.up = SweepPoints(curve, curve.Up());
+        run.down = SweepPoints(curve, curve.Down());
+    }
+    document.pointsTaken = document.pointsAsked = PointsOf(document);
+    document.verdict = VerdictOf(curve.verdict.Value());
+    document.error = curve.verdict.IsError() ? curve.verdict.Value() : 0;
+}
+
+/// Band, order, method, plan and powers by the set-up of the band. False when the band does not have the
+/// order.
+bool ResultFiles::DescribeSetup(ResultDocument& document) const {
+    const WorkingSet& working = m_Session.working;
+    const int imIndex = working.ImIndex();
     // The band of the run: a reconnection may have found the instrument's switch elsewhere.
-    const int number = HoldsPoints(m_Session.curve) && plan.g_MeasBand != BandNone
-                           ? plan.g_MeasBand
-                           : m_Session.select.m_BandId;
+    const int number = m_Session.curve.HoldsPoints() && working.BandOfRun() != BandNone ? working.BandOfRun()
+                                                                                       : working.Band();
     const BandInfo* band = FindBand(number);
     if (!band || imIndex < 1 || imIndex > (IsTetra(number) ? 3 : 5))
         return false;
     const PowerSetting power = ReadPowerStore(m_Store, band->prefix);
-    file.tone1.power = static_cast<float>(NumberIn(power.tone1) / 10.0) - plan.g_powerOffset;
-    file.tone2.power = static_cast<float>(NumberIn(power.tone2) / 10.0) - plan.g_powerOffset;
+    document.power1 = static_cast<float>(NumberIn(power.tone1) / 10.0) - working.PowerOffset();
+    document.power2 = static_cast<float>(NumberIn(power.tone2) / 10.0) - working.PowerOffset();
 
-    FrequencyPlan tones;
+    FrequencyPlan& tones = document.plan;
     if (number == BandTdScdmaA) { // two fixed tones and no sweep
         tones.f1 = tones.f1Start = tones.f1Stop = tones.f1Fix = ReadTdScdmaAF1(m_Store);
         tones.f2 = tones.f2Start = tones.f2Stop = tones.f2Fix = 2025.0f;
     } else if (const auto stored = ReadPlanStore(m_Store, band->prefix, imIndex)) {
         tones = *stored;
-    } else if (const auto standard = DefaultPlan(number, imIndex, plan.g_bridge3dB)) {
+    } else if (const auto standard = DefaultPlan(number, imIndex, working.Bridge())) {
         tones = *standard;
     } else {
         return false;
     }
-    const bool twoTone = m_Session.run.g_TestMode == ModeTwoTone;
-    file.tone1.fix = twoTone ? tones.f1 : tones.f1Fix;
-    file.tone2.fix = twoTone ? tones.f2 : tones.f2Fix;
-    file.tone1.start = tones.f1Start;
-    file.tone1.stop = tones.f1Stop;
-    file.tone2.start = tones.f2Start;
-    file.tone2.stop = tones.f2Stop;
+    document.band = number;
+    document.order = OrderOf(imIndex);
+    document.product = CoefficientsOf(imIndex);
+    document.upperProduct = UsesUpperProduct(number);
+    document.reflection = working.Path() == 1;
+    const int mode = working.Method();
+    document.method = mode == ModeTwoTone    ? ResultMethod::TwoTone
+                      : mode == ModeSpectrum ? ResultMethod::Spectrum
+                                             : ResultMethod::Sweep;
     return true;
 }
 

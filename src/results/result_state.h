@@ -1,55 +1,78 @@
 #pragma once
 
-#include "results/data_file.h"
+#include "results/result_document.h"
+#include "results/result_list.h"
 
-#include <array>
 #include <optional>
 #include <string>
 
 namespace qor {
 
-inline constexpr std::size_t FileListLength = 2048;
-inline constexpr std::size_t FileListRows = 7;
+/// What the operator says of the device under test.
+class DeviceNotes {
+public:
+    [[nodiscard]] const std::string& Serial() const { return m_DutSerial; }
+    /// A serial number that was entered, or came with a file, is stated by the next results too.
+    [[nodiscard]] bool KeepsSerial() const { return g_bKeepSerial; }
+    /// Comment as the comment page holds it, without the head of its store.
+    [[nodiscard]] const std::string& Comment() const { return g_comment; }
 
-/// Entries of g_reportLines that are set by a start or a load.
-enum ReportLine : std::size_t {
-    ReportTitle = 0,
-    ReportBand = 12,
-    ReportIM = 13,
-    ReportPath = 14,
-    ReportMode = 15,
-    ReportColumns = 16,
-    ReportPower = 17,
-    ReportFix = 18,
-    ReportStart = 19,
-    ReportStop = 20,
-    ReportWorst = 21,
-    ReportDate = 22,
+    void EnterSerial(std::string serial) {
+        m_DutSerial = std::move(serial);
+        g_bKeepSerial = !m_DutSerial.empty();
+    }
+    /// The start button was pressed.
+    void ForgetSerialUnlessKept() {
+        if (!g_bKeepSerial)
+            m_DutSerial.clear();
+    }
+    void TakeComment(std::string comment) { g_comment = std::move(comment); }
+
+private:
+    std::string m_DutSerial;    ///< serial number of the device under test
+    bool g_bKeepSerial = false; ///< it stays for the next run
+    std::string g_comment;      ///< comment of the next result
 };
 
-/// What leaves the program or came back: report rows, the list of result files, comment and serial text.
-struct ResultState {
-    std::array<std::string, 23> g_reportLines;
+/// Where results go that are saved without being asked for.
+class AutoSave {
+public:
+    void SetPath(std::string path) { g_autoSavePath = std::move(path); }
+    void SetSeries(std::string folder, std::string name) {
+        g_autoSaveFolder = std::move(folder);
+        g_autoSaveName = std::move(name);
+    }
+    /// Path of the numbered file of a repeated measurement: in the folder of a 2-tone series when one is set,
+    /// else in `stores`.
+    [[nodiscard]] std::filesystem::path NumberedFile(int number, bool twoTone,
+                                                     const std::filesystem::path& stores) const;
 
-    std::string m_DutSerial; ///< serial number of the device under test
-    bool g_bKeepSerial = false;
-    std::string g_comment;
-
-    std::array<std::string, FileListLength> g_fileList;
-    std::array<std::string, FileListRows> m_FileRow; ///< the rows of the list panel
-    int g_FileNo = 0;
-    int g_FileFirst = 0;
-    int g_FileShown = 0;
-    int g_FileLast = 6;
-    bool g_listPanelOpen = false;
-
-    /// Header of the file whose curve is shown, without its rows: a further save states it again.
-    std::optional<ResultFile> loaded;
-
-    std::string LastLoadPath;
+private:
     std::string g_autoSavePath;   ///< a path whose folder takes the numbered files of a 2-tone series
     std::string g_autoSaveFolder; ///< overrides it when not empty
-    std::string g_autoSaveName;
+    std::string g_autoSaveName;   ///< in front of the number, in that folder
+};
+
+/// The file whose curve is shown.
+class LoadedResult {
+public:
+    [[nodiscard]] bool IsShown() const { return m_Document.has_value(); }
+    /// What the file holds: a further save states it again. Null when no file is shown.
+    [[nodiscard]] const ResultDocument* Document() const { return m_Document ? &*m_Document : nullptr; }
+
+    void Show(ResultDocument document) { m_Document = std::move(document); }
+    void Clear() { m_Document.reset(); }
+
+private:
+    std::optional<ResultDocument> m_Document;
+};
+
+/// What leaves the program, or came back.
+struct ResultState {
+    ResultList list;
+    DeviceNotes device;
+    AutoSave autoSave;
+    LoadedResult loaded;
 };
 
 } // namespace qor

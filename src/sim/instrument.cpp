@@ -234,13 +234,18 @@ std::string Instrument::Level() {
     // The character ahead of the level names the order the receiver is tuned to, "B" standing for 11. It is
     // never "0": that would make an idle program believe that a run is on.
     const char order = "0123456789AB"[m_Settings.order];
-    const double level = std::clamp(ReadReceiver(), -199.9, 99.9);
-    return std::string("IMP") + order + Padded(OneDecimal(level), 7, ' ') + "dBm" + std::string(End);
+    const double read = ReadReceiver();
+    // A signal that is no number is one that the receiver cannot read: dashes stand in the place of its
+    // level.
+    const std::string text =
+        std::isnan(read) ? "-------" : Padded(OneDecimal(std::clamp(read, -199.9, 99.9)), 7, ' ');
+    return std::string("IMP") + order + text + "dBm" + std::string(End);
 }
 
 std::string Instrument::Detector() {
     // A logarithmic detector: 31 mV a dB, with a rest voltage where the signal is too weak for it.
-    const double millivolts = std::clamp(2780 + 31 * ReadReceiver(), 12.0, 99999.0);
+    const double read = ReadReceiver();
+    const double millivolts = std::isnan(read) ? 12.0 : std::clamp(2780 + 31 * read, 12.0, 99999.0);
     return "ADC" + Padded(std::to_string(std::lround(millivolts)), 5, '0') + std::string(End);
 }
 

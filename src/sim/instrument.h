@@ -65,7 +65,8 @@ public:
     /// Time on the instrument's own clock, microseconds; it never runs backwards.
     void SetTime(std::int64_t microseconds);
     void SetLooseContact(bool loose) { m_Pim.SetLooseContact(loose); }
-    /// Connects a signal generator at the receiver's frequency, or takes it off.
+    /// Connects a signal generator at the receiver's frequency, or takes it off. What is no number cannot be
+    /// read.
     void FeedSignal(std::optional<double> dbm) { m_Generator = dbm; }
 
     [[nodiscard]] const InstrumentConfig& Config() const { return m_Config; }

@@ -49,10 +49,6 @@ public:
 
     void SetCommPort(int number) override { m_Number = number; }
     void SetSettings(std::string_view settings) override { m_Settings = settings; }
-    void SetInputMode(CommInputMode) override {}
-    void SetInputLen(int) override {}
-    void SetRThreshold(int) override {}
-    void SetSThreshold(int) override {}
     void SetPortOpen(bool open) override;
     [[nodiscard]] bool GetPortOpen() const override { return m_Open != nullptr; }
     void SetOutput(std::string_view bytes) override;

@@ -1,6 +1,6 @@
 #include "tools/calculator.h"
 
-#include "core/text_format.h"
+#include "base/text_format.h"
 
 #include <charconv>
 #include <cmath>

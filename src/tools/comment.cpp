@@ -1,7 +1,7 @@
 #include "tools/comment.h"
 
-#include "bands/setup_store.h"
-#include "core/session.h"
+#include "base/setup_store.h"
+#include "results/result_state.h"
 
 #include <algorithm>
 #include <vector>
@@ -120,9 +120,9 @@ std::string ShownComment(std::string_view stored) {
     return shown;
 }
 
-std::string OpenComment(Session& session, const SetupStore& store) {
+std::string OpenComment(DeviceNotes& device, const SetupStore& store) {
     const std::string stored = store.Read(CommentStore, HeadLength + LongestComment).value_or("");
-    session.results.g_comment = WithoutHead(stored);
+    device.TakeComment(std::string(WithoutHead(stored)));
     return ShownComment(stored);
 }
 
@@ -131,14 +131,10 @@ std::optional<std::string> LastSavedComment(const SetupStore& store) {
     return stored ? std::optional(ShownComment(*stored)) : std::nullopt;
 }
 
-void AddComment(std::string_view edited, Session& session, SetupStore& store) {
-    session.results.g_comment = StoredComment(edited);
+void AddComment(std::string_view edited, DeviceNotes& device, SetupStore& store) {
+    device.TakeComment(StoredComment(edited));
     for (const std::string_view name : {CommentStore, BackupStore})
-        store.Write(name, Head() + session.results.g_comment);
-}
-
-void CloseComment(Session& session) {
-    session.curve.g_curveDirty = 1;
+        store.Write(name, Head() + device.Comment());
 }
 
 } // namespace qor

@@ -8,7 +8,7 @@
 namespace qor {
 
 class SetupStore;
-struct Session;
+class DeviceNotes;
 
 // The comment travels with result files and stands in the right column of the report: eight rows. Its stores,
 // `Add_comments.ccz` and its last saved copy `Add_commentsBackup.ccz`, hold a head of twenty zeros and then
@@ -30,13 +30,12 @@ void WrapComment(std::string& text, std::size_t& caret);
 /// at their ends, CR LF between them.
 [[nodiscard]] std::string ShownComment(std::string_view stored);
 
-/// The dialog opens: takes the stored comment into the session and returns it as shown.
-std::string OpenComment(Session& session, const SetupStore& store);
+/// The dialog opens: the device takes the stored comment; returned as it is shown.
+std::string OpenComment(DeviceNotes& device, const SetupStore& store);
 /// "Last Saved": the copy as shown, nothing when there is none.
 [[nodiscard]] std::optional<std::string> LastSavedComment(const SetupStore& store);
-/// "Addieren": the edited text into the session and both stores. One that cannot be written stays as it is.
-void AddComment(std::string_view edited, Session& session, SetupStore& store);
-/// "Sich": what was not added is dropped, the plot is drawn anew.
-void CloseComment(Session& session);
+/// "Addieren": the edited text becomes the device's and goes to both stores. One that cannot be written stays
+/// as it is.
+void AddComment(std::string_view edited, DeviceNotes& device, SetupStore& store);
 
 } // namespace qor

@@ -1,9 +1,7 @@
 #include "tools/side_tool.h"
 
-#include "bands/setup_store.h"
+#include "base/setup_store.h"
 #include "platform/launcher.h"
-#include "platform/operator.h"
-#include "platform/platform.h"
 
 #include <filesystem>
 #include <string>
@@ -17,12 +15,9 @@ constexpr std::string_view ToolProgram = "QorTool.exe";
 
 } // namespace
 
-bool StartSideTool(const SetupStore& store, const Platform& platform) {
+Outcome StartSideTool(const SetupStore& store, Launcher* launcher) {
     namespace fs = std::filesystem;
-    const auto failed = [&platform](const std::string& why) {
-        platform.user.Message("Misserfolg\n" + why);
-        return false;
-    };
+    const auto failed = [](const std::string& why) { return Outcome::Refused("Misserfolg\n" + why); };
     const fs::path packed = store.PathOf(ToolStore);
     const fs::path program = store.PathOf(ToolProgram);
     std::error_code error;
@@ -33,9 +28,9 @@ bool StartSideTool(const SetupStore& store, const Platform& platform) {
         fs::permissions(program, fs::perms::owner_exec, fs::perm_options::add, error);
     if (error)
         return failed(program.string() + ": " + error.message());
-    if (!platform.launcher || !platform.launcher->Start(program))
+    if (!launcher || !launcher->Start(program))
         return failed(program.string());
-    return true;
+    return Outcome::Done();
 }
 
 void RemoveSideTool(SetupStore& store) {

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "base/outcome.h"
+
 namespace qor {
 
 class SetupStore;
-struct Platform;
+class Launcher;
 
 /// Unpacks the side tool, the program kept as `QorTool.ccz`, and starts it; it goes its own way from there.
-/// False, with a message, when this installation has none or it cannot be started.
-bool StartSideTool(const SetupStore& store, const Platform& platform);
+/// Refused when this installation has none or it cannot be started.
+Outcome StartSideTool(const SetupStore& store, Launcher* launcher);
 /// Takes the unpacked tool away; the store stays.
 void RemoveSideTool(SetupStore& store);
 

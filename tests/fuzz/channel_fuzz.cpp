@@ -2,63 +2,31 @@
 // line that goes away. The program neither breaks nor hangs, and once the instrument behaves again it is
 // ready.
 
-#include "core/program.h"
-#include "display/curve_store.h"
-#include "platform/operator.h"
-#include "platform/port_list.h"
-#include "platform/serial_control.h"
+#include "curve/curve.h"
+#include "desk/panel.h"
+#include "desk/program.h"
+#include "fuzz/fuzz.h"
 #include "sim/instrument.h"
+#include "support/doubles.h"
 #include "support/virtual_time.h"
 
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
 
 namespace {
 
 using namespace qor;
+using namespace qor::test;
 
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
-
-struct Bytes {
-    const std::uint8_t* data;
-    std::size_t size;
-    std::uint8_t Next() {
-        if (size == 0)
-            return 0;
-        --size;
-        return *data++;
-    }
-    std::string Take(std::size_t count) {
-        count = std::min(count, size);
-        std::string text(reinterpret_cast<const char*>(data), count);
-        data += count;
-        size -= count;
-        return text;
-    }
-};
-
-class FuzzedLine final : public CMSComm {
+class FuzzedLine final : public DeadLine {
 public:
-    FuzzedLine(Bytes& bytes, test::VirtualTime& time, const sim::InstrumentConfig& config)
-        : m_Bytes(bytes), m_Time(time), m_Instrument(config) {}
+    FuzzedLine(Bytes& bytes, VirtualTime& time, OnePort& ports, const sim::InstrumentConfig& config)
+        : m_Bytes(bytes), m_Time(time), m_Ports(ports), m_Instrument(config) {}
 
-    void SetCommPort(int) override {}
-    void SetSettings(std::string_view) override {}
-    void SetInputMode(CommInputMode) override {}
-    void SetInputLen(int) override {}
-    void SetRThreshold(int) override {}
-    void SetSThreshold(int) override {}
     void SetPortOpen(bool open) override {
         if (open && !m_Open)
             m_Input.clear();
-        m_Open = open && plugged;
+        m_Open = open && m_Ports.there;
     }
-    [[nodiscard]] bool GetPortOpen() const override { return m_Open; }
     void SetOutput(std::string_view bytes) override {
         if (!m_Open)
             return;
@@ -73,14 +41,12 @@ public:
         m_Input.clear();
     }
     void Lose() {
-        plugged = false;
+        m_Ports.there = false;
         if (!m_Open)
             return;
         m_Open = false;
         Report(CommEvent::Lost);
     }
-
-    bool plugged = true;
 
 private:
     void Answer(const std::string& reply) {
@@ -136,35 +102,12 @@ private:
     }
 
     Bytes& m_Bytes;
-    test::VirtualTime& m_Time;
+    VirtualTime& m_Time;
+    OnePort& m_Ports;
     sim::Instrument m_Instrument;
-    bool m_Open = false;
     std::string m_Command;
     std::string m_Input;
 };
-
-struct OnePort final : PortList {
-    explicit OnePort(const FuzzedLine& l) : line(l) {}
-    std::vector<SerialDevice> List() override {
-        return line.plugged ? std::vector<SerialDevice>{{1, "/dev/ttyF"}} : std::vector<SerialDevice>{};
-    }
-    std::string DeviceOf(int) const override { return "/dev/ttyF"; }
-    const FuzzedLine& line;
-};
-
-struct Quiet final : Operator {
-    void Message(std::string_view, std::string_view) override {}
-    bool Ask(std::string_view, std::string_view) override { return true; }
-};
-
-const std::filesystem::path& StoreDirectory() {
-    static const std::filesystem::path path = [] {
-        std::string name = (std::filesystem::temp_directory_path() / "qor-fuzz-XXXXXX").string();
-        Require(::mkdtemp(name.data()) != nullptr);
-        return std::filesystem::path(name);
-    }();
-    return path;
-}
 
 void OperatorActs(Program& program, std::uint8_t act) {
     switch (act % 8) {
@@ -194,38 +137,39 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static constexpr const char* Firmwares[] = {"1.8", "4.0", "4.9", "5.3", "5.7", "6.1", "6.2", "ev2.0"};
     sim::InstrumentConfig config;
     config.firmware = Firmwares[bytes.Next() % 8];
-    test::VirtualTime time;
-    FuzzedLine line(bytes, time, config);
-    OnePort ports(line);
-    Quiet user;
+    VirtualTime time;
+    OnePort ports;
+    FuzzedLine line(bytes, time, ports, config);
+    SilentOperator user;
+    static const TempDir stores;
     const auto program =
-        std::make_unique<Program>(Platform{line, ports, time.timers, time.clock, user}, StoreDirectory());
+        std::make_unique<Program>(Platform{line, ports, time.timers, time.clock, user}, stores.Path());
     Session& session = program->State();
     program->Start(false);
     program->SearchNow();
-    session.curve.g_testTimeMs = 1000;
+    session.curve.SetLength(1000);
 
     for (int slice = 0; slice < 100 && bytes.size > 0; ++slice) {
         time.RunFor(bytes.Next() % 32 * 50);
         OperatorActs(*program, bytes.Next());
         if (slice % 8 == 7)
-            line.plugged = true;
+            ports.there = true;
         Require(session.link.queue.CommSendPoint() <= CommandQueue::Capacity);
-        Require(session.link.m_revdatastr.size() <= 5000);
-        Require(session.curve.StoreDataPot <= static_cast<int>(session.curve.g_levelUp.size()));
+        Require(session.link.transaction.Text().size() <= 5000);
+        Require(session.curve.NextPoint() <= static_cast<int>(session.curve.Up().size()));
     }
 
     // The instrument behaves; the operator opens the port if need be and stops what runs.
     bytes.size = 0;
     time.RunFor(10000); // what is under way still comes, a loss too
-    line.plugged = true;
+    ports.there = true;
     time.RunFor(10000);
-    if (!line.GetPortOpen() && session.link.portButton != PortButton::Close)
+    if (!line.GetPortOpen() && session.link.connection.Button() != PortButton::Close)
         program->Link().OnButton1();
     const auto isReady = [&] {
-        if (session.run.runOn)
+        if (session.run.IsOn())
             program->StopMeas();
-        return program->IsReady() && session.panel.lamp == Lamp::Ready;
+        return program->IsReady() && PanelOf(session).lamp == Lamp::Ready;
     };
     Require(time.RunUntil(isReady, 180000));
     return 0;

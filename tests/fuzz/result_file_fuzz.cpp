@@ -1,46 +1,40 @@
 // Any bytes as a result file: refused with a reason, or read as something that can be shown and written
 // again.
-#include "bands/setup_store.h"
-#include "core/session.h"
-#include "display/curve_store.h"
-#include "platform/operator.h"
+#include "base/setup_store.h"
+#include "curve/curve.h"
+#include "curve/plot_geometry.h"
+#include "desk/session.h"
+#include "fuzz/fuzz.h"
 #include "platform/platform.h"
-#include "platform/port_list.h"
-#include "platform/serial_control.h"
+#include "results/data_file.h"
 #include "results/result_files.h"
-#include "support/temp_dir.h"
+#include "support/doubles.h"
 #include "support/virtual_time.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 
 namespace {
 
 using namespace qor;
-
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
+using namespace qor::test;
 
 std::string Sound(bool twoTone, bool wide) {
-    ResultFile file;
-    file.tone1 = {935, 925, 937, 43};
-    file.tone2 = {960, 960, 946, 43};
-    file.twoTone = twoTone;
-    file.inDbc = wide;
-    file.order = wide ? 11 : 3;
-    file.model = "RT-DB22";
-    file.serial = wide ? "12345678901" : "SIM01";
-    file.date = "20260307";
-    file.time = "09:05";
+    ResultDocument document;
+    document.plan = {935, 960, 925, 937, 960, 960, 946, 935};
+    document.method = twoTone ? ResultMethod::TwoTone : ResultMethod::Sweep;
+    document.inDbc = wide;
+    document.order = wide ? 11 : 3;
+    document.model = "RT-DB22";
+    document.serial = wide ? "12345678901" : "SIM01";
+    document.date = "20260307";
+    document.time = "09:05";
+    ResultRun& run = document.runs.emplace_back();
     for (int i = 0; i < 8; ++i)
-        (i < 5 || twoTone ? file.up : file.down).push_back({twoTone ? i * 0.1 : 890 + i % 5, -100.5f});
-    file.limitText = "-90.0";
-    file.comment = "comment\n";
-    return FormatResult(file);
+        (i < 5 || twoTone ? run.up : run.down).push_back({twoTone ? i * 0.1 : 890 + i % 5, -100.5f});
+    document.limit = -90.0f;
+    document.comment = "comment\n";
+    return FormatResult(document);
 }
 
 /// A sound file with places changed as the input says.
@@ -64,66 +58,44 @@ std::string Changed(std::string text, const std::uint8_t* data, std::size_t size
     return text;
 }
 
-void CheckRows(const ResultFile& file) {
-    Require(!file.up.empty());
-    for (const auto* rows : {&file.up, &file.down}) {
-        for (std::size_t i = 0; i < rows->size(); ++i) {
-            const ResultFile::Row& row = (*rows)[i];
-            Require(std::isfinite(row.x) && std::isfinite(row.level));
-            if (file.form == ResultFile::Form::Oldest)
+void CheckRows(const ResultDocument& document) {
+    const ResultRun& run = document.runs.back();
+    Require(PointsOf(document) > 0);
+    for (const auto* points : {&run.up, &run.down}) {
+        for (std::size_t i = 0; i < points->size(); ++i) {
+            const ResultPoint& point = (*points)[i];
+            Require(std::isfinite(point.x) && std::isfinite(point.level));
+            if (!document.hasHead)
                 continue;
-            Require(row.level < 0);
-            Require(file.twoTone ? i == 0 || row.x > (*rows)[i - 1].x : row.x > 0.1);
+            Require(document.method == ResultMethod::TwoTone ? i == 0 || point.x > (*points)[i - 1].x
+                                                             : point.x > 0.1);
         }
     }
 }
 
 /// Once its numbers have the decimals of a file, a result is written and read back without a change.
-void CheckFormat(const ResultFile& file) {
-    if (file.form == ResultFile::Form::Oldest)
+void CheckFormat(const ResultDocument& document) {
+    if (!document.hasHead)
         return;
-    const ParsedResult rounded = ParseResult(FormatResult(file));
-    if (!rounded.file) // its only level was rounded to 0, or the comment makes it too long
+    const ParsedResult rounded = ParseResult(FormatResult(document));
+    if (!rounded.document) // its only level was rounded to 0, or the comment makes it too long
         return;
-    const std::string text = FormatResult(*rounded.file);
+    const std::string text = FormatResult(*rounded.document);
     for (const bool scrambled : {false, true}) {
         const std::string bytes = EncodeResult(text, scrambled);
         if (bytes.size() > LongestResultFile)
             return;
         const ParsedResult again = ParseResult(bytes);
-        Require(again.file && FormatResult(*again.file) == text);
+        Require(again.document && FormatResult(*again.document) == text);
     }
 }
 
-class SilentOperator final : public Operator {
-    void Message(std::string_view, std::string_view) override {}
-    bool Ask(std::string_view, std::string_view) override { return true; }
-};
-
-class NoPorts final : public PortList {
-    std::vector<SerialDevice> List() override { return {}; }
-    std::string DeviceOf(int) const override { return {}; }
-};
-
-class NoLine final : public CMSComm {
-    void SetCommPort(int) override {}
-    void SetSettings(std::string_view) override {}
-    void SetInputMode(CommInputMode) override {}
-    void SetInputLen(int) override {}
-    void SetRThreshold(int) override {}
-    void SetSThreshold(int) override {}
-    void SetPortOpen(bool) override {}
-    bool GetPortOpen() const override { return false; }
-    void SetOutput(std::string_view) override {}
-    void GetInput(std::string&) override {}
-};
-
 /// One session that is shown file after file.
 struct Desk {
-    test::TempDir dir;
-    test::VirtualTime time;
-    NoLine line;
-    NoPorts ports;
+    TempDir dir;
+    VirtualTime time;
+    DeadLine line;
+    OnePort ports;
     SilentOperator user;
     Platform platform{line, ports, time.timers, time.clock, user};
     SetupStore store{dir.Path()};
@@ -133,13 +105,12 @@ struct Desk {
     void Show(const std::string& bytes) {
         std::ofstream(dir / "shown.dat", std::ios::binary) << bytes;
         Require(files.CurrentShow(dir / "shown.dat"));
-        const CurveState& curve = session.curve;
-        Require(std::is_sorted(curve.g_freqGrid.begin(),
-                               curve.g_freqGrid.begin() +
-                                   static_cast<std::ptrdiff_t>(GridLength(curve.g_freqGrid))));
-        Require(curve.tone2SetTimes > 0 && curve.g_testTimeMs > 0 && std::isfinite(curve.g_pxPerStep));
-        Require(files.DataSave(dir / "saved.dat") ||
-                session.results.loaded->form == ResultFile::Form::Oldest);
+        const Curve& curve = session.curve;
+        Require(std::is_sorted(curve.Grid().begin(),
+                               curve.Grid().begin() +
+                                   static_cast<std::ptrdiff_t>(curve.Steps())));
+        Require(curve.TimePerPoint() > 0 && curve.Length() > 0 && std::isfinite(ComputeLayout(curve, 800, 600).pxPerStep));
+        Require(files.DataSave(dir / "saved.dat") || !session.results.loaded.Document()->hasHead);
     }
 };
 
@@ -155,11 +126,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             ? EncodeResult({reinterpret_cast<const char*>(data) + 1, size - 1}, true)
             : EncodeResult(Changed(Sound(kind % 2 == 0, kind > 3), data + 1, size - 1), data[0] > 127);
     const ParsedResult parsed = ParseResult(bytes);
-    Require(parsed.file.has_value() == parsed.problem.empty());
-    if (!parsed.file)
+    Require(parsed.document.has_value() == parsed.problem.empty());
+    if (!parsed.document)
         return 0;
-    CheckRows(*parsed.file);
-    CheckFormat(*parsed.file);
+    CheckRows(*parsed.document);
+    CheckFormat(*parsed.document);
     if (data[0] / 6 % 8 == 0) { // a dozen files are written for each: not for all
         static Desk desk;
         desk.Show(bytes);

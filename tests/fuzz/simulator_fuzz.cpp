@@ -1,18 +1,14 @@
 // Whatever a host writes, at whatever speed and with whatever fault ordered, the simulated instrument stays
 // in order: no overrun, no event in the past, no reply longer than a reply can be.
 
+#include "fuzz/fuzz.h"
 #include "sim/line.h"
-
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 
 using namespace qor::sim;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::size_t at = 0;
-    const auto next = [&]() -> std::uint8_t { return at < size ? data[at++] : 0; };
+    qor::test::Bytes bytes{data, size};
+    const auto next = [&bytes] { return bytes.Next(); };
 
     static constexpr const char* Firmwares[] = {"1.8", "4.0", "4.9", "5.3", "5.7", "6.1", "6.9", "ev2.0"};
     InstrumentConfig config;
@@ -25,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     line.Add({Faults[next() % Faults.size()].kind, next() % 8});
 
     std::int64_t nowUs = 0;
-    while (at < size) {
+    while (bytes.size > 0) {
         const std::uint8_t action = next();
         nowUs += std::int64_t{next()} << (action >> 4);
         if (action % 16 == 0)
@@ -33,17 +29,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         else if (action % 16 == 1)
             line.Plugged(nowUs) ? line.Unplug(nowUs) : line.Replug(nowUs);
         else {
-            const std::size_t count = std::min<std::size_t>(next() % 32, size - at);
-            line.HostWrites({reinterpret_cast<const char*>(data + at), count}, nowUs);
-            at += count;
+            line.HostWrites(bytes.Take(next() % 32), nowUs);
         }
         if (action % 4 == 3) {
             // A command of 64 bytes at most, its echo and a line end in the middle, for each that was
             // written.
-            if (line.TakeDelivered(nowUs).size() > 5000 + 80 * size)
-                std::abort();
-            if (const auto eventUs = line.NextEventUs(); eventUs && *eventUs <= nowUs)
-                std::abort();
+            qor::test::Require(line.TakeDelivered(nowUs).size() <= 5000 + 80 * size);
+            const auto eventUs = line.NextEventUs();
+            qor::test::Require(!eventUs || *eventUs > nowUs);
         }
     }
     return 0;

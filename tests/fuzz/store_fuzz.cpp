@@ -1,22 +1,19 @@
 // Any bytes as the content of a store: what is read of them has to be usable.
 
 #include "bands/plan_check.h"
-#include "bands/plan_setup.h"
 #include "bands/records.h"
 #include "bands/rx_loss.h"
-#include "bands/tenths.h"
-#include "core/text_format.h"
+#include "base/setup_store.h"
+#include "base/tenths.h"
+#include "base/text_format.h"
+#include "desk/setup/plan_setup.h"
+#include "fuzz/fuzz.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 
 namespace {
 
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
+using qor::test::Require;
 
 /// What a page makes of a stored plan.
 void CheckPage(const qor::FrequencyPlan& plan, int band, int imIndex) {

@@ -1,20 +1,14 @@
 // Any bytes as a comment store, a pointer to a saved configuration, its contents, or a field of the
 // calculator.
 
-#include "core/configuration.h"
+#include "desk/configuration.h"
+#include "fuzz/fuzz.h"
 #include "tools/calculator.h"
 #include "tools/comment.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-
 namespace {
 
-void Require(bool condition) {
-    if (!condition)
-        std::abort();
-}
+using qor::test::Require;
 
 bool HasSoftBreak(const std::string& text) {
     return text.find("\r\r\n") != std::string::npos;

@@ -1,6 +1,6 @@
 // A line that spoils, cuts, delays or floods what the instrument says. The program comes to ready or keeps
 // searching, and is ready soon after the line is good again.
-#include "display/curve_store.h"
+#include "curve/curve.h"
 #include "link/recovery.h"
 
 namespace qor::test {
@@ -12,13 +12,13 @@ constexpr const char* Firmwares[] = {"3.4", "4.9", "6.1", "6.2"};
 
 /// Tries a run of some seconds, whatever state the line has left the program in.
 void TryARun(Rig& rig) {
-    rig.S().curve.g_testTimeMs = 1000;
+    rig.S().curve.SetLength(1000);
     rig.program.OnMeasButton();
-    rig.time.RunUntil([&] { return !rig.S().run.runOn; }, 20000);
-    if (!HoldsPoints(rig.S().curve)) {
-        EXPECT_NE(rig.S().curve.g_MeasVerdict, VerdictPassed) << "nothing was measured";
+    rig.time.RunUntil([&] { return !rig.S().run.IsOn(); }, 20000);
+    if (!rig.S().curve.HoldsPoints()) {
+        EXPECT_NE(rig.S().curve.verdict.Value(), VerdictPassed) << "nothing was measured";
     }
-    if (rig.S().run.runOn)
+    if (rig.S().run.IsOn())
         rig.program.StopMeas();
 }
 
@@ -26,8 +26,8 @@ void TryARun(Rig& rig) {
 void ExpectRecovery(Rig& rig) {
     rig.line.ClearFaults();
     ASSERT_TRUE(BecomesReady(rig, 90000))
-        << "g_init " << rig.S().link.g_init << ", g_InitLamp " << rig.S().link.g_InitLamp << ", "
-        << rig.S().link.m_Type << ", " << rig.S().panel.m_Band_sel << "\n"
+        << "g_init " << rig.S().link.chain.Step() << ", heard " << rig.S().link.chain.HasBeenHeard() << ", "
+        << rig.S().link.identity.Model() << ", " << PanelOf(rig.S()).m_Band_sel << "\n"
         << rig.wire.Recent();
 }
 
@@ -41,13 +41,13 @@ TEST(BadLine, SingleBytesChangeNothing) {
             if (pieces)
                 rig.line.Add({FaultKind::Pieces, 0});
             ASSERT_TRUE(rig.PowerOn());
-            rig.S().curve.RealReceiveTime = 50;
+            rig.S().curve.NoteReplyTime(50);
             ASSERT_TRUE(rig.SelectBand(BandUmts));
             sent.push_back(rig.Sent());
             ASSERT_TRUE(rig.Measure());
-            EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
-            EXPECT_EQ(rig.S().curve.StoreDataPot, 52);
-            curves.push_back(rig.S().curve.g_levelUp);
+            EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+            EXPECT_EQ(rig.S().curve.NextPoint(), 52);
+            curves.push_back(rig.S().curve.Up());
         }
         EXPECT_EQ(sent[0], sent[1]);
         for (std::size_t i = 0; i < 52; ++i)
@@ -83,7 +83,7 @@ TEST(BadLine, ACutReadingMakesNoPoint) {
     ASSERT_TRUE(rig.SelectBand(BandUmts));
     rig.line.Add({FaultKind::EarlyEnd, rig.line.CommandCount()});
     TryARun(rig);
-    EXPECT_FALSE(HoldsPoints(rig.S().curve));
+    EXPECT_FALSE(rig.S().curve.HoldsPoints());
     ExpectRecovery(rig);
 }
 
@@ -98,14 +98,14 @@ TEST(BadLine, AnErrorReplyInTheChainDoesNotStopIt) {
                 rig.line.Add({kind, at});
                 rig.program.Start(false);
                 ASSERT_TRUE(BecomesReady(rig, 80000));
-                EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictNone);
-                const std::string& serial = rig.S().link.g_DeviceSN;
+                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
+                const std::string& serial = rig.S().link.identity.Serial();
                 if (firmware == std::string("4.9")) {
                     EXPECT_TRUE(serial == "00001" || serial == "00000" || serial == "0") << serial;
                 }
-                rig.S().curve.g_testTimeMs = 500;
+                rig.S().curve.SetLength(500);
                 ASSERT_TRUE(rig.Measure(20000));
-                EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
             }
         }
     }
@@ -127,13 +127,13 @@ TEST(BadLine, ASlowLineIsWaitedForOrSearchedAgain) {
             if (c.ready) {
                 ASSERT_TRUE(rig.SelectBand(BandUmts));
                 ASSERT_TRUE(rig.Measure());
-                EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
-                EXPECT_LE(rig.S().curve.StoreDataPot, 52 * 100 / c.slowMs + 1)
+                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+                EXPECT_LE(rig.S().curve.NextPoint(), 52 * 100 / c.slowMs + 1)
                     << "the time of a point follows the line";
             }
             ExpectRecovery(rig);
             TryARun(rig);
-            EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+            EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
         }
     }
 }
@@ -150,11 +150,11 @@ TEST(BadLine, LateRepliesDoNotCutTheNextChainShort) {
         rig.line.Add({FaultKind::Slow, slowMs});
         rig.time.RunFor(30000);
         ExpectRecovery(rig);
-        EXPECT_EQ(rig.S().panel.m_Band_sel, "DCS");
-        EXPECT_EQ(rig.S().link.m_Type, "RT-DB22");
+        EXPECT_EQ(PanelOf(rig.S()).m_Band_sel, "DCS");
+        EXPECT_EQ(rig.S().link.identity.Model(), "RT-DB22");
         TryARun(rig);
-        EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
-        EXPECT_EQ(rig.S().link.g_DeviceSN, "00001");
+        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(rig.S().link.identity.Serial(), "00001");
     }
 }
 

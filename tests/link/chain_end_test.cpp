@@ -5,7 +5,7 @@
 namespace qor::test {
 namespace {
 
-// The lamp turns green with the echo of #RECUT1 while the serial number is still being read.
+// The operator is released by the echo of #RECUT1 while the serial number is still being read.
 TEST(ChainEnd, AChoiceMadeWhileTheSerialNumberIsReadReachesTheInstrument) {
     for (const char* firmware : {"3.5", "5.7", "6.0", "6.2"}) {
         for (const int laterMs : {0, 30, 150, 300}) {
@@ -13,7 +13,7 @@ TEST(ChainEnd, AChoiceMadeWhileTheSerialNumberIsReadReachesTheInstrument) {
             Rig rig(AtDcs(firmware));
             rig.program.Stores().Write("egsm_pow_setup.ccz", "0040000410");
             rig.program.Start(false);
-            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().panel.lamp == Lamp::Ready; }, 60000));
+            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.chain.HasAnswered(); }, 60000));
             rig.time.RunFor(laterMs);
             ASSERT_FALSE(rig.program.IsReady());
             ASSERT_TRUE(rig.program.Select().SelectBand(BandEgsm));
@@ -24,10 +24,10 @@ TEST(ChainEnd, AChoiceMadeWhileTheSerialNumberIsReadReachesTheInstrument) {
             EXPECT_EQ(rig.instrument.Settings().power1, 400);
             EXPECT_EQ(rig.instrument.Settings().power2, 410);
             EXPECT_EQ(rig.instrument.Settings().order, 5);
-            EXPECT_EQ(rig.S().panel.m_Band_sel, "EGSM");
-            EXPECT_EQ(rig.S().link.g_DeviceSN, *firmware == '3'                 ? "00000"
-                                               : firmware == std::string("6.2") ? "SIM01"
-                                                                                : "00001");
+            EXPECT_EQ(PanelOf(rig.S()).m_Band_sel, "EGSM");
+            EXPECT_EQ(rig.S().link.identity.Serial(), *firmware == '3'                 ? "00000"
+                                                      : firmware == std::string("6.2") ? "SIM01"
+                                                                                       : "00001");
             EXPECT_TRUE(rig.Measure());
         }
     }
@@ -43,9 +43,9 @@ TEST(ChainEnd, AnotherOrderChosenEarlierInAReconnectionIsNotLostEither) {
         rig.port.Replug();
         const int before = rig.line.CommandCount();
         ASSERT_TRUE(rig.time.RunUntil([&] { return rig.line.CommandCount() == before + commands; }, 10000));
-        rig.program.Select().SelectOrder(3);
+        static_cast<void>(rig.program.Select().SelectOrder(3));
         ASSERT_TRUE(rig.RunUntilReady(20000));
-        rig.S().curve.g_testTimeMs = 500;
+        rig.S().curve.SetLength(500);
         ASSERT_TRUE(rig.Measure());
         if (rig.comm.GetPortOpen() && commands > 0) {
             EXPECT_EQ(rig.instrument.Settings().order, 7);
@@ -70,8 +70,8 @@ TEST(ChainEnd, ABandWithoutAPlanInPositionLeavesTheOthersToChoose) {
         config.position = c.position;
         Rig rig(config);
         ASSERT_TRUE(rig.PowerOn());
-        EXPECT_EQ(rig.S().panel.m_Band_sel, c.shown);
-        ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().panel.lamp == Lamp::Ready; }, 10000));
+        EXPECT_EQ(PanelOf(rig.S()).m_Band_sel, c.shown);
+        ASSERT_TRUE(rig.time.RunUntil([&] { return PanelOf(rig.S()).lamp == Lamp::Ready; }, 10000));
         ASSERT_TRUE(rig.SelectBand(c.other));
         EXPECT_TRUE(rig.Measure());
     }
@@ -80,19 +80,19 @@ TEST(ChainEnd, ABandWithoutAPlanInPositionLeavesTheOthersToChoose) {
 TEST(ChainEnd, AfterAPowerAboveTheLimitAnotherBandEndsTheChain) {
     Rig rig(AtDcs("6.2"));
     rig.program.Stores().Write("dcs_pow_setup.ccz", "0045000450");
-    rig.S().plan.m_power2_compensation = "1.1";
+    rig.S().working.SetCompensation("0", "1.1");
     EXPECT_FALSE(rig.PowerOn());
     EXPECT_EQ(rig.user.messages,
               (std::vector<std::string>{"f2The maximum value cannot be greater than 46dbm"}));
     EXPECT_EQ(rig.instrument.Settings().power2, 430) << "nothing above the limit went out";
     ASSERT_TRUE(rig.program.Select().SelectBand(BandEgsm));
     ASSERT_TRUE(rig.RunUntilReady());
-    EXPECT_EQ(rig.S().link.g_DeviceSN, "SIM01");
+    EXPECT_EQ(rig.S().link.identity.Serial(), "SIM01");
     EXPECT_TRUE(rig.Measure());
 
     Rig allowed(AtDcs("6.2"));
     allowed.program.Stores().Write("dcs_pow_setup.ccz", "0045000450");
-    allowed.S().plan.m_power2_compensation = "1.0"; // 46.0 dBm exactly
+    allowed.S().working.SetCompensation("0", "1.0"); // 46.0 dBm exactly
     ASSERT_TRUE(allowed.PowerOn());
     EXPECT_EQ(allowed.instrument.Settings().power2, 460);
 }

@@ -1,5 +1,4 @@
 // The port button, the list of several ports, and the connection that the start button asks for.
-#include "core/timer_ids.h"
 #include "support/rig.h"
 
 #include <deque>
@@ -23,12 +22,12 @@ struct PortsRig : Rig {
 
     std::vector<std::string> PortTexts() {
         std::vector<std::string> texts;
-        for (const PortEntry& entry : S().link.g_PortList)
+        for (const PortEntry& entry : S().link.connection.Ports())
             texts.push_back(entry.text);
         return texts;
     }
     void Choose(const std::string& text) {
-        S().link.portListText = text;
+        S().link.connection.Choose(text);
         program.Link().OnButton1();
     }
 };
@@ -39,8 +38,8 @@ TEST(Ports, OneIsOpenedWithoutTheOperator) {
     rig.time.RunFor(1900);
     EXPECT_FALSE(rig.comm.GetPortOpen());
     ASSERT_TRUE(rig.RunUntilReady());
-    EXPECT_FALSE(rig.S().panel.portButtonShown || rig.S().panel.portListShown);
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Close);
+    EXPECT_FALSE(PanelOf(rig.S()).portButtonShown || PanelOf(rig.S()).portListShown);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Close);
 }
 
 TEST(Ports, NoneIsSearchedForUntilOneComes) {
@@ -49,8 +48,8 @@ TEST(Ports, NoneIsSearchedForUntilOneComes) {
     rig.port.Unplug();
     rig.program.Start(false);
     rig.time.RunFor(60000);
-    EXPECT_EQ(rig.S().panel.lamp, Lamp::NotReady);
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Scan);
+    EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Scan);
     EXPECT_TRUE(rig.user.messages.empty() && rig.Sent().empty());
     rig.port.Replug();
     EXPECT_TRUE(rig.RunUntilReady(5000));
@@ -60,8 +59,8 @@ TEST(Ports, SeveralAreProbedAndTheOperatorChooses) {
     PortsRig rig({"RT-K022", "RT-L027"});
     rig.program.Start(false);
     rig.time.RunFor(15000);
-    EXPECT_TRUE(rig.S().panel.portListShown && rig.S().panel.portButtonShown);
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Open);
+    EXPECT_TRUE(PanelOf(rig.S()).portListShown && PanelOf(rig.S()).portButtonShown);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Open);
     // The identity handling takes the answer of the first port.
     EXPECT_EQ(rig.PortTexts(),
               (std::vector<std::string>{"COM1 (/dev/ttySIM0)", "COM2 (/dev/ttySIM1): RT-K022",
@@ -71,11 +70,11 @@ TEST(Ports, SeveralAreProbedAndTheOperatorChooses) {
 
     rig.Choose("COM2 (/dev/ttySIM1): RT-K022");
     ASSERT_TRUE(rig.RunUntilReady());
-    EXPECT_EQ(rig.S().link.m_Type, "RT-K022");
+    EXPECT_EQ(rig.S().link.identity.Model(), "RT-K022");
     EXPECT_EQ(rig.Sent().size(), 31u);
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Close);
-    EXPECT_TRUE(rig.S().panel.portButtonShown && !rig.S().panel.portListShown);
-    EXPECT_LT(rig.S().curve.RealReceiveTime, 100) << "of the first command, not of the search before it";
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Close);
+    EXPECT_TRUE(PanelOf(rig.S()).portButtonShown && !PanelOf(rig.S()).portListShown);
+    EXPECT_LT(rig.S().curve.ReplyTime(), 100) << "of the first command, not of the search before it";
 }
 
 TEST(Ports, AfterALossTheyAreLabelledUpToTheFirstThatStaysSilent) {
@@ -97,10 +96,10 @@ TEST(Ports, AfterALossTheyAreLabelledUpToTheFirstThatStaysSilent) {
 
 TEST(Ports, WithTwoAndALastOneTheOtherIsOpened) {
     PortsRig rig({"RT-K022"});
-    rig.S().link.g_LastPort = 1;
+    rig.program.Link().Opened(1);
     ASSERT_TRUE(rig.PowerOn());
-    EXPECT_EQ(rig.S().link.m_Type, "RT-K022");
-    EXPECT_TRUE(rig.S().panel.portButtonShown);
+    EXPECT_EQ(rig.S().link.identity.Model(), "RT-K022");
+    EXPECT_TRUE(PanelOf(rig.S()).portButtonShown);
 }
 
 TEST(Ports, AboveSixteenIsRefused) {
@@ -114,42 +113,37 @@ TEST(Ports, AboveSixteenIsRefused) {
     EXPECT_EQ(rig.user.messages,
               (std::vector<std::string>{"Port muessen kleiner als 17\nCOM17 (/dev/tty17)"}));
     EXPECT_FALSE(rig.comm.GetPortOpen());
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Scan);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Scan);
     rig.program.Link().OnButton1(); // "Scannen Port": the list again
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Open);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Open);
     rig.Choose("COM16 (/dev/tty16)");
     EXPECT_TRUE(rig.RunUntilReady());
 }
 
-/// Ports of a machine where one is listed that cannot be opened, as without the rights to it.
-struct LockedPort final : PortList {
-    std::vector<SerialDevice> List() override {
-        return locked ? std::vector<SerialDevice>{{9, "/dev/ttyS9"}}
-                      : std::vector<SerialDevice>{{1, "/dev/ttySIM0"}};
-    }
-    std::string DeviceOf(int number) const override { return number == 9 ? "/dev/ttyS9" : "/dev/ttySIM0"; }
-    bool locked = true;
-};
-
 TEST(Ports, OneThatCannotBeOpenedIsNamedAndTriedAgain) {
     Rig rig;
-    LockedPort ports;
+    OnePort ports; // of the two only one can be opened, as without the rights to the other
+    const auto lock = [&ports](bool locked) {
+        ports.number = locked ? 9 : 1;
+        ports.device = locked ? "/dev/ttyS9" : "/dev/ttySIM0";
+    };
+    lock(true);
     Program program({rig.comm, ports, rig.time.timers, rig.time.clock, rig.user}, rig.dir / "stores");
     program.Start(false);
     rig.time.RunFor(6100);
     ASSERT_EQ(rig.user.messages.size(), 3u);
     EXPECT_EQ(rig.user.messages[0],
               "Cannot connect to device for incorrect port, please select correct port!\nCOM9 (/dev/ttyS9)");
-    ports.locked = false;
+    lock(false);
     EXPECT_TRUE(rig.time.RunUntil([&] { return program.IsReady(); }, 10000));
 
     rig.port.Unplug();
-    ports.locked = true;
+    lock(true);
     rig.time.RunFor(10000);
-    EXPECT_EQ(program.State().panel.lamp, Lamp::NotReady);
+    EXPECT_EQ(PanelOf(program.State()).lamp, Lamp::NotReady);
     program.Link().OnButton1(); // "Scannen Port" by hand finds nothing either, and the search goes on
     rig.ports.Replug(1);
-    ports.locked = false;
+    lock(false);
     EXPECT_TRUE(rig.time.RunUntil([&] { return program.IsReady(); }, 10000));
 }
 
@@ -159,13 +153,13 @@ TEST(PortButton, ClosesAfterACountdownAndOpensAgain) {
     rig.program.ArmStatusPoll();
     rig.time.RunFor(5500);
     // Also while the answer of the status poll is on its way.
-    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.tagCommPend != 0; }, 3000));
+    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().link.transaction.IsIdle(); }, 3000));
     rig.Sent();
     rig.program.Link().OnButton1();
-    EXPECT_EQ(rig.S().panel.lamp, Lamp::NotReady);
-    EXPECT_EQ(rig.S().panel.m_Band_sel, NoBandText);
-    EXPECT_TRUE(rig.S().panel.portListShown);
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Open);
+    EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady);
+    EXPECT_EQ(PanelOf(rig.S()).m_Band_sel, NoBandText);
+    EXPECT_TRUE(PanelOf(rig.S()).portListShown);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Open);
     rig.program.Link().OnButton1(); // ignored
     rig.time.RunFor(1700);
     EXPECT_TRUE(rig.comm.GetPortOpen());
@@ -173,15 +167,14 @@ TEST(PortButton, ClosesAfterACountdownAndOpensAgain) {
     EXPECT_FALSE(rig.comm.GetPortOpen());
     rig.time.RunFor(20000);
     EXPECT_FALSE(rig.comm.GetPortOpen()) << "what the operator has closed stays closed";
-    EXPECT_EQ(rig.S().panel.lamp, Lamp::NotReady);
+    EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady);
     EXPECT_TRUE(rig.Sent().empty());
 
     rig.program.Link().OnButton1();
     ASSERT_TRUE(rig.RunUntilReady());
     const auto sent = rig.Sent();
-    EXPECT_EQ(sent.size(), 20u) << "the full chain but for the serial number";
-    EXPECT_EQ(sent.back(), "#SPWB00430");
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Close);
+    EXPECT_EQ(sent.size(), 31u) << "the full chain: it may be another instrument";
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Close);
 }
 
 TEST(PortButton, ClosingInARunSwitchesTheCarriersOff) {
@@ -192,9 +185,9 @@ TEST(PortButton, ClosingInARunSwitchesTheCarriersOff) {
     ASSERT_EQ(rig.instrument.Settings().carrier1, 1);
     rig.program.Link().OnButton1();
     rig.time.RunFor(5000);
-    EXPECT_FALSE(rig.comm.GetPortOpen() || rig.S().run.runOn);
+    EXPECT_FALSE(rig.comm.GetPortOpen() || rig.S().run.IsOn());
     EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
-    EXPECT_NE(rig.S().curve.g_MeasVerdict, VerdictPassed);
+    EXPECT_NE(rig.S().curve.verdict.Value(), VerdictPassed);
 }
 
 TEST(PortButton, ClosingEndsTheSearchToo) {
@@ -202,7 +195,7 @@ TEST(PortButton, ClosingEndsTheSearchToo) {
     ASSERT_TRUE(rig.PowerOn());
     rig.line.Add({sim::FaultKind::Silence, 0});
     rig.program.ArmStatusPoll();
-    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.contactLosses == 1; }, 10000));
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.connection.Losses() == 1; }, 10000));
     rig.program.Link().OnButton1();
     rig.line.ClearFaults();
     rig.time.RunFor(30000);
@@ -218,7 +211,7 @@ TEST(PortButton, AScanByHandGoesOnUntilThereIsAPort) {
     rig.time.RunFor(3000);
     rig.port.Unplug();
     rig.program.Link().OnButton1(); // cannot be opened
-    EXPECT_EQ(rig.S().link.portButton, PortButton::Scan);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Scan);
     rig.program.Link().OnButton1(); // no port
     rig.time.RunFor(10000);
     rig.port.Replug();
@@ -234,7 +227,7 @@ protected:
     Rig rig;
     void Close() {
         ASSERT_TRUE(rig.PowerOn());
-        rig.S().curve.g_testTimeMs = 1000;
+        rig.S().curve.SetLength(1000);
         if (GetParam() == Closed::ByButton) {
             rig.program.Link().OnButton1();
             rig.time.RunFor(3000);
@@ -252,18 +245,18 @@ TEST_P(StartClosed, YesConnectsAndMeasures) {
     Close();
     rig.program.OnMeasButton();
     EXPECT_EQ(rig.user.questions, (std::vector<std::string>{"The device is disconnect. Connect it now?"}));
-    EXPECT_FALSE(rig.S().run.runOn);
-    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.runOn; }, 10000));
+    EXPECT_FALSE(rig.S().run.IsOn());
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.IsOn(); }, 10000));
     ASSERT_TRUE(rig.RunUntilRunIsOver());
-    EXPECT_EQ(rig.S().curve.StoreDataPot, 12);
-    EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+    EXPECT_EQ(rig.S().curve.NextPoint(), 12);
+    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
     const auto sent = rig.Sent();
     EXPECT_EQ(sent.front(), "#SR");
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "#M2T1"), 1);
     EXPECT_LT(std::find(sent.begin(), sent.end(), "#SPWB00430"),
               std::find(sent.begin(), sent.end(), "#M2T1"));
     rig.time.RunFor(10000);
-    EXPECT_TRUE(rig.comm.GetPortOpen() && !rig.S().run.runOn);
+    EXPECT_TRUE(rig.comm.GetPortOpen() && !rig.S().run.IsOn());
     EXPECT_TRUE(rig.user.messages.empty());
 }
 
@@ -271,9 +264,9 @@ TEST_P(StartClosed, NoLeavesItClosed) {
     Close();
     rig.user.answer = false;
     rig.program.OnMeasButton();
-    EXPECT_FALSE(rig.comm.GetPortOpen() || rig.S().link.g_bStartAfterConnect);
+    EXPECT_FALSE(rig.comm.GetPortOpen() || rig.S().run.WaitsForContact());
     rig.time.RunFor(10000);
-    EXPECT_FALSE(rig.S().run.runOn);
+    EXPECT_FALSE(rig.S().run.IsOn());
     const auto sent = rig.Sent();
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "#M2T1"), 0);
 }
@@ -281,35 +274,29 @@ TEST_P(StartClosed, NoLeavesItClosed) {
 INSTANTIATE_TEST_SUITE_P(HowItCameToBeClosed, StartClosed,
                          testing::Values(Closed::ByButton, Closed::Unplugged, Closed::JustUnplugged));
 
-TEST(StartWhileClosed, ARunAskedForBeforeContactWasLostDoesNotStartByItself) {
-    Rig rig;
-    ASSERT_TRUE(rig.PowerOn());
-    rig.program.Link().OnButton1();
-    rig.time.RunFor(3000);
-    rig.program.OnMeasButton();
-    rig.time.RunFor(200);
-    ASSERT_TRUE(rig.S().link.g_bStartAfterConnect);
-    rig.port.Unplug();
-    rig.time.RunFor(10000);
-    rig.port.Replug();
-    rig.time.RunFor(20000);
-    EXPECT_TRUE(rig.program.IsReady());
-    EXPECT_FALSE(rig.S().run.runOn) << "carriers must not come on minutes after the button was pressed";
-    EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
-}
-
-TEST(StartWhileClosed, StillUnpluggedThenPluggedIn) {
-    Rig rig;
-    ASSERT_TRUE(rig.PowerOn());
-    rig.port.Unplug();
-    rig.time.RunFor(5000);
-    rig.program.OnMeasButton(); // Yes, but there is nothing to connect
-    EXPECT_EQ(rig.S().run.g_StartFail, StartRefused);
-    rig.time.RunFor(5000);
-    rig.port.Replug();
-    EXPECT_TRUE(rig.RunUntilReady(20000));
-    EXPECT_FALSE(rig.S().run.runOn);
-    EXPECT_TRUE(rig.Measure());
+TEST(StartWhileClosed, ARunAskedForDoesNotStartByItselfBehindALossOrAClosing) {
+    for (const bool lost : {true, false}) {
+        Rig rig;
+        ASSERT_TRUE(rig.PowerOn());
+        rig.program.Link().OnButton1();
+        rig.time.RunFor(3000);
+        rig.program.OnMeasButton();
+        rig.time.RunFor(200);
+        ASSERT_FALSE(rig.S().run.IsOn());
+        if (lost) {
+            rig.port.Unplug();
+            rig.time.RunFor(10000);
+            rig.port.Replug();
+        } else {
+            rig.program.Link().OnButton1(); // no port searched for any more
+            rig.time.RunFor(5000);
+            rig.program.Link().OnButton1();
+        }
+        rig.time.RunFor(20000);
+        EXPECT_TRUE(rig.program.IsReady());
+        EXPECT_FALSE(rig.S().run.IsOn()) << "carriers must not come on minutes after the button was pressed";
+        EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
+    }
 }
 
 } // namespace

@@ -15,7 +15,7 @@ inline sim::InstrumentConfig AtDcs(const char* firmware, std::uint64_t seed = 1)
 
 /// Ready and with a green lamp: contact that was lost a moment ago does not count.
 inline bool BecomesReady(Rig& rig, std::int64_t limitMs) {
-    return rig.time.RunUntil([&] { return rig.S().panel.lamp == Lamp::Ready && rig.program.IsReady(); },
+    return rig.time.RunUntil([&] { return PanelOf(rig.S()).lamp == Lamp::Ready && rig.program.IsReady(); },
                              limitMs);
 }
 

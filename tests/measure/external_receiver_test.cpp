@@ -1,4 +1,4 @@
-#include "core/text_format.h"
+#include "base/text_format.h"
 #include "platform/visa.h"
 #include "support/wire_reading.h"
 
@@ -61,13 +61,8 @@ struct ExternalRig {
 
     ExternalRig(int kind, const char* firmware) : rig({.firmware = firmware}, &receiver, &receiver) {
         receiver.rig = &rig;
-        rig.S().receiver.tagReceiver = 0;
-        rig.S().receiver.g_ExtRxKind = kind;
+        rig.S().receiver.UseExternal(kind);
         rig.program.Stores().Write("AlarmUp.ccz", "-30.0");
-    }
-    bool Ready(int mode) {
-        return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
-               rig.RunUntilIdle();
     }
 };
 
@@ -81,45 +76,48 @@ TEST(ExternalReceiver, TwoToneSettlesSeventeenTicksAndStoresFiftyOnePoints) {
     for (const Kind& kind : Kinds) {
         SCOPED_TRACE("kind " + std::to_string(kind.kind));
         ExternalRig e(kind.kind, "6.2");
-        ASSERT_TRUE(e.Ready(ModeTwoTone));
+        ASSERT_TRUE(e.rig.ReadyFor(ModeTwoTone));
         e.receiver.counts = true;
         e.receiver.written.clear();
         const auto sent = SentDuring(e.rig, [&] { ASSERT_TRUE(e.rig.Measure()); });
         EXPECT_EQ(Joined(sent), "#SAB3 #M2T1 #SR #RECUT1 #SMREF #SFA09350 #SFB09600 #M2T0 #SMREF ");
-        const CurveState& curve = e.rig.S().curve;
-        EXPECT_EQ(curve.StoreDataPot, 51);
+        const Curve& curve = e.rig.S().curve;
+        EXPECT_EQ(curve.NextPoint(), 51);
         EXPECT_EQ(e.receiver.reads, 17 + 51);
         for (std::size_t i = 0; i < 51; ++i)
-            EXPECT_NEAR(curve.g_levelUp[i], -40.0f - static_cast<float>(i + 18) / 10.0f, 0.001f);
+            EXPECT_NEAR(curve.Up()[i], -40.0f - static_cast<float>(i + 18) / 10.0f, 0.001f);
         auto texts = Chain({{"INIT:CONT OFF"}, Centre(9100), MarkerSetUp});
         for (int i = 0; i < 68; ++i)
             texts = Chain({texts, kind.inTick});
         EXPECT_EQ(Joined(e.receiver.written), Joined(Chain({texts, {"INIT:CONT ON"}})));
-        EXPECT_EQ(e.rig.S().panel.m_WorstLevelText, "-41.8");
-        EXPECT_EQ(curve.g_MeasVerdict, VerdictPassed);
+        EXPECT_EQ(PanelOf(e.rig.S()).m_WorstLevelText, "-41.8");
+        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
     }
 }
 
 /// A further pass with "Replace data" stores from its first tick.
 TEST(ExternalReceiver, RepeatedTwoTonePassNeedsNoSettling) {
     ExternalRig e(ReceiverNrv, "6.2");
-    ASSERT_TRUE(e.Ready(ModeTwoTone));
+    ASSERT_TRUE(e.rig.ReadyFor(ModeTwoTone));
     e.receiver.counts = true;
-    RunState& run = e.rig.S().run;
-    run.tagEndless = run.g_bReplaceData = true;
-    run.EndlessTimes = 1;
+    RunSettings& runs = e.rig.S().runs;
+    runs.SetContinuous(true);
+    runs.SetReplacesData(true);
+    runs.SetContinuousTimes(1);
     ASSERT_TRUE(e.rig.Measure());
     EXPECT_EQ(e.receiver.reads, 17 + 51 + 51);
-    EXPECT_NEAR(e.rig.S().curve.g_levelUp[0], -46.9f, 0.001f);
+    EXPECT_NEAR(e.rig.S().curve.Up()[0], -46.9f, 0.001f);
 }
 
 /// The analyser is waited for 300 ms ahead of the first pass of a sweep, 100 ms ahead of a further one.
 TEST(ExternalReceiver, RepeatedSweepWaitsOneTick) {
     ExternalRig e(ReceiverAnalyser, "4.2");
-    ASSERT_TRUE(e.Ready(ModeSweep));
-    RunState& run = e.rig.S().run;
-    run.tagEndless = run.g_bReplaceData = true;
-    run.EndlessTimes = 1;
+    ASSERT_TRUE(e.rig.ReadyFor(ModeSweep));
+    const qor::Run& run = e.rig.S().run;
+    RunSettings& runs = e.rig.S().runs;
+    runs.SetContinuous(true);
+    runs.SetReplacesData(true);
+    runs.SetContinuousTimes(1);
     e.rig.program.OnMeasButton();
     const auto msToSetUp = [&] {
         const std::int64_t begin = e.rig.time.NowMs();
@@ -132,7 +130,7 @@ TEST(ExternalReceiver, RepeatedSweepWaitsOneTick) {
         return e.rig.time.NowMs() - begin;
     };
     EXPECT_NEAR(static_cast<double>(msToSetUp()), 300.0, 15.0);
-    ASSERT_TRUE(e.rig.time.RunUntil([&] { return run.passes == 1; }, 60000));
+    ASSERT_TRUE(e.rig.time.RunUntil([&] { return run.Passes() == 1; }, 60000));
     EXPECT_NEAR(static_cast<double>(msToSetUp()), 100.0, 15.0);
     ASSERT_TRUE(e.rig.RunUntilRunIsOver());
     EXPECT_EQ(e.receiver.reads, 2 * (13 + 15));
@@ -143,7 +141,7 @@ TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
         for (const char* const firmware : {"6.2", "3.6", "1.8"}) {
             SCOPED_TRACE("kind " + std::to_string(kind.kind) + " firmware " + firmware);
             ExternalRig e(kind.kind, firmware);
-            ASSERT_TRUE(e.Ready(ModeSweep));
+            ASSERT_TRUE(e.rig.ReadyFor(ModeSweep));
             e.receiver.written.clear();
             const auto sent = SentDuring(e.rig, [&] { ASSERT_TRUE(e.rig.Measure()); });
             EXPECT_EQ(std::count(sent.begin(), sent.end(), "#IMP?"), 0);
@@ -165,31 +163,31 @@ TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
                 down[18500 - f2] = static_cast<float>(f2 - 18500) / 200.0f;
                 texts = Chain({texts, Centre(18500 - f2), kind.inStep});
             }
-            const CurveState& curve = e.rig.S().curve;
-            EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelUp)).size(), 13U);
-            for (const auto& [place, level] : OnGrid(curve, std::span(curve.g_levelUp)))
+            const Curve& curve = e.rig.S().curve;
+            EXPECT_EQ(OnGrid(curve, std::span(curve.Up())).size(), 13U);
+            for (const auto& [place, level] : OnGrid(curve, std::span(curve.Up())))
                 EXPECT_NEAR(level, up[place], 0.006f) << place;
-            EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelDown)).size(), 15U);
-            for (const auto& [place, level] : OnGrid(curve, std::span(curve.g_levelDown)))
+            EXPECT_EQ(OnGrid(curve, std::span(curve.Down())).size(), 15U);
+            for (const auto& [place, level] : OnGrid(curve, std::span(curve.Down())))
                 EXPECT_NEAR(level, down[place], 0.006f) << place;
             EXPECT_EQ(Joined(e.receiver.written), Joined(Chain({texts, {"INIT:CONT ON"}})));
-            EXPECT_EQ(e.rig.S().panel.m_WorstLevelText, "-44.5");
-            EXPECT_EQ(e.rig.S().panel.m_WorstFreqText, "890.0");
-            EXPECT_EQ(curve.g_MeasVerdict, VerdictPassed);
+            EXPECT_EQ(PanelOf(e.rig.S()).m_WorstLevelText, "-44.5");
+            EXPECT_EQ(PanelOf(e.rig.S()).m_WorstFreqText, "890.0");
+            EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
         }
     }
 }
 
 TEST(ExternalReceiver, SpectrumPassesRepeatAfterOneTick) {
     ExternalRig e(ReceiverAnalyser, "6.2");
-    ASSERT_TRUE(e.Ready(ModeSpectrum));
+    ASSERT_TRUE(e.rig.ReadyFor(ModeSpectrum));
     const auto sent = SentDuring(e.rig, [&] {
         e.rig.program.OnMeasButton();
-        ASSERT_TRUE(e.rig.time.RunUntil([&] { return e.rig.S().run.passes == 2; }, 60000));
+        ASSERT_TRUE(e.rig.time.RunUntil([&] { return e.rig.S().run.Passes() == 2; }, 60000));
     });
-    const CurveState& curve = e.rig.S().curve;
-    EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelUp)).size(), 13U);
-    for (const auto& [place, level] : OnGrid(curve, std::span(curve.g_levelUp)))
+    const Curve& curve = e.rig.S().curve;
+    EXPECT_EQ(OnGrid(curve, std::span(curve.Up())).size(), 13U);
+    for (const auto& [place, level] : OnGrid(curve, std::span(curve.Up())))
         EXPECT_NEAR(level, -static_cast<float>(place) / 200.0f, 0.006f) << place;
     EXPECT_EQ(e.receiver.reads, 26);
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "#IMP?"), 0);
@@ -199,7 +197,7 @@ TEST(ExternalReceiver, SpectrumPassesRepeatAfterOneTick) {
 TEST(ExternalReceiver, StopReadsNothingMore) {
     for (const int mode : {ModeTwoTone, ModeSweep, ModeSpectrum}) {
         ExternalRig e(ReceiverAnalyser, "6.2");
-        ASSERT_TRUE(e.Ready(mode));
+        ASSERT_TRUE(e.rig.ReadyFor(mode));
         e.rig.program.OnMeasButton();
         e.rig.time.RunFor(3010);
         const int reads = e.receiver.reads;
@@ -209,20 +207,19 @@ TEST(ExternalReceiver, StopReadsNothingMore) {
         e.rig.time.RunFor(5000);
         EXPECT_EQ(e.receiver.reads, reads);
         EXPECT_EQ(e.receiver.written.size(), 1U);
-        EXPECT_TRUE(e.rig.S().panel.m_ReadingText.ends_with(' '));
+        EXPECT_TRUE(e.rig.S().readout.IsFrozen());
     }
 }
 
-/// A failed reading counts as no level but for the corrections; the run goes on.
+/// A failed reading is no level: the run ends by its time, and has no verdict.
 TEST(ExternalReceiver, WithoutALibraryTheRunStillEnds) {
     Rig rig;
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
-    rig.S().receiver.tagReceiver = 0;
+    rig.S().receiver.UseExternal(ReceiverAnalyser);
     ASSERT_TRUE(rig.Measure());
-    EXPECT_EQ(rig.S().curve.StoreDataPot, 51);
-    EXPECT_EQ(rig.S().curve.g_levelUp[50], 0.0f);
-    EXPECT_EQ(rig.S().receiver.g_VisaFail, 1);
+    EXPECT_EQ(rig.S().curve.NextPoint(), 0);
+    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
 }
 
 } // namespace qor::test

@@ -1,7 +1,5 @@
-#include "core/dialogs.h"
-#include "display/curve_store.h"
+#include "curve/curve.h"
 #include "measure/inter_band.h"
-#include "results/result_state.h"
 #include "support/wire_reading.h"
 
 #include <cmath>
@@ -44,12 +42,12 @@ std::string Set(const std::string& command, float mhz) {
 
 /// Opens the dialog, chooses, and switches on.
 bool SwitchOn(Rig& rig, const char* rxBand, int order, float step = 1) {
-    InterBandSetup setup = OpenInterBand(rig.S());
+    InterBandSetup setup = OpenInterBand(rig.S().working, rig.S().interBand);
     setup.rxBand = rxBand;
     setup.order = order;
     setup.plan.step = step;
     PresetInterBand(setup);
-    return SwitchInterBandOn(setup, rig.S(), rig.program.Parts());
+    return SwitchInterBandOn(setup, rig.S().working, rig.S().interBand).IsDone();
 }
 
 bool Ready(Rig& rig, const Row& row, int mode) {
@@ -59,7 +57,7 @@ bool Ready(Rig& rig, const Row& row, int mode) {
 
 /// Levels of the last run in time order by the product that each step was meant for, the last one wins.
 void ExpectCurve(const Rig& rig, const std::vector<float>& heard, const Row& row) {
-    const CurveState& curve = rig.program.State().curve;
+    const Curve& curve = rig.program.State().curve;
     std::map<int, float> up;
     std::map<int, float> down;
     std::size_t at = 0;
@@ -69,27 +67,13 @@ void ExpectCurve(const Rig& rig, const std::vector<float>& heard, const Row& row
         down[Tenths(static_cast<float>(row.a) * row.plan.f1Fix - static_cast<float>(row.b) * f2)] =
             heard[at++];
     EXPECT_EQ(at, heard.size());
-    EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelUp)), up);
-    EXPECT_EQ(OnGrid(curve, std::span(curve.g_levelDown)), down);
-    EXPECT_EQ(curve.g_freqGrid.front(), row.gridFrom);
+    EXPECT_EQ(OnGrid(curve, std::span(curve.Up())), up);
+    EXPECT_EQ(OnGrid(curve, std::span(curve.Down())), down);
+    EXPECT_EQ(curve.Grid().front(), row.gridFrom);
     const auto end = static_cast<std::size_t>(row.gridTo - row.gridFrom);
-    EXPECT_EQ(curve.g_freqGrid[end], row.gridTo);
-    EXPECT_EQ(curve.g_freqGrid[end + 1], 0.0f);
+    EXPECT_EQ(curve.Grid()[end], row.gridTo);
+    EXPECT_EQ(curve.Grid()[end + 1], 0.0f);
 }
-
-/// Dialogs of which the inter-band one does as told.
-class ScriptedDialogs final : public Dialogs {
-public:
-    bool Open(DialogId dialog, int) override {
-        EXPECT_EQ(dialog, DialogId::InterBand);
-        ++opened;
-        if (act)
-            act();
-        return true;
-    }
-    std::function<void()> act;
-    int opened = 0;
-};
 
 } // namespace
 
@@ -101,23 +85,23 @@ TEST(InterBand, EveryRowOfThePresetsIsMeasured) {
         rig.program.Stores().Write(row.band == BandDcs ? "dcs_pow_setup.ccz" : "egsm_pow_setup.ccz",
                                    "0040000405");
         ASSERT_TRUE(Ready(rig, row, ModeTwoTone));
-        const std::string band = rig.S().link.g_BandCmd + " ";
+        const std::string band = rig.S().link.position.Command() + " ";
         const std::string power = row.band == BandAmps ? "#SPWA00430 #SPWB00430 " : "#SPWA00400 #SPWB00405 ";
-        rig.S().link.g_InstrStatus = 0x60;
+        rig.S().link.chain.TakeStatus(0x60);
         auto sent = SentDuring(rig, [&] { EXPECT_TRUE(rig.Measure()); });
         const std::string start = band + "#M2T1 #SR #RECUT1 #SMREF " + power + Set("#SFA", row.plan.f1) +
                                   Set("#SFB", row.plan.f2) + "#IMP? ";
         EXPECT_EQ(Joined(sent).substr(0, start.size()), start);
         const float product =
             static_cast<float>(row.a) * row.plan.f1 - static_cast<float>(row.b) * row.plan.f2;
-        EXPECT_EQ(rig.S().curve.g_worstFreq, product);
-        EXPECT_GT(rig.S().curve.StoreDataPot, 40);
-        EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+        EXPECT_EQ(rig.S().curve.WorstFrequency(), product);
+        EXPECT_GT(rig.S().curve.NextPoint(), 40);
+        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
 
         ASSERT_TRUE(rig.program.Select().SelectMethod(ModeSweep));
         ASSERT_TRUE(rig.RunUntilIdle());
-        EXPECT_EQ(rig.S().curve.g_freqGrid.front(), row.gridFrom) << "the axis shows before the start";
-        rig.S().link.g_InstrStatus = 0x60;
+        EXPECT_EQ(rig.S().curve.Grid().front(), row.gridFrom) << "the axis shows before the start";
+        rig.S().link.chain.TakeStatus(0x60);
         const std::size_t from = Transfers(rig);
         sent = SentDuring(rig, [&] { EXPECT_TRUE(rig.Measure()); });
         const FrequencyPlan& p = row.plan;
@@ -131,8 +115,8 @@ TEST(InterBand, EveryRowOfThePresetsIsMeasured) {
                           Steps("#SFB", Tenths(p.f2Start), Tenths(p.f2Stop), -10),
                           Words("#SPA0 #SPB0 #MSWL0 " + Set("#SFB", p.f2Fix) + "#SMREF #SPA0 #SPB0")})));
         ExpectCurve(rig, Overhear(rig, from, 3, false).trace, row);
-        EXPECT_EQ(rig.S().results.g_reportLines[ReportIM], "Inter-band IM" + std::to_string(row.order));
-        EXPECT_EQ(rig.S().results.g_reportLines[ReportMode], "Scannen Modell");
+        EXPECT_EQ(rig.S().run.Record().order, row.order);
+        EXPECT_EQ(rig.S().run.Record().interBand, row.rxBand);
     }
 }
 
@@ -140,9 +124,9 @@ TEST(InterBand, EveryRowOfThePresetsIsMeasured) {
 TEST(InterBand, TheOtherBranches) {
     Rig rig({.firmware = "5.3"});
     ASSERT_TRUE(Ready(rig, Rows[3], ModeSweep));
-    rig.S().run.g_bSaEnclosed = true;
-    rig.S().curve.g_runCount = 2;
-    rig.S().link.g_InstrStatus = 0x64;
+    rig.S().runs.SetSaEnclosed(true);
+    rig.S().curve.SetRuns(2);
+    rig.S().link.chain.TakeStatus(0x64);
     const auto sent = Joined(SentDuring(rig, [&] { EXPECT_TRUE(rig.Measure()); }));
     const std::string start =
         "#MDNL0 " + Joined(Times(10, "#SR")) + "#SPA1 #SPB1 #SFB09600 #SFA09370 #MSWL1 #SR #IMP? ";
@@ -151,32 +135,32 @@ TEST(InterBand, TheOtherBranches) {
 
     Rig old({.firmware = "3.4"});
     ASSERT_TRUE(Ready(old, Rows[3], ModeSweep));
-    old.S().link.g_InstrStatus = 0x60;
+    old.S().link.chain.TakeStatus(0x60);
     EXPECT_EQ(Joined(SentDuring(old, [&] { EXPECT_TRUE(old.Measure()); })).substr(0, 84),
               "#SAB1 #SPA1 #SPB1 #SR #SPWA00430 #SPWB00430 #SMREF #SFB09600 #SFA09370 #MSWL1 #MDNL0");
 
     ASSERT_TRUE(old.program.Select().SelectMethod(ModeSpectrum));
     ASSERT_TRUE(old.RunUntilIdle());
     old.program.OnMeasButton();
-    EXPECT_FALSE(old.S().run.runOn);
-    EXPECT_EQ(old.S().run.g_StartFail, StartRefused);
+    EXPECT_FALSE(old.S().run.IsOn());
+    EXPECT_EQ(old.S().run.StartFail(), StartRefused);
     EXPECT_TRUE(old.user.WasTold("Auswaehlen Messung modell"));
 }
 
 TEST(InterBand, TheDialogRefusesWhatCannotBeMeasured) {
     Rig rig;
     const auto refused = [&](auto change) {
-        rig.user.messages.clear();
-        InterBandSetup setup = OpenInterBand(rig.S());
+        InterBandSetup setup = OpenInterBand(rig.S().working, rig.S().interBand);
         change(setup);
-        EXPECT_FALSE(SwitchInterBandOn(setup, rig.S(), rig.program.Parts()));
-        EXPECT_FALSE(rig.S().interBand.g_bInterBand);
-        EXPECT_EQ(rig.S().select.m_IMIndex, 1);
-        return rig.user.messages.empty() ? std::string() : rig.user.messages[0];
+        const Outcome outcome = SwitchInterBandOn(setup, rig.S().working, rig.S().interBand);
+        EXPECT_FALSE(outcome);
+        EXPECT_FALSE(rig.S().interBand.IsOn());
+        EXPECT_EQ(rig.S().working.ImIndex(), 1);
+        return outcome.Text();
     };
-    rig.S().select.m_BandId = BandUmts;
+    rig.S().working.SelectBand(BandUmts);
     EXPECT_EQ(refused([](InterBandSetup&) {}), "Nichts Breite Selektiert");
-    rig.S().select.m_BandId = BandEgsm;
+    rig.S().working.SelectBand(BandEgsm);
     EXPECT_EQ(refused([](InterBandSetup& s) { s.order = 0; }), "Auswaehlen IM");
     const std::string range = "Falsch, dichtesortierung.";
     EXPECT_EQ(refused([](InterBandSetup& s) { s.plan.step = 0.09f; }), range);
@@ -193,8 +177,8 @@ TEST(InterBand, TheDialogRefusesWhatCannotBeMeasured) {
 
 TEST(InterBand, PresetsKeepAPairWhoseProductIsReceived) {
     Rig rig;
-    rig.S().select.m_BandId = BandAmps;
-    InterBandSetup setup = OpenInterBand(rig.S());
+    rig.S().working.SelectBand(BandAmps);
+    InterBandSetup setup = OpenInterBand(rig.S().working, rig.S().interBand);
     EXPECT_EQ(setup.order, 2);
     setup.plan.f1 = 880;
     setup.plan.f2 = 890;
@@ -206,10 +190,10 @@ TEST(InterBand, PresetsKeepAPairWhoseProductIsReceived) {
     EXPECT_EQ(setup.plan.step, 0.5f);
     setup.plan.f1 = 880.26f; // to a tenth
     setup.plan.f2 = 890.04f;
-    ASSERT_TRUE(SwitchInterBandOn(setup, rig.S(), rig.program.Parts()));
-    EXPECT_EQ(rig.S().plan.g_f1, 880.3f);
-    EXPECT_EQ(rig.S().plan.g_f2, 890.0f);
-    EXPECT_EQ(OpenInterBand(rig.S()).plan.f1, 880.3f);
+    ASSERT_TRUE(SwitchInterBandOn(setup, rig.S().working, rig.S().interBand));
+    EXPECT_EQ(rig.S().working.Plan().f1, 880.3f);
+    EXPECT_EQ(rig.S().working.Plan().f2, 890.0f);
+    EXPECT_EQ(OpenInterBand(rig.S().working, rig.S().interBand).plan.f1, 880.3f);
     setup.plan.f1 = 894;
     setup.order = 4; // 3 x 894 - 890 leaves the band
     PresetInterBand(setup);
@@ -221,44 +205,37 @@ TEST(InterBand, OnAndOff) {
     Rig rig;
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
-    SwitchInterBandOff(rig.S());
-    EXPECT_EQ(rig.S().panel.m_IM_sel, "IM3") << "off when it is off";
+    SwitchInterBandOff(rig.S().working, rig.S().interBand);
+    EXPECT_EQ(PanelOf(rig.S()).m_IM_sel, "IM3") << "off when it is off";
     ASSERT_TRUE(rig.program.Select().SelectOrder(3));
     ASSERT_TRUE(SwitchOn(rig, "PCS 1900", 4, 0.1f));
-    EXPECT_TRUE(rig.user.WasTold("Please confirm what you set be valid for the device."));
     ASSERT_TRUE(SwitchOn(rig, "UMTS 2100", 4, 0.3f)) << "set anew while it is on";
-    EXPECT_EQ(rig.S().panel.m_IM_sel, "Inter-band IM4");
-    EXPECT_EQ(rig.S().select.m_IMIndex, 6);
-    EXPECT_FALSE(rig.program.Select().SelectOrder(2));
-    EXPECT_EQ(rig.S().select.m_IMIndex, 6);
-    rig.user.messages.clear();
+    EXPECT_EQ(PanelOf(rig.S()).m_IM_sel, "Inter-band IM4");
+    EXPECT_EQ(rig.S().working.ImIndex(), 6);
+    EXPECT_FALSE(rig.Done(rig.program.Select().SelectOrder(2)));
+    EXPECT_EQ(rig.S().working.ImIndex(), 6);
     ASSERT_TRUE(rig.program.Select().SelectMethod(ModeSweep));
-    EXPECT_EQ(rig.S().curve.g_SweepStep, 0.3f);
+    EXPECT_EQ(rig.S().curve.SweepStep(), 0.3f);
     EXPECT_TRUE(rig.user.messages.empty());
     EXPECT_FALSE(rig.program.Files().DataSave(rig.dir / "a.dat")) << "a file has no place for such an order";
     EXPECT_FALSE(std::filesystem::exists(rig.dir / "egsm_im13_setup.ccz"));
 
-    CurveState& curve = rig.S().curve;
-    const auto last = [&] { return curve.g_freqGrid[GridLength(curve.g_freqGrid) - 1]; };
     for (const float step : {0.1f, 0.3f, 0.5f, 7.0f}) {
-        curve.g_SweepStep = step;
-        BuildInterBandGrid(curve, 5, "UMTS 2100");
-        EXPECT_LT(last(), 2030.05f) << step;
-        EXPECT_GT(last() + step, 2030.05f) << step;
+        const float last = InterBandGrid(5, "UMTS 2100", step).back();
+        EXPECT_LT(last, 2030.05f) << step;
+        EXPECT_GT(last + step, 2030.05f) << step;
     }
-    BuildInterBandGrid(curve, 2, "UMTS 2100");
-    EXPECT_EQ(last(), 1927.0f);
-    EXPECT_FLOAT_EQ(curve.g_pxPerStep, static_cast<float>(curve.g_plotWidth));
+    EXPECT_EQ(InterBandGrid(2, "UMTS 2100", 7.0f), (std::vector<float>{1920.0f, 1927.0f}));
 
-    SwitchInterBandOff(rig.S());
-    EXPECT_EQ(rig.S().select.m_IMIndex, 3);
-    EXPECT_EQ(rig.S().panel.m_IM_sel, "IM7");
-    EXPECT_TRUE(rig.program.Select().SelectOrder(2));
+    SwitchInterBandOff(rig.S().working, rig.S().interBand);
+    EXPECT_EQ(rig.S().working.ImIndex(), 3);
+    EXPECT_EQ(PanelOf(rig.S()).m_IM_sel, "IM7");
+    EXPECT_TRUE(rig.Done(rig.program.Select().SelectOrder(2)));
 }
 
 /// Another carrier band under the mode: refused, or the dialog and then the start once more.
 TEST(InterBand, ABandChangeAsksAgain) {
-    ScriptedDialogs dialogs;
+    NotedDialogs dialogs;
     Rig rig({}, nullptr, nullptr, &dialogs);
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
@@ -266,25 +243,25 @@ TEST(InterBand, ABandChangeAsksAgain) {
     ASSERT_TRUE(rig.SelectBand(BandLte));
     rig.program.OnMeasButton();
     EXPECT_TRUE(rig.user.WasTold("Auswaehlen Breite"));
-    EXPECT_EQ(rig.S().run.g_StartFail, StartRefused);
-    EXPECT_EQ(dialogs.opened, 0);
+    EXPECT_EQ(rig.S().run.StartFail(), StartRefused);
+    EXPECT_EQ(dialogs.opened.size(), 0U);
 
     ASSERT_TRUE(rig.SelectBand(BandAmps));
     rig.program.OnMeasButton(); // the operator closes the dialog as it is
-    EXPECT_EQ(dialogs.opened, 1);
-    EXPECT_FALSE(rig.S().run.runOn);
-    dialogs.act = [&] { EXPECT_TRUE(SwitchOn(rig, "DCS 1800", 2)); };
+    EXPECT_EQ(dialogs.opened.size(), 1U);
+    EXPECT_FALSE(rig.S().run.IsOn());
+    dialogs.whileOpen = [&] { EXPECT_TRUE(SwitchOn(rig, "DCS 1800", 2)); };
     rig.program.OnMeasButton();
-    EXPECT_EQ(dialogs.opened, 2);
-    EXPECT_TRUE(rig.S().run.runOn);
+    EXPECT_EQ(dialogs.opened, (std::vector(2, std::pair(std::string("inter_band"), 0))));
+    EXPECT_TRUE(rig.S().run.IsOn());
     ASSERT_TRUE(rig.RunUntilRunIsOver());
-    EXPECT_EQ(rig.S().curve.g_worstFreq, 1763.0f);
+    EXPECT_EQ(rig.S().curve.WorstFrequency(), 1763.0f);
 
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
-    dialogs.act = [&] { SwitchInterBandOff(rig.S()); };
+    dialogs.whileOpen = [&] { SwitchInterBandOff(rig.S().working, rig.S().interBand); };
     EXPECT_TRUE(rig.Measure()) << "an ordinary run";
-    EXPECT_EQ(rig.S().results.g_reportLines[ReportIM], "IM3");
-    EXPECT_EQ(rig.S().curve.g_worstFreq, 910.0f);
+    EXPECT_EQ(rig.S().run.Record().interBand, "");
+    EXPECT_EQ(rig.S().curve.WorstFrequency(), 910.0f);
 }
 
 } // namespace qor::test

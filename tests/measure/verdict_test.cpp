@@ -4,16 +4,10 @@ namespace qor::test {
 
 namespace {
 
-bool Ready(Rig& rig, int mode) {
-    rig.S().curve.g_testTimeMs = 1000;
-    return rig.PowerOn() && rig.SelectBand(BandEgsm) && rig.program.Select().SelectMethod(mode) &&
-           rig.RunUntilIdle();
-}
-
-float Highest(const CurveState& curve) {
+float Highest(const Curve& curve) {
     float highest = -999;
     for (const auto& levels :
-         {std::span(curve.g_levelUp).first(CurvePoints), std::span(curve.g_levelDown).first(CurvePoints)})
+         {std::span(curve.Up()).first(CurvePoints), std::span(curve.Down()).first(CurvePoints)})
         for (const float level : levels)
             if (level != 0.0f)
                 highest = std::max(highest, level);
@@ -26,7 +20,7 @@ float Highest(const CurveState& curve) {
 TEST(Verdict, LimitIsExceededByMoreThanAHundredth) {
     for (const int mode : {ModeTwoTone, ModeSweep}) {
         Rig first;
-        ASSERT_TRUE(Ready(first, mode));
+        ASSERT_TRUE(first.ReadyFor(mode, 1));
         ASSERT_TRUE(first.Measure());
         const float highest = Highest(first.S().curve);
         static constexpr struct {
@@ -43,14 +37,14 @@ TEST(Verdict, LimitIsExceededByMoreThanAHundredth) {
             SCOPED_TRACE(std::to_string(c.below) + " below " + std::to_string(highest) +
                          (c.dbc ? " dBc" : ""));
             Rig rig;
-            ASSERT_TRUE(Ready(rig, mode));
-            CurveState& curve = rig.S().curve;
-            curve.g_alarmOff = c.alarmOff;
-            curve.g_UnitDbc = c.dbc;
-            curve.g_alarmLevel = highest - c.below - (c.dbc ? curve.g_CarrierDbm : 0.0f);
+            ASSERT_TRUE(rig.ReadyFor(mode, 1));
+            Curve& curve = rig.S().curve;
+            curve.limit.SetAlarm(!(c.alarmOff));
+            curve.scale.SetUnit(c.dbc);
+            curve.limit.Take(highest - c.below - (c.dbc ? curve.scale.Carrier() : 0.0f));
             ASSERT_TRUE(rig.Measure());
             ASSERT_EQ(Highest(curve), highest);
-            EXPECT_EQ(curve.g_MeasVerdict, c.verdict);
+            EXPECT_EQ(curve.verdict.Value(), c.verdict);
         }
     }
 }
@@ -59,10 +53,10 @@ TEST(Verdict, LastPointCountsLikeAnyOther) {
     for (const int mode : {ModeTwoTone, ModeSweep}) {
         for (const char* const firmware : {"4.2", "6.2"}) {
             Rig rig({.firmware = firmware});
-            ASSERT_TRUE(Ready(rig, mode));
+            ASSERT_TRUE(rig.ReadyFor(mode, 1));
             rig.program.OnMeasButton();
             const auto lastReading = [&] {
-                return mode == ModeTwoTone ? rig.S().curve.StoreDataPot == 11
+                return mode == ModeTwoTone ? rig.S().curve.NextPoint() == 11
                                            : rig.instrument.Settings().frequency1 == 9250 &&
                                                  rig.instrument.Settings().frequency2 == 9460;
             };
@@ -70,10 +64,10 @@ TEST(Verdict, LastPointCountsLikeAnyOther) {
             rig.instrument.FeedSignal(-60);
             ASSERT_TRUE(rig.RunUntilRunIsOver());
             EXPECT_GT(Highest(rig.S().curve), -61.0f);
-            EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictFailed);
-            EXPECT_NEAR(std::stof(rig.S().panel.m_WorstLevelText), -60.0f, 0.5f);
+            EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictFailed);
+            EXPECT_NEAR(std::stof(PanelOf(rig.S()).m_WorstLevelText), -60.0f, 0.5f);
             if (mode == ModeSweep) {
-                EXPECT_EQ(rig.S().panel.m_WorstFreqText, "904.0");
+                EXPECT_EQ(PanelOf(rig.S()).m_WorstFreqText, "904.0");
             }
         }
     }
@@ -81,15 +75,15 @@ TEST(Verdict, LastPointCountsLikeAnyOther) {
 
 TEST(Verdict, OneRunAboveTheLimitFailsAllRuns) {
     Rig rig;
-    ASSERT_TRUE(Ready(rig, ModeSweep));
-    rig.S().curve.g_runCount = 2;
+    ASSERT_TRUE(rig.ReadyFor(ModeSweep, 1));
+    rig.S().curve.SetRuns(2);
     rig.instrument.FeedSignal(-60);
     rig.program.OnMeasButton();
-    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.g_runIndex == 1; }, 60000));
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.Run() == 1; }, 60000));
     rig.instrument.FeedSignal({});
     ASSERT_TRUE(rig.RunUntilRunIsOver());
-    EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictFailed);
-    EXPECT_NEAR(std::stof(rig.S().panel.m_WorstLevelText), -60.0f, 0.5f);
+    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictFailed);
+    EXPECT_NEAR(std::stof(PanelOf(rig.S()).m_WorstLevelText), -60.0f, 0.5f);
 }
 
 /// An error the instrument reports outranks the limit, ends the readings of its run and leaves the next
@@ -107,42 +101,22 @@ TEST(Verdict, ErrorRepliesAndTheRunAfter) {
                 SCOPED_TRACE(std::to_string(c.verdict) + " mode " + std::to_string(mode) + " at " +
                              std::to_string(at));
                 Rig rig;
-                ASSERT_TRUE(Ready(rig, mode));
-                rig.S().curve.g_testTimeMs = 5000;
-                rig.S().curve.g_alarmLevel = -150; // everything is above it
+                ASSERT_TRUE(rig.ReadyFor(mode, 1));
+                rig.S().curve.SetLength(5000);
+                rig.S().curve.limit.Take(-150); // everything is above it
                 rig.line.Add({c.kind, rig.line.CommandCount() + at});
                 rig.program.OnMeasButton();
                 ASSERT_TRUE(rig.RunUntilRunIsOver(10000)); // by itself, though levels have stopped counting
                 if (mode == ModeTwoTone) {
-                    EXPECT_LT(rig.S().curve.StoreDataPot, 52);
+                    EXPECT_LT(rig.S().curve.NextPoint(), 52);
                 }
-                EXPECT_EQ(rig.S().curve.g_MeasVerdict, c.verdict);
-                rig.S().curve.g_alarmLevel = -90;
+                EXPECT_EQ(rig.S().curve.verdict.Value(), c.verdict);
+                rig.S().curve.limit.Take(-90);
                 ASSERT_TRUE(rig.Measure());
-                EXPECT_EQ(rig.S().curve.g_MeasVerdict, VerdictPassed);
-                const std::size_t points = OnGrid(rig.S().curve, std::span(rig.S().curve.g_levelUp)).size();
-                EXPECT_EQ(mode == ModeSweep ? static_cast<int>(points) : rig.S().curve.StoreDataPot,
+                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+                const std::size_t points = OnGrid(rig.S().curve, std::span(rig.S().curve.Up())).size();
+                EXPECT_EQ(mode == ModeSweep ? static_cast<int>(points) : rig.S().curve.NextPoint(),
                           mode == ModeSweep ? 13 : 52);
-            }
-        }
-    }
-}
-
-TEST(Verdict, LostContactIsNeverAPass) {
-    for (const int mode : {ModeTwoTone, ModeSweep}) {
-        for (const bool pulled : {true, false}) {
-            for (const bool over : {true, false}) {
-                SCOPED_TRACE(std::to_string(mode) + (pulled ? " pulled" : " silent") + (over ? " over" : ""));
-                Rig rig;
-                ASSERT_TRUE(Ready(rig, mode));
-                rig.S().curve.g_testTimeMs = 5000;
-                rig.S().curve.g_alarmLevel = over ? -150.0f : -90.0f;
-                rig.line.Add({pulled ? sim::FaultKind::Unplug : sim::FaultKind::Silence,
-                              rig.line.CommandCount() + 34});
-                rig.program.OnMeasButton();
-                ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.runOn; }, 20000));
-                EXPECT_EQ(rig.S().curve.g_MeasVerdict, over ? VerdictFailed : VerdictNone);
-                EXPECT_EQ(rig.S().panel.lamp, Lamp::NotReady);
             }
         }
     }

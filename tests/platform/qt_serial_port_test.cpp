@@ -176,13 +176,14 @@ TEST(QtTimers, RestartKillAndSelfKill) {
     NeedApplication();
     QtTimers timers;
     std::array<int, 64> ticks{};
-    timers.SetHandler([&](int id) {
-        ++ticks[static_cast<std::size_t>(id)];
-        if (id == 63)
-            timers.KillTimer(63);
-        if (id == 5)
-            timers.SetTimer(5, 1000); // restarted from inside its tick
-    });
+    for (const int id : {0, 5, 7, 63})
+        timers.OnTick(id, [&timers, &ticks, id] {
+            ++ticks[static_cast<std::size_t>(id)];
+            if (id == 63)
+                timers.KillTimer(63);
+            if (id == 5)
+                timers.SetTimer(5, 1000); // restarted from inside its tick
+        });
     for (const int id : {0, 5, 63})
         timers.SetTimer(id, 10);
     timers.SetTimer(7, 40);

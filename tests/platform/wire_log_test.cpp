@@ -59,7 +59,7 @@ TEST(SystemPortList, ADeviceKeepsItsNumberWhileItComesAndGoes) {
     const auto plug = [&](const char* name) { std::ofstream(dir / name) << '.'; };
     const std::string a = (dir / "ttyA").string();
     const std::string b = (dir / "ttyB").string();
-    SystemPortList ports({a, b, a}, true);
+    SystemPortList ports({a, b, a}, PortScope::Given);
     const auto listed = [&] {
         std::string text;
         for (const SerialDevice& device : ports.List())
@@ -81,16 +81,31 @@ TEST(SystemPortList, ADeviceKeepsItsNumberWhileItComesAndGoes) {
         EXPECT_EQ(ports.DeviceOf(number), "");
 }
 
-TEST(SystemPortList, GivenDevicesStandAheadOfTheSystems) {
+/// What is offered is talked to: only USB devices are, and the machine's own ports when they are asked for.
+TEST(SystemPortList, OnlyUsbDevicesAndThoseGivenAreOffered) {
     TempDir dir;
-    const std::string given = (dir / "tty").string();
-    std::ofstream(given) << '.';
-    SystemPortList ports({given}, false);
-    const auto list = ports.List();
-    ASSERT_FALSE(list.empty());
-    EXPECT_EQ(list.front().device, given);
-    EXPECT_EQ(list.front().number, 1);
-    EXPECT_EQ(list.size(), ports.List().size());
+    const auto path = [&dir](const char* name) { return (dir / name).string(); };
+    for (const char* name : {"ttyS0", "ttyUSB0", "pty"})
+        std::ofstream(path(name)) << '.';
+    std::filesystem::create_symlink(path("ttyUSB0"), path("analyser"));
+    const auto system = [&] {
+        return std::vector<SystemDevice>{{path("ttyS0"), false}, {path("ttyUSB0"), true}};
+    };
+    const auto listed = [&](std::vector<std::string> given, PortScope scope) {
+        SystemPortList ports(std::move(given), scope, system);
+        std::string text;
+        for (const SerialDevice& device : ports.List())
+            text += std::to_string(device.number) + std::filesystem::path(device.device).filename().string() +
+                    " ";
+        return text;
+    };
+    EXPECT_EQ(listed({}, PortScope::Usb), "1ttyUSB0 ");
+    EXPECT_EQ(listed({}, PortScope::All), "1ttyUSB0 2ttyS0 ");
+    EXPECT_EQ(listed({path("pty")}, PortScope::Usb), "1pty 2ttyUSB0 ");
+    EXPECT_EQ(listed({path("pty")}, PortScope::Given), "1pty ");
+    EXPECT_EQ(listed({path("ttyS0")}, PortScope::Usb), "1ttyS0 2ttyUSB0 ") << "named on the command line";
+    EXPECT_EQ(listed({path("analyser")}, PortScope::Usb), "1analyser ")
+        << "a link to a listed device is the same";
 }
 
 } // namespace

@@ -1,5 +1,6 @@
-#include "bands/setup_store.h"
+#include "base/setup_store.h"
 #include "platform/visa.h"
+#include "receivers/level_source.h"
 #include "receivers/receiver_access.h"
 #include "support/temp_dir.h"
 
@@ -70,9 +71,8 @@ public:
 
 struct ReceiverAccessTest : testing::Test {
     ReceiverAccessTest() {
-        state.g_VisaRM = 1;
-        state.g_VisaSession = 2;
-        state.g_SensorSession = 3;
+        access.TakeAnalyser(1, 2);
+        access.TakeSensor(3);
         store.Write("gpib_addr.ccz", "GPIB0::7::INSTR\r\n");
     }
 
@@ -81,10 +81,11 @@ struct ReceiverAccessTest : testing::Test {
 
     test::TempDir dir;
     SetupStore store{dir.Path()};
-    ReceiverState state;
     ScriptedVisa visa;
     ScriptedSensor sensor;
-    ReceiverAccess access{state, store, &visa, &sensor};
+    ReceiverAccess access{store, &visa, &sensor};
+    ReceiverState state;
+    LevelSources sources{state, access};
 };
 
 TEST_F(ReceiverAccessTest, AQueryIsAWriteAndARead) {
@@ -94,13 +95,12 @@ TEST_F(ReceiverAccessTest, AQueryIsAWriteAndARead) {
     EXPECT_EQ(access.VisaIO(""), "12");
     EXPECT_EQ(access.VisaIO(""), std::string(100, 'x'));
     EXPECT_EQ(visa.calls, (Calls{"write *IDN?", "read", "read", "read"}));
-    EXPECT_EQ(state.g_VisaFail, 0);
+    EXPECT_FALSE(access.HasFailed());
 }
 
 TEST_F(ReceiverAccessTest, AFailedTransferOpensTheLineAnewAtOnce) {
     for (const char* failing : {"write", "read"}) {
-        state.g_VisaRM = 1;
-        state.g_VisaSession = 2;
+        access.TakeAnalyser(1, 2);
         visa.nextSession = 10;
         visa.calls.clear();
         visa.failing = failing;
@@ -108,34 +108,38 @@ TEST_F(ReceiverAccessTest, AFailedTransferOpensTheLineAnewAtOnce) {
         EXPECT_EQ(access.VisaIO(visa.failing == "read" ? "" : "MEAS?"), "");
         ASSERT_EQ(visa.calls.size(), 6U);
         EXPECT_EQ(Calls(visa.calls.begin() + 1, visa.calls.end()), reconnection);
-        EXPECT_EQ(state.g_VisaFail, 0);
-        EXPECT_EQ(state.g_VisaSession, 11U);
+        EXPECT_FALSE(access.HasFailed());
+        access.Close();
+        EXPECT_EQ(Calls(visa.calls.end() - 2, visa.calls.end()), (Calls{"close 11", "close 10"}));
     }
 }
 
 TEST_F(ReceiverAccessTest, AReconnectionThatFailsIsTriedAgainWithTheNextTransfer) {
-    for (const auto& [failing, steps] : {std::pair{"rm", 3U}, std::pair{"timeout", 5U}}) {
-        state = {};
-        state.g_VisaRM = 1;
-        state.g_VisaSession = 2;
-        state.g_VisaFail = 1;
-        visa.nextSession = 10;
+    const auto fail = [&] { // with nowhere to go to
+        store.Write("gpib_addr.ccz", "");
+        visa.failing = "write";
+        access.VisaIO("INIT");
+        store.Write("gpib_addr.ccz", "GPIB0::7::INSTR");
         visa.calls.clear();
+        EXPECT_TRUE(access.HasFailed());
+    };
+    for (const auto& [failing, steps] : {std::pair{"rm", 3U}, std::pair{"timeout", 5U}}) {
+        fail();
         visa.failing = failing;
         visa.replies = {"-90"};
         EXPECT_EQ(access.VisaIO(""), "-90") << "a good transfer does not hide the earlier failure";
-        EXPECT_EQ(Calls(visa.calls.begin() + 1, visa.calls.end()),
-                  Calls(reconnection.begin(), reconnection.begin() + steps));
-        EXPECT_EQ(state.g_VisaFail, 1);
+        EXPECT_EQ(visa.calls.size(), 1 + steps);
+        EXPECT_TRUE(visa.calls.back().starts_with(failing));
+        EXPECT_TRUE(access.HasFailed());
         visa.failing.clear();
         access.VisaIO("INIT");
-        EXPECT_EQ(state.g_VisaFail, 0);
+        EXPECT_FALSE(access.HasFailed());
     }
     // What the open says is not asked: the first write tells.
-    state.g_VisaFail = 1;
+    fail();
     visa.failing = "open";
     access.VisaIO("INIT");
-    EXPECT_EQ(state.g_VisaFail, 0);
+    EXPECT_FALSE(access.HasFailed());
 }
 
 TEST_F(ReceiverAccessTest, WithoutAnAddressOrALibraryTheFailureStays) {
@@ -145,14 +149,13 @@ TEST_F(ReceiverAccessTest, WithoutAnAddressOrALibraryTheFailureStays) {
         visa.calls.clear();
         access.VisaIO("INIT");
         EXPECT_EQ(visa.calls.back(), "rm");
-        EXPECT_EQ(state.g_VisaFail, 1);
+        EXPECT_TRUE(access.HasFailed());
     }
-    ReceiverState bare;
-    ReceiverAccess none(bare, store, nullptr, nullptr);
+    ReceiverAccess none(store, nullptr, nullptr);
     EXPECT_EQ(none.VisaIO("INIT"), "");
     EXPECT_EQ(none.VisaIO(""), "");
-    EXPECT_EQ(bare.g_VisaFail, 1);
-    EXPECT_EQ(none.ReadSensor(), "-80");
+    EXPECT_TRUE(none.HasFailed());
+    EXPECT_FALSE(none.ReadSensor());
 }
 
 TEST_F(ReceiverAccessTest, TheSensorsWattsBecomeDbm) {
@@ -164,40 +167,52 @@ TEST_F(ReceiverAccessTest, TheSensorsWattsBecomeDbm) {
                     -1e-3,
                     std::numeric_limits<double>::quiet_NaN(),
                     std::numeric_limits<double>::infinity()};
-    EXPECT_EQ(access.ReadSensor(), "0.000");
-    EXPECT_EQ(access.ReadSensor(), "-46.990");
-    EXPECT_EQ(access.ReadSensor(), "-72.924");
+    for (const float dBm : {0.0f, -46.99f, -72.924f})
+        EXPECT_EQ(access.ReadSensor().value().Dbm(), dBm);
     for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(access.ReadSensor(), "-80") << i;
-}
-
-TEST_F(ReceiverAccessTest, EachKindOfReceiverIsAskedItsOwnWay) {
-    const auto asked = [&](int kind, bool sweepStep) {
-        state.g_ExtRxKind = kind;
-        visa.calls.clear();
-        visa.replies = {"-101.5"};
-        EXPECT_EQ(access.ReadLevel(sweepStep), "-101.5");
-        return visa.calls;
-    };
-    EXPECT_EQ(asked(ReceiverAnalyser, false), (Calls{"write CALC:MARK1:Y?", "read", "write INIT;*WAI"}));
-    EXPECT_EQ(asked(ReceiverAnalyser, true), (Calls{"write INIT;*WAI", "write CALC:MARK1:Y?", "read"}));
-    for (const bool sweepStep : {false, true}) {
-        EXPECT_EQ(asked(ReceiverNrv, sweepStep), (Calls{"write SENS:DATA:AMPL?", "read"}));
-        EXPECT_EQ(asked(ReceiverNrp, sweepStep), (Calls{"write MEAS?", "read"}));
-        EXPECT_EQ(asked(0, sweepStep), (Calls{"write MEAS?", "read"}));
-    }
+        EXPECT_FALSE(access.ReadSensor()) << i;
 }
 
 TEST_F(ReceiverAccessTest, ASilentSensorIsAskedAgainInASweepOnly) {
-    state.g_ExtRxKind = ReceiverSensor;
-    EXPECT_EQ(access.ReadLevel(false), "-80");
+    state.UseExternal(ReceiverSensor);
+    EXPECT_EQ(sources.Current().ReadInTick().value().Dbm(), -80.0f);
     EXPECT_EQ(sensor.reads, 1);
-    EXPECT_EQ(access.ReadLevel(true), "-80");
+    EXPECT_EQ(sources.Current().ReadInStep().value().Dbm(), -80.0f);
     EXPECT_EQ(sensor.reads, 100);
     sensor.watts = {0.0, 0.0, 1e-3, 1e-3};
-    EXPECT_EQ(access.ReadLevel(true), "0.000");
+    EXPECT_EQ(sources.Current().ReadInStep().value().Dbm(), 0.0f);
     EXPECT_EQ(sensor.reads, 103);
     EXPECT_TRUE(visa.calls.empty());
+}
+
+/// What comes of an external receiver is a level, nothing, or spoilt.
+TEST_F(ReceiverAccessTest, AnAnswerIsParsedOnce) {
+    static constexpr struct {
+        const char* answer;
+        float level; ///< dBm
+        bool missing, spoilt;
+    } Cases[] = {
+        {"-97.3\n", -97.3f, false, false},
+        {" +5.25", 5.25f, false, false},
+        {"-.5", -0.5f, false, false},
+        {"0.00", 0.0f, false, false},
+        {"", 0, true, false},
+        {" \r\n", 0, true, false},
+        {"ERROR", 0, false, true},
+        {"--97", 0, false, true},
+        {"-9730", 0, false, true},
+        {"100.0", 0, false, true},
+        {"-249.9", -249.9f, false, false},
+    };
+    state.UseExternal(ReceiverNrp);
+    for (const auto& c : Cases) {
+        visa.replies = {c.answer};
+        const Reading reading = sources.Current().ReadInTick().value();
+        EXPECT_EQ(reading.Dbm(), c.level) << c.answer;
+        EXPECT_EQ(reading.IsMissing(), c.missing) << c.answer;
+        EXPECT_EQ(reading.IsSpoilt(), c.spoilt) << c.answer;
+        EXPECT_EQ(reading.IsLevel(), !c.missing && !c.spoilt) << c.answer;
+    }
 }
 
 } // namespace

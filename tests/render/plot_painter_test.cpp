@@ -1,6 +1,7 @@
-#include "display/curve_store.h"
-#include "display/paint/plot_painter.h"
+#include "curve/curve.h"
+#include "curve/paint/plot_painter.h"
 #include "support/application.h"
+#include "support/curves.h"
 
 #include <array>
 #include <cmath>
@@ -58,7 +59,7 @@ TEST(TraceRaster, LinesHaveNoGapsHoweverSteep) {
 }
 
 struct Screen {
-    std::unique_ptr<CurveState> curve = std::make_unique<CurveState>();
+    std::unique_ptr<Curve> curve = std::make_unique<Curve>();
     PlotFacts facts;
     int width = 700;
     int height = 420;
@@ -66,85 +67,65 @@ struct Screen {
 
     QRegion Tick(PlotPainter& painter) {
         const PlotGeometry plot = ComputeLayout(*curve, width, height);
-        UpdateCurveArrays(*curve, true);
-        SearchMaxima(*curve);
+        curve->Update(true);
+        curve->SearchMaxima();
         return painter.Update(*curve, plot, facts, ratio);
     }
     void BeginSweep(std::size_t steps) {
-        ResetCurve(*curve);
-        ClearLevels(*curve);
-        curve->g_freqGrid.fill(0);
-        for (std::size_t i = 0; i < steps; ++i)
-            curve->g_freqGrid[i] = 890.0f + static_cast<float>(i);
-        curve->g_SweepStep = 1;
-        curve->g_pxPerStep = 1;
+        curve->Clear(Curve::Content::Runs);
+        curve->Clear(Curve::Content::Levels);
+        curve->SetGrid(test::EvenGrid(890, 1, steps), 1);
     }
 };
+
+void PutEnds(Curve& curve, float level, CurveSide side) {
+    curve.Put(0, level, side);
+    curve.Put(100, level, side);
+}
 
 QRgb At(const QImage& image, int x, int y) {
     return image.pixel(x, y) & 0xFFFFFF;
 }
 
-TEST(PlotPainter, ColoursStandWhereTheyBelong) {
+TEST(PlotPainter, ColoursOfScreenAndPrint) {
     test::NeedApplication();
     Screen screen; // L 60, T 30, R 660, B 365
-    CurveState& curve = *screen.curve;
+    Curve& curve = *screen.curve;
     screen.BeginSweep(101); // 6 pixels a step
-    for (int run = 0; run <= 10; ++run) {
-        curve.g_runIndex = run;
-        ClearLevels(curve);
-        if (run == 0) // only the first and the eleventh reach into the right half
-            curve.g_levelUp[0] = curve.g_levelUp[100] = -80;
-        if (run == 1)
-            curve.g_levelDown[0] = curve.g_levelDown[100] = -120;
-        if (run == 10)
-            curve.g_levelUp[0] = curve.g_levelUp[100] = -100;
-        PlotPainter unused;
-        screen.Tick(unused);
-    }
-    curve.g_alarmLevel = -70;
-    curve.g_MeasVerdict = VerdictPassed;
+    PutEnds(curve, -80, CurveSide::Up);
+    PutEnds(curve, -120, CurveSide::Down);
     PlotPainter painter;
     screen.Tick(painter);
-    const QImage& image = painter.Image();
     const auto yOf = [](double level) { return 365 - static_cast<int>((level + 150) * 335 / 90); };
-    EXPECT_EQ(At(image, 5, 400), 0x000000U);
-    EXPECT_EQ(At(image, 60, 200), 0xFFFF00U) << "frame";
-    EXPECT_EQ(At(image, 300, 365), 0xFFFF00U) << "axis";
-    EXPECT_EQ(At(image, 400, yOf(-70)), 0xFF0000U) << "limit";
-    EXPECT_EQ(At(image, 400, yOf(-140)), 0x808A87U) << "grid";
-    EXPECT_EQ(At(image, 401, yOf(-80)), 0xFFFF00U) << "first run";
-    EXPECT_EQ(At(image, 401, yOf(-80) - 1), 0xFFFF00U) << "two pixels wide";
-    EXPECT_EQ(At(image, 401, yOf(-100)), 0xFFFF00U) << "eleventh run: the colour of the first";
+    EXPECT_EQ(At(painter.Image(), 401, yOf(-80)), 0xFFFF00U);
+    EXPECT_EQ(At(painter.Image(), 401, yOf(-80) - 1), 0xFFFF00U) << "two pixels wide";
     int dots = 0;
     for (int x = 300; x < 340; ++x)
-        dots += At(image, x, yOf(-120)) == 0x0000FFU;
-    EXPECT_EQ(dots, 20) << "second run, down";
-    EXPECT_EQ(At(image, 496, 40), 0x00FF00U) << "stamp";
+        dots += At(painter.Image(), x, yOf(-120)) == 0xFFFF00U;
+    EXPECT_EQ(dots, 20) << "down";
 
     screen.facts.look = PlotLook::Picture;
     screen.facts.m_PrintMode = true;
-    const PictureLayout layout(curve, 956, 606);
-    const QImage picture = PaintPicture(curve, layout.Plot(), screen.facts);
-    EXPECT_EQ(picture.size(), QSize(956, 606));
+    const PlotGeometry plot = ComputeLayout(curve, 956, 606);
+    const QImage picture = PaintPicture(curve, plot, screen.facts);
     EXPECT_EQ(At(picture, 5, 5), 0xFFFFFFU);
-    EXPECT_EQ(At(picture, 60, 300), 0xFF00FFU);
-    EXPECT_EQ(At(picture, 501, layout.Plot().YOf(-140)), 0x000000U) << "grid of a print";
-    EXPECT_EQ(At(picture, 501, layout.Plot().YOf(-80)), 0x000500U) << "first run of a print";
+    EXPECT_EQ(At(picture, 60, 300), 0xFF00FFU) << "frame";
+    EXPECT_EQ(At(picture, 501, plot.YOf(-140)), 0x000000U) << "grid";
+    EXPECT_EQ(At(picture, 501, plot.YOf(-80)), 0x000500U) << "first run";
 }
 
 TEST(PlotPainter, ATickPaintsOnlyWhatIsNew) {
     test::NeedApplication();
     Screen screen;
-    CurveState& curve = *screen.curve;
+    Curve& curve = *screen.curve;
     PlotPainter painter;
-    for (curve.StoreDataPot = 0; curve.StoreDataPot < 20; ++curve.StoreDataPot)
-        curve.g_levelUp[static_cast<std::size_t>(curve.StoreDataPot)] = -100;
+    for (int i = 0; i < 20; ++i)
+        curve.Add(-100);
     EXPECT_EQ(screen.Tick(painter), QRegion(0, 0, 700, 420));
     EXPECT_TRUE(screen.Tick(painter).isEmpty());
-    curve.g_levelUp[20] = -101; // 12 pixels on
+    curve.Put(20, -101); // 12 pixels on
     EXPECT_LT(screen.Tick(painter).boundingRect().width(), 24);
-    curve.g_levelUp[21] = -90; // a new maximum moves its flag
+    curve.Put(21, -90); // a new maximum moves its flag
     const QRegion moved = screen.Tick(painter);
     EXPECT_FALSE(moved.isEmpty());
     EXPECT_FALSE(moved.contains(QPoint(600, 100)));
@@ -158,8 +139,8 @@ public:
     explicit Events(unsigned seed) : m_Random(seed) {}
 
     void Next(Screen& screen) {
-        CurveState& curve = *screen.curve;
-        const bool sweep = IsSweepCurve(curve);
+        Curve& curve = *screen.curve;
+        const bool sweep = curve.IsSweep();
         switch (Any(0, 24)) {
         case 0:
             if (Any(0, 3) == 0)
@@ -169,25 +150,29 @@ public:
             ChangeScale(screen);
             break;
         case 2:
-            curve.g_shownRun = Any(0, 2) ? 0 : Any(1, curve.g_runIndex + 1);
+            curve.ShowRun(Any(0, 2) ? 0 : Any(1, curve.Run() + 1));
             break;
         case 3:
-            curve.g_MeasVerdict = std::array{0, 1, 3, 101, 1001}[static_cast<std::size_t>(Any(0, 4))];
+            curve.verdict.Take(std::array{VerdictNone, VerdictOverLimit, VerdictOutOfRange, VerdictFailed,
+                                          VerdictPassed}[static_cast<std::size_t>(Any(0, 4))]);
             break;
         case 4:
             screen.facts.marks = {{Any(0, 2), Any(0, 1) == 1, Any(0, 700), Any(0, 400), Any(0, 1) == 1,
                                    Any(0, 700), Any(0, 400)}};
             break;
         case 5:
-            curve.g_worstText = Any(0, 1) ? "DATEN.dat" : "";
+            if (Any(0, 1)) {
+                curve.WatchWorst();
+                curve.NoteShown(std::to_string(Any(-120, -60)));
+            }
             break;
         case 6:
         case 7:
         case 8: // the end of a run may bring points that no tick has seen
             if (sweep) {
-                UpdateCurveArrays(curve, true);
-                ++curve.g_runIndex;
-                ClearLevels(curve);
+                curve.Update(true);
+                curve.EndRun();
+                curve.Clear(Curve::Content::Levels);
                 for (int i = Any(0, 30); i > 0; --i)
                     TakePoint(curve, true);
                 m_Next = 0;
@@ -203,39 +188,38 @@ private:
     int Any(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_Random); }
     float Level() { return static_cast<float>(Any(-1600, -500)) / 10.0f; }
 
-    void TakePoint(CurveState& curve, bool sweep) {
+    void TakePoint(Curve& curve, bool sweep) {
         const auto index = static_cast<std::size_t>(Any(0, 110));
         if (Any(0, 5) == 0)
-            curve.g_levelUp[index] = Level(); // measured again
+            curve.Put(index, Level()); // measured again
         else if (sweep && Any(0, 1))
-            curve.g_levelDown[index] = Level();
+            curve.Put(index, Level(), CurveSide::Down);
         else
-            curve.g_levelUp[m_Next++ % 110] = Level();
+            curve.Put(m_Next++ % 110, Level());
     }
     void BeginRun(Screen& screen) {
         screen.BeginSweep(static_cast<std::size_t>(Any(2, 110)));
         m_Next = 0;
         if (Any(0, 2) == 0) {
-            screen.curve->g_freqGrid.fill(0);
-            screen.curve->g_pxPerStep = 0;
-            screen.curve->g_testTimeMs = Any(1, 30) * 1000;
+            screen.curve->SetTimeAxis();
+            screen.curve->SetLength(Any(1, 30) * 1000);
         }
     }
     void ChangeScale(Screen& screen) {
-        CurveState& curve = *screen.curve;
+        Curve& curve = *screen.curve;
         switch (Any(0, 7)) {
         case 0:
             screen.width = Any(60, 900);
             screen.height = Any(60, 500);
             break;
         case 1:
-            curve.g_plotBottom = static_cast<float>(Any(-170, -100));
+            curve.scale.SetRange(curve.scale.Top(), static_cast<float>(Any(-170, -100)));
             break;
         case 2:
-            curve.g_alarmLevel = Level();
+            curve.limit.Take(Level());
             break;
         case 3:
-            curve.g_histogramOn = 1 - curve.g_histogramOn;
+            curve.scale.ShowBar(1 - curve.scale.ShowsBar());
             break;
         default:
             break;
@@ -269,7 +253,7 @@ TEST(PlotPainter, KeptUpToDateIsPaintedAfresh) {
             Screen screen;
             screen.ratio = ratio;
             screen.BeginSweep(100);
-            screen.curve->g_runCount = 10;
+            screen.curve->SetRuns(10);
             PlotPainter kept;
             QImage shown;
             for (int step = 0; step < 150; ++step) {

@@ -5,19 +5,20 @@
 namespace qor {
 namespace {
 
-ResultFile TwoTone() {
-    ResultFile file;
-    file.tone1 = {935, 925, 937, 43};
-    file.tone2 = {960, 960, 946, 42.5f};
-    file.model = "RT-DB22";
-    file.serial = "SIM01";
-    file.date = "20260307";
-    file.time = "09:05";
-    file.up = {{0, -98.7f}, {0.1, -120.5f}, {0.2, -101.25f}};
-    file.limitText = "-90.0";
-    file.dutSerial = "A17";
-    file.comment = "first line\nsecond";
-    return file;
+ResultDocument TwoTone() {
+    ResultDocument document;
+    document.plan = {935, 960, 925, 937, 0, 960, 946};
+    document.power2 = 42.5f;
+    document.model = "RT-DB22";
+    document.serial = "SIM01";
+    document.date = "20260307";
+    document.time = "09:05";
+    document.runs = {{{{0, -98.7f}, {0.1, -120.5f}, {0.2, -101.25f}}, {}}};
+    document.limit = -90.0f;
+    document.deviceSerial = "A17";
+    document.comment = "first line\nsecond";
+    document.verdict = ResultVerdict::Passed;
+    return document;
 }
 
 constexpr std::string_view TwoToneText = "f1 0935.0 MHz START 0925.0 MHz STOP 0937.0 MHz POWER +43.0 dBm\n"
@@ -50,45 +51,17 @@ std::string Sweep() {
                      "0890.0;-098.70\n0891.0;-120.50\n0890.5;-099.00\n0891.0;-110.00\n"));
 }
 
-std::vector<std::pair<double, float>> Points(const std::vector<ResultFile::Row>& rows) {
-    std::vector<std::pair<double, float>> points;
-    for (const ResultFile::Row& row : rows)
-        points.emplace_back(row.x, row.level);
-    return points;
-}
-
-using Rows = std::vector<std::pair<double, float>>;
+using Rows = std::vector<ResultPoint>;
 
 TEST(DataFile, TheTextIsRightToTheByte) {
-    const std::string text = FormatResult(TwoTone());
-    EXPECT_EQ(text, TwoToneText);
-    for (const auto& [offset, content] : {std::pair{3, "0935.0"},
-                                          {20, "0925.0"},
-                                          {36, "0937.0"},
-                                          {53, "+43.0 dBm\n"},
-                                          {66, "0960.0"},
-                                          {116, "+42.5"},
-                                          {131, "IM3"},
-                                          {140, "dBm"},
-                                          {144, "2-TON"},
-                                          {160, "RT-DB22"},
-                                          {176, "SIM01"},
-                                          {182, "20260307"},
-                                          {191, "09:05"},
-                                          {198, "00.000;"},
-                                          {213, "00.100;"}})
-        EXPECT_EQ(text.compare(static_cast<std::size_t>(offset), std::string_view(content).size(), content),
-                  0)
-            << content;
-
-    ResultFile sweep = TwoTone();
-    sweep.twoTone = false;
+    EXPECT_EQ(FormatResult(TwoTone()), TwoToneText);
+    ResultDocument sweep = TwoTone();
+    sweep.method = ResultMethod::Sweep;
     sweep.inDbc = true;
     sweep.order = 11;
     sweep.model = "ABC";
     sweep.serial = "7";
-    sweep.up = {{890, -5.004f}, {1010.55, -98.7f}};
-    sweep.down = {{890.5, -141.7f}};
+    sweep.runs = {{{{890, 37.996f}, {1010.55, -55.7f}}, {{890.5, -98.7f}}}};
     const std::string swept = FormatResult(sweep);
     EXPECT_EQ(swept.substr(126, 73),
               "MEAS IM11 UNIT dBc SWEEP\nModel Nr.     ABC, SERIAL 00007\n20260307 09:05\n\n");
@@ -105,8 +78,8 @@ TEST(DataFile, BytesOnDiskHaveCarriageReturnsAndADatExchangedNibbles) {
     for (const bool scrambled : {false, true}) {
         const std::string text = With("second", "\xD0\xA0\xC3\xA4 \xD0", TwoToneText);
         const ParsedResult parsed = ParseResult(EncodeResult(text, scrambled));
-        ASSERT_TRUE(parsed.file) << parsed.problem;
-        ResultFile file = *parsed.file;
+        ASSERT_TRUE(parsed.document) << parsed.problem;
+        const ResultDocument file = *parsed.document;
         EXPECT_EQ(FormatResult(file), text);
     }
 }
@@ -116,8 +89,8 @@ TEST(DataFile, ADatScrambledWithItsCarriageReturnsIsReadToo) {
     for (char& c : bytes)
         c = EncodeResult({&c, 1}, true).back();
     const ParsedResult parsed = ParseResult(bytes);
-    ASSERT_TRUE(parsed.file) << parsed.problem;
-    EXPECT_EQ(FormatResult(*parsed.file), TwoToneText);
+    ASSERT_TRUE(parsed.document) << parsed.problem;
+    EXPECT_EQ(FormatResult(*parsed.document), TwoToneText);
 }
 
 TEST(DataFile, AFileReadAndWrittenAgainIsTheSame) {
@@ -127,15 +100,15 @@ TEST(DataFile, AFileReadAndWrittenAgainIsTheSame) {
           With("00.100;-120.50\n00.200", "99.900;-120.50\n100.000"), With("A17\nfirst line\nsecond", "\n")}) {
         for (const bool scrambled : {false, true}) {
             const ParsedResult parsed = ParseResult(EncodeResult(text, scrambled));
-            ASSERT_TRUE(parsed.file) << parsed.problem;
-            EXPECT_EQ(FormatResult(*parsed.file), text);
-            EXPECT_EQ(parsed.file->limit, -90.0f);
+            ASSERT_TRUE(parsed.document) << parsed.problem;
+            EXPECT_EQ(FormatResult(*parsed.document), text);
+            EXPECT_EQ(parsed.document->limit, parsed.document->inDbc ? -47.0f : -90.0f);
         }
     }
-    const ResultFile file = *ParseResult(Sweep()).file;
-    EXPECT_EQ(Points(file.up), (Rows{{890, -98.7f}, {891, -120.5f}}));
-    EXPECT_EQ(Points(file.down), (Rows{{890.5, -99.0f}, {891, -110.0f}}));
-    EXPECT_EQ(ParseResult(With("+43.0", "+9.5")).file->tone1.power, 9.5f);
+    const ResultDocument file = *ParseResult(Sweep()).document;
+    EXPECT_EQ(file.runs[0].up, (Rows{{890, -98.7f}, {891, -120.5f}}));
+    EXPECT_EQ(file.runs[0].down, (Rows{{890.5, -99.0f}, {891, -110.0f}}));
+    EXPECT_EQ(ParseResult(With("+43.0", "+9.5")).document->power1, 9.5f);
 }
 
 /// A wide header with each part put at the byte where it stands, and its rows behind.
@@ -168,47 +141,45 @@ TEST(DataFile, TheWiderHeaderIsReadWithItsSerialWhereverItStands) {
             if (twoDigits)
                 text.replace(133, 1, "11"); // the second digit moves the rest of the header
             const ParsedResult parsed = ParseResult(EncodeResult(text, true));
-            ASSERT_TRUE(parsed.file) << parsed.problem;
-            const ResultFile& file = *parsed.file;
-            EXPECT_EQ(file.form, ResultFile::Form::WideHeader);
+            ASSERT_TRUE(parsed.document) << parsed.problem;
+            const ResultDocument& file = *parsed.document;
             EXPECT_EQ(file.order, twoDigits ? 11 : 3);
             EXPECT_EQ(file.serial, c.serial);
             EXPECT_EQ(file.model, "RT-DB22");
             EXPECT_EQ(file.date + file.time, "2026030709:05");
-            EXPECT_EQ(file.tone1.stop, 937.0f);
-            EXPECT_EQ(file.tone2.power, 42.5f);
-            EXPECT_EQ(Points(file.up), (Rows{{890, -98.7f}, {890.5, -120.5f}}));
-            EXPECT_EQ(Points(file.down), (Rows{{890, -99.0f}}));
+            EXPECT_EQ(file.plan.f1Stop, 937.0f);
+            EXPECT_EQ(file.power2, 42.5f);
+            EXPECT_EQ(file.runs[0].up, (Rows{{890, -98.7f}, {890.5, -120.5f}}));
+            EXPECT_EQ(file.runs[0].down, (Rows{{890, -99.0f}}));
             EXPECT_EQ(file.limit, -90.0f);
-            EXPECT_EQ(file.dutSerial, "A17");
+            EXPECT_EQ(file.deviceSerial, "A17");
         }
     }
-    EXPECT_EQ(ParseResult(TwoToneText).file->form, ResultFile::Form::Current);
 }
 
 TEST(DataFile, TheOldestFormIsColumnsOfFrequenciesAndLevels) {
     // Eight characters; frequencies; a line end and two more; levels; nine more; the levels downward.
     const ParsedResult swept =
         ParseResult(EncodeResult("8 chars 0890.0;0891.0;\n  -100.1;-100.2;123456789-110.1;-110.2;", true));
-    ASSERT_TRUE(swept.file) << swept.problem;
-    EXPECT_EQ(swept.file->form, ResultFile::Form::Oldest);
-    EXPECT_FALSE(swept.file->twoTone);
-    EXPECT_EQ(Points(swept.file->up), (Rows{{890, -100.1f}, {891, -100.2f}}));
-    EXPECT_EQ(Points(swept.file->down), (Rows{{890, -110.1f}, {891, -110.2f}}));
+    ASSERT_TRUE(swept.document) << swept.problem;
+    EXPECT_FALSE(swept.document->hasHead);
+    EXPECT_EQ(swept.document->method, ResultMethod::Sweep);
+    EXPECT_EQ(swept.document->runs[0].up, (Rows{{890, -100.1f}, {891, -100.2f}}));
+    EXPECT_EQ(swept.document->runs[0].down, (Rows{{890, -110.1f}, {891, -110.2f}}));
 
     const ParsedResult timed =
         ParseResult(EncodeResult("8 chars 0000.0;0000.0;0000.0;\n  -100.1;-100.2;-099.9", true));
-    ASSERT_TRUE(timed.file) << timed.problem;
-    EXPECT_TRUE(timed.file->twoTone);
-    ASSERT_EQ(timed.file->up.size(), 3U);
-    EXPECT_NEAR(timed.file->up[2].x, 0.2, 1e-9);
-    EXPECT_EQ(timed.file->up[2].level, -99.9f);
+    ASSERT_TRUE(timed.document) << timed.problem;
+    EXPECT_EQ(timed.document->method, ResultMethod::TwoTone);
+    ASSERT_EQ(timed.document->runs[0].up.size(), 3U);
+    EXPECT_NEAR(timed.document->runs[0].up[2].x, 0.2, 1e-9);
+    EXPECT_EQ(timed.document->runs[0].up[2].level, -99.9f);
 
     const ParsedResult ended = ParseResult(EncodeResult(
         "8 chars 0890.0;0000.0;0891.0;\n  -100.1;-100.2;-100.3;123456789-110.1;-110.2;-110.3", true));
-    ASSERT_TRUE(ended.file) << ended.problem;
-    EXPECT_EQ(Points(ended.file->up), (Rows{{890, -100.1f}})) << "a frequency of 0 ends the grid";
-    EXPECT_EQ(Points(ended.file->down), (Rows{{890, -110.1f}}));
+    ASSERT_TRUE(ended.document) << ended.problem;
+    EXPECT_EQ(ended.document->runs[0].up, (Rows{{890, -100.1f}})) << "a frequency of 0 ends the grid";
+    EXPECT_EQ(ended.document->runs[0].down, (Rows{{890, -110.1f}}));
 
     for (const int points : {2000, 2001}) { // a curve has room for 2000
         std::string text = "8 chars ";
@@ -217,31 +188,112 @@ TEST(DataFile, TheOldestFormIsColumnsOfFrequenciesAndLevels) {
         text += "\n  ";
         for (int i = 0; i < points; ++i)
             text += "-100.1;";
-        EXPECT_EQ(ParseResult(EncodeResult(text, true)).file.has_value(), points == 2000);
+        EXPECT_EQ(ParseResult(EncodeResult(text, true)).document.has_value(), points == 2000);
     }
 }
 
 TEST(DataFile, ListsEndWhereTheyShould) {
-    const auto count = [](const std::string& text) { return ParseResult(text).file.value().up.size(); };
-    EXPECT_EQ(count(With("-120.50", "0000.00")), 1U) << "a level of 0 ends the list";
-    EXPECT_EQ(count(With("-120.50", "5000.00")), 1U);
+    const auto count = [](const std::string& text) {
+        return ParseResult(text).document.value().runs[0].up.size();
+    };
     EXPECT_EQ(count(With("00.200", "00.100")), 2U) << "time stands";
     EXPECT_EQ(count(With("00.200", "00.050")), 2U);
 
-    const ResultFile touching = *ParseResult(With("0890.5;", "0890.9;", Sweep())).file;
-    EXPECT_EQ(touching.up.size(), 4U) << "0.1 MHz lower still rises";
-    const ResultFile ended = *ParseResult(With("0891.0;-110.00", "0000.0;-110.00", Sweep())).file;
-    EXPECT_EQ(ended.down.size(), 1U);
+    const ResultDocument touching = *ParseResult(With("0890.5;", "0890.9;", Sweep())).document;
+    EXPECT_EQ(touching.runs[0].up.size(), 4U) << "0.1 MHz lower still rises";
+    const ResultDocument ended = *ParseResult(With("0891.0;-110.00", "0000.0;-110.00", Sweep())).document;
+    EXPECT_EQ(ended.runs[0].down.size(), 1U);
 
-    // Rows count up to a byte; the file has to be whole behind it nevertheless.
-    ResultFile longest = TwoTone();
-    longest.up.clear();
-    for (int i = 0; i < 2500; ++i)
-        longest.up.push_back({i * 0.01, -100.0f});
+    // The longest sweep has 4000 rows; all of them are read.
+    ResultDocument longest = TwoTone();
+    longest.runs[0].up.clear();
+    for (int i = 0; i < 4000; ++i)
+        longest.runs[0].up.push_back({i * 0.01, i == 3999 ? -80.0f : -100.0f});
+    longest.verdict = ResultVerdict::Failed;
     const std::string text = FormatResult(longest);
-    EXPECT_EQ(count(text), (33797U - 198U + 14U) / 15U);
-    EXPECT_FALSE(ParseResult(text.substr(0, 36000)).file);
-    EXPECT_FALSE(ParseResult(text + std::string(LongestResultFile, 'x')).file);
+    EXPECT_EQ(count(text), 4000U);
+    EXPECT_EQ(ParseResult(text).document->verdict, ResultVerdict::Failed) << "the last row is over the limit";
+    EXPECT_FALSE(ParseResult(text.substr(0, 59000)).document);
+    EXPECT_FALSE(ParseResult(text + std::string(LongestResultFile, 'x')).document);
+}
+
+TEST(DataFile, ALevelOfZeroAndAboveIsALevelAndZerosAreNone) {
+    ResultDocument loud = TwoTone();
+    loud.runs[0].up = {{0, 5.0f}, {0.1, 0}, {0.2, -0.5f}, {0.3, 0.004f}, {0.4, -0.004f}, {0.5, 123.4f}};
+    loud.verdict = ResultVerdict::Failed;
+    const std::string text = FormatResult(loud);
+    EXPECT_EQ(text.substr(198, 90), "00.000;0005.00\n00.100;0000.00\n00.200;-000.50\n"
+                                    "00.300;0000.01\n00.400;0000.01\n00.500;0123.40\n");
+    const ResultDocument back = *ParseResult(text).document;
+    EXPECT_EQ(back.runs[0].up,
+              (Rows{{0, 5.0f}, {0.1, 0}, {0.2, -0.5f}, {0.3, 0.01f}, {0.4, 0.01f}, {0.5, 123.4f}}));
+    EXPECT_EQ(back.verdict, ResultVerdict::Failed);
+    EXPECT_EQ(back.pointsTaken, 5U);
+    EXPECT_EQ(WorstOf(back)->level, 123.4f);
+
+    loud.inDbc = true; // a level as high as the carrier is one, too
+    loud.runs[0].up = {{0, 43.0f}, {0.1, 0}, {0.2, 48.0f}};
+    const ResultDocument relative = *ParseResult(FormatResult(loud)).document;
+    EXPECT_EQ(relative.runs[0].up.size(), 3U);
+    EXPECT_NEAR(relative.runs[0].up[0].level, 43.0f, 0.011f);
+    EXPECT_FALSE(relative.runs[0].up[1].HasLevel());
+    const ResultDocument carrier = *ParseResult(With("-120.50", "-043.00", With("dBm 2", "dBc 2"))).document;
+    EXPECT_EQ(carrier.runs[0].up[1].level, 0.01f) << "0 dBm";
+}
+
+TEST(DataFile, NoFileComesBackBetterThanItsRunWas) {
+    struct Case {
+        const char* what;
+        ResultVerdict verdict;
+        std::size_t taken;
+        std::size_t asked;
+        std::string_view mark;
+    };
+    using V = ResultVerdict;
+    for (const Case& c :
+         {Case{"a pass", V::Passed, 3, 3, ""},
+          Case{"a fail by a point that is not filed", V::Failed, 4, 4, "failed 4 4"},
+          Case{"stopped", V::Passed, 3, 52, "passed 3 52"}, Case{"incomplete", V::None, 3, 28, "none 3 28"},
+          Case{"error", V::Error, 3, 28, "error 3 28 4"}}) {
+        ResultDocument document = TwoTone();
+        document.verdict = c.verdict;
+        document.pointsTaken = c.taken;
+        document.pointsAsked = c.asked;
+        document.error = c.verdict == V::Error ? 4 : 0;
+        const std::string text = FormatResult(document);
+        const std::string mark = c.mark.empty() ? "" : std::string(1, '\0') + "QOR1 " + std::string(c.mark);
+        EXPECT_EQ(text, std::string(TwoToneText) + mark) << c.what;
+        for (const bool scrambled : {false, true}) {
+            const std::string bytes = EncodeResult(text, scrambled);
+            EXPECT_TRUE(bytes.ends_with(mark)) << "it can be read without unscrambling";
+            const ResultDocument back = *ParseResult(bytes).document;
+            EXPECT_EQ(back.verdict, c.verdict) << c.what;
+            EXPECT_EQ(back.pointsTaken, c.taken) << c.what;
+            EXPECT_EQ(back.pointsAsked, c.asked) << c.what;
+            EXPECT_EQ(back.error, document.error) << c.what;
+            EXPECT_EQ(back.comment, "first line\nsecond") << c.what;
+            EXPECT_EQ(FormatResult(back), text) << "saved again";
+        }
+    }
+
+    // What the two decimals of a row and the one of the limit leave away counts as left away.
+    ResultDocument close = TwoTone();
+    close.verdict = V::Failed;
+    close.runs[0].up[0].level = -89.986f;
+    EXPECT_NE(FormatResult(close).find("QOR1 failed"), std::string::npos);
+
+    // A fail needs no mark, and a mark makes nothing better.
+    ResultDocument failed = TwoTone();
+    failed.limit = -99.0f;
+    failed.verdict = V::Failed;
+    EXPECT_EQ(FormatResult(failed).find('\0'), std::string::npos);
+    const std::string pass = std::string(1, '\0') + "QOR1 passed 3 3";
+    EXPECT_EQ(ParseResult(FormatResult(failed) + pass).document->verdict, V::Failed);
+    for (const char* damaged : {"QOR1 ", "QOR1 great 1 1", "QOR1 none -1 x"})
+        EXPECT_EQ(ParseResult(std::string(TwoToneText) + '\0' + damaged).document->verdict, V::None)
+            << damaged;
+    EXPECT_EQ(ParseResult(std::string(TwoToneText) + '\0' + "rest").document->verdict, V::Passed);
+    EXPECT_EQ(ParseResult(With("-120.50", "0000.00")).document->verdict, V::None) << "a gap is not complete";
 }
 
 TEST(DataFile, AFileCutAnywhereBeforeItsLimitIsWholeIsRefused) {
@@ -252,7 +304,7 @@ TEST(DataFile, AFileCutAnywhereBeforeItsLimitIsWholeIsRefused) {
             const std::size_t whole = bytes.find(limit) + limit.size();
             for (std::size_t length = 0; length <= bytes.size(); ++length) {
                 const ParsedResult parsed = ParseResult(std::string_view(bytes).substr(0, length));
-                ASSERT_EQ(parsed.file.has_value(), length >= whole) << length;
+                ASSERT_EQ(parsed.document.has_value(), length >= whole) << length;
                 ASSERT_EQ(parsed.problem.empty(), length >= whole) << length;
             }
         }

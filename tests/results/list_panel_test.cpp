@@ -1,5 +1,4 @@
-#include "bands/path_loss.h"
-#include "results/file_list.h"
+#include "desk/setup/path_loss.h"
 #include "results/list_panel.h"
 #include "support/rig.h"
 
@@ -12,10 +11,10 @@ namespace {
 struct ListDesk : Rig {
     explicit ListDesk(int count) {
         std::filesystem::create_directory(folder.Path());
-        CurveState& curve = S().curve;
-        curve.g_levelUp[0] = curve.g_levelUp[1] = -100.0f;
-        S().select.m_BandId = BandEgsm;
-        curve.StoreDataPot = 2;
+        Curve& curve = S().curve;
+        curve.Add(-100.0f);
+        curve.Add(-100.0f);
+        S().working.SelectBand(BandEgsm);
         const auto first = folder / "0.dat";
         if (!program.Files().DataSave(first))
             ADD_FAILURE() << program.Files().LastProblem();
@@ -28,14 +27,14 @@ struct ListDesk : Rig {
     void Load() { program.List().Load(paths); }
     /// The rows, the marked one in brackets, and the file whose curve is shown.
     [[nodiscard]] std::string Strip() {
-        const ResultState& results = S().results;
+        const ResultList& list = S().results.list;
         std::string text;
         for (int row = 0; row < 7; ++row) {
-            std::string name = results.m_FileRow[static_cast<std::size_t>(row)];
+            std::string name = list.Row(row);
             name = name.empty() ? "-" : name.substr(0, name.find('.'));
-            text += row == results.g_FileShown ? "[" + name + "] " : name + " ";
+            text += row == list.MarkedRow() ? "[" + name + "] " : name + " ";
         }
-        return text + "= " + S().curve.g_worstText;
+        return text + "= " + S().curve.WorstText();
     }
 
     TempDir folder;
@@ -44,25 +43,24 @@ struct ListDesk : Rig {
 
 TEST(ListPanel, SeveralFilesOpenItAndOneClosesIt) {
     ListDesk desk(3);
-    desk.S().plan.g_powerOffset = desk.S().plan.g_port2Loss = desk.S().plan.g_RxLoss = 2.5f;
+    desk.S().working.SetPathLosses(2.5f, 2.5f);
+    desk.S().working.TakePathLossForRun();
     desk.program.List().Load({});
-    EXPECT_EQ(desk.S().plan.g_powerOffset, 2.5f) << "nothing chosen, nothing changed";
+    EXPECT_EQ(desk.S().working.PowerOffset(), 2.5f) << "nothing chosen, nothing changed";
     desk.Load();
-    EXPECT_TRUE(desk.S().results.g_listPanelOpen);
+    EXPECT_TRUE(desk.S().results.list.IsOpen());
     EXPECT_EQ(desk.Strip(), "[0] 1 2 - - - - = 0.dat");
     EXPECT_EQ(FileText(desk.dir / "LastLoadPath.ccz"), desk.paths[0].string());
-    EXPECT_EQ(desk.S().plan.g_powerOffset + desk.S().plan.g_port2Loss + desk.S().plan.g_RxLoss, 0.0f);
+    EXPECT_EQ(desk.S().working.PowerOffset() + desk.S().working.Port2Loss() + desk.S().working.RxLossOfRun(),
+              0.0f);
     RestorePathLoss(desk.S(), desk.program.Stores());
     desk.program.List().ClickRow(1);
-    EXPECT_EQ(desk.S().plan.g_powerOffset, 0.0f) << "a row shows a file too";
-    EXPECT_EQ(OperatorsPathLoss(desk.S().plan).powerOffset, 2.5f);
+    EXPECT_EQ(desk.S().working.PowerOffset(), 0.0f) << "a row shows a file too";
+    EXPECT_EQ(desk.S().working.OperatorsLosses().powerOffset, 2.5f);
     desk.paths.resize(1);
     desk.Load();
-    EXPECT_FALSE(desk.S().results.g_listPanelOpen);
-    EXPECT_EQ(desk.S().results.g_fileList[1], "") << "the earlier names are gone";
-    desk.program.OnMeasButton();
-    EXPECT_EQ(desk.S().plan.g_powerOffset, 2.5f) << "a run measures with the operator's losses again";
-    EXPECT_EQ(desk.S().plan.g_port2Loss, 2.5f);
+    EXPECT_FALSE(desk.S().results.list.IsOpen());
+    EXPECT_EQ(desk.S().results.list.Name(1), "") << "the earlier names are gone";
 }
 
 TEST(ListPanel, TheButtonsWalkTheList) {
@@ -94,12 +92,14 @@ TEST(ListPanel, TheButtonsWalkTheList) {
         (list.*step.press)();
         EXPECT_EQ(desk.Strip(), step.strip);
     }
+    list.ClickRow(0);
+    EXPECT_EQ(desk.Strip(), "[2] 4 5 6 7 8 9 = 2.dat");
     list.ClickRow(6);
     list.Remove();
     EXPECT_EQ(desk.Strip(), "1 2 4 5 6 7 [8] = 8.dat") << "behind the last stands the one before";
     for (int i = 0; i < 9; ++i)
         list.Remove();
-    EXPECT_EQ(desk.S().results.g_FileLast, 6);
+    EXPECT_EQ(desk.S().results.list.LastEntry(), 6);
     EXPECT_TRUE(desk.user.messages.empty()) << "an empty row is silent";
     EXPECT_TRUE(std::filesystem::exists(desk.paths[9])) << "the files stay";
 }
@@ -108,7 +108,7 @@ TEST(ListPanel, DoesNothingDuringARunAndTellsOfAFileThatIsGone) {
     ListDesk desk(9);
     desk.Load();
     std::filesystem::remove(desk.paths[1]);
-    desk.S().run.runOn = true;
+    desk.S().run.Begin({});
     ListPanel& list = desk.program.List();
     for (const auto press : {&ListPanel::First, &ListPanel::Back, &ListPanel::Forward, &ListPanel::Last,
                              &ListPanel::Remove, &ListPanel::First})
@@ -116,13 +116,48 @@ TEST(ListPanel, DoesNothingDuringARunAndTellsOfAFileThatIsGone) {
     list.ClickRow(3);
     desk.Load();
     EXPECT_EQ(desk.Strip(), "[0] 1 2 3 4 5 6 = 0.dat");
-    desk.S().run.runOn = false;
+    desk.S().run.EndByItself();
     for (const int row : {-1, 7})
         list.ClickRow(row);
     EXPECT_EQ(desk.Strip(), "[0] 1 2 3 4 5 6 = 0.dat");
     list.ClickRow(1);
     EXPECT_EQ(desk.Strip(), "0 [1] 2 3 4 5 6 = 0.dat") << "the curve shown stays";
     EXPECT_TRUE(desk.user.WasTold("1.dat"));
+}
+
+TEST(ResultList, ANumberedFileGoesToTheFolderOfItsKind) {
+    AutoSave autoSave;
+    EXPECT_EQ(autoSave.NumberedFile(12, true, "/stores"), "/stores/12.dat");
+    autoSave.SetPath("/data/series/first.dat");
+    EXPECT_EQ(autoSave.NumberedFile(12, true, "/stores"), "/data/series/12.dat");
+    autoSave.SetSeries("/data/auto", "cable");
+    EXPECT_EQ(autoSave.NumberedFile(12, true, "/stores"), "/data/auto/cable12.dat");
+    EXPECT_EQ(autoSave.NumberedFile(12, false, "/stores"), "/stores/12.dat");
+}
+
+TEST(ResultList, TheRowsFollowTheNewestFileAndTheListWraps) {
+    ResultList list;
+    const auto add = [&list] { list.AddNumbered("/data/" + NumberedName(list.NextNumber())); };
+    for (int file = 0; file < 6; ++file)
+        add();
+    EXPECT_TRUE(list.IsOpen());
+    EXPECT_EQ(list.Folder(), "/data/");
+    EXPECT_EQ(list.MarkedRow(), 6);
+    EXPECT_EQ(list.FirstEntry(), 0);
+    EXPECT_EQ(list.Row(0), "0.dat");
+    EXPECT_EQ(list.Row(6), "");
+    for (int file = 6; file < 2048; ++file)
+        add();
+    EXPECT_EQ(list.FirstEntry(), 2041);
+    EXPECT_EQ(list.LastEntry(), 2047);
+    EXPECT_EQ(list.Row(6), "2047.dat");
+    EXPECT_EQ(list.NextNumber(), 0);
+    add();
+    EXPECT_EQ(list.MarkedRow(), 1);
+    EXPECT_EQ(list.Row(0), "0.dat");
+    list.Clear();
+    EXPECT_FALSE(list.IsOpen());
+    EXPECT_EQ(list.NextNumber(), 0);
 }
 
 } // namespace

@@ -27,20 +27,6 @@ std::string Send(Instrument& instrument, std::string_view bytes) {
     return replies;
 }
 
-TEST(SimInstrument, EchoesCommandsWithoutTheirFirstCharacter) {
-    Instrument instrument = Make("RT-DB22", "6.2");
-    for (const std::string command :
-         {"#SR",       "#SAB3",      "#SAB11",     "#SMREF",    "#SMTRA",      "#USEID3",   "#USEID11",
-          "#USESA",    "#SFA09350",  "#SFB09600",  "#SSA17100", "#SSB17100",   "#STA17100", "#STB17100",
-          "#SWA00010", "#SPWA00430", "#SPWB00460", "#SPA1",     "#SPB0",       "#RECUT1",   "#M2T1",
-          "#M2T0",     "#MSWL1",     "#MUPL0",     "#MDNL1",    "#KVTAL02500", "#KVTPD4",   "#KVTPA0",
-          "#BDT0",     "#BDT1",      "#2TTIM30"})
-        EXPECT_EQ(Send(instrument, command + "\r"), command.substr(1) + "\r\n");
-    EXPECT_EQ(Send(instrument, "#SWEEP\r"), "");
-    EXPECT_EQ(Send(instrument, "#SAB10\r#SAB?\r"), "SAB10\r\nSAB10\r\n");
-    EXPECT_EQ(Send(instrument, "\r\n#SR\r\n"), "SR\r\n");
-}
-
 TEST(SimInstrument, RefusesWhatItDoesNotKnowAndKeepsItsSettings) {
     Instrument instrument = Make("RT-K022", "3.4");
     for (const char* command : {"SR", "#XYZ", "#SFA8695", "#SFA-0010", "#SPWA430", "#SAB03", "#SPA",
@@ -53,24 +39,6 @@ TEST(SimInstrument, RefusesWhatItDoesNotKnowAndKeepsItsSettings) {
     EXPECT_EQ(instrument.Settings().power1, 430);
     EXPECT_EQ(instrument.Settings().position, 0);
     EXPECT_EQ(instrument.Execute(std::string(5000, '#')), "SYNTAX ERROR\r\n");
-}
-
-TEST(SimInstrument, BannerHoldsOneVersionAndAModelWithAnEnd) {
-    for (const ModelHardware& model : Models) {
-        for (const std::string firmware : {"1.8", "4.9", "6.9", "ev2.0"}) {
-            Instrument instrument = Make(std::string(model.name), firmware);
-            const std::string banner = Send(instrument, "#IDN?\r");
-            const std::size_t start = banner.find("RT-");
-            ASSERT_NE(start, std::string::npos);
-            EXPECT_EQ(banner.substr(start, banner.find_first_of(" ,", start) - start), model.name);
-            const std::size_t v = banner.find('v');
-            EXPECT_EQ(banner.find('v', v + 1), std::string::npos);
-            const bool ev = firmware[0] == 'e';
-            EXPECT_EQ(banner.substr(v + 1, 3), firmware.substr(firmware.size() - 3));
-            EXPECT_EQ(banner[v - 1] == 'e', ev);
-            EXPECT_TRUE(banner.ends_with("\r\n"));
-        }
-    }
 }
 
 TEST(SimInstrument, StatusByteFollowsThePathAndMayBeAnyByte) {
@@ -145,30 +113,6 @@ TEST(SimInstrument, ByteCodedCommandsMayHoldTheCarriageReturn) {
     EXPECT_EQ(Send(instrument, "$KVTWEd_\r#SR\r#SR\r"), "SYNTAX ERROR\r\nSR\r\n");
     // The program reads the option byte, changes its bits and writes it back.
     EXPECT_EQ(Send(instrument, "#KVTPD2\r$KVTREd_0\r"), "KVTPD2\r\nKVTREd_#\r\n");
-}
-
-TEST(SimInstrument, SwitchPositionsLeadToTheBandsOfModelAndFirmware) {
-    const auto name = [](const char* model, const char* firmware, int position) {
-        const BandHardware* band = BandAt(model, *ParseFirmware(firmware), position);
-        return band ? band->name : "";
-    };
-    EXPECT_EQ(name("RT-DB22", "4.9", 0), "AMPS");
-    EXPECT_EQ(name("RT-DB22", "5.0", 0), "LTE");
-    EXPECT_EQ(name("RT-DA10", "5.6", 3), "EGSM");
-    EXPECT_EQ(name("RT-DA10", "5.7", 3), "DIG-DIV");
-    EXPECT_EQ(name("RT-K022", "5.0", 2), "TD-SCDMA-A");
-    EXPECT_EQ(name("RT-K022", "ev2.0", 4), "TD-SCDMA-F");
-    EXPECT_EQ(name("RT-DB22", "5.9", 8), "TD-SCDMA-F");
-    EXPECT_EQ(name("RT-DB22", "6.0", 8), "LTE700L");
-    EXPECT_EQ(name("RT-DB22", "5.9", 11), "");
-    EXPECT_EQ(name("RT-N026", "6.0", 1), "Wifi");
-    EXPECT_TRUE(BandAt("RT-C010", *ParseFirmware("6.9"), 9)->upper);
-    // Every model has a band on its first position, and none behind its last.
-    for (const ModelHardware& model : Models)
-        for (const char* firmware : {"1.8", "5.0", "5.9", "6.9"}) {
-            EXPECT_NE(BandAt(model.name, *ParseFirmware(firmware), 0), nullptr) << model.name;
-            EXPECT_EQ(BandAt(model.name, *ParseFirmware(firmware), model.positions), nullptr) << model.name;
-        }
 }
 
 TEST(SimInstrument, ConfigurationsAreChecked) {

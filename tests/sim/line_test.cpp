@@ -58,16 +58,6 @@ TEST_F(SimLine, AReplyTakesTheTimeOfItsBytesToTheMicrosecond) {
     EXPECT_EQ(Drain(), (std::vector<Piece>{{100'000 + 10332, "SR\r\n"}, {100'000 + 10332 + 6166, "SR\r\n"}}));
 }
 
-TEST_F(SimLine, FasterLinesAndWrongSpeeds) {
-    Line fast(instrument, {115200, 0});
-    fast.HostWrites("#SR\r", 0);
-    EXPECT_EQ(fast.NextEventUs(), 347 + 347);
-    fast.SetHostSpeed(9600);
-    (void)fast.TakeDelivered(1000);
-    fast.HostWrites("#SR\r", 1000);
-    EXPECT_FALSE(fast.NextEventUs());
-}
-
 TEST_F(SimLine, OpeningDropsWhatHasComeButNotWhatIsStillOnItsWay) {
     line.HostWrites("#SR\r", 0);
     line.HostOpens(20'000);

@@ -104,25 +104,6 @@ TEST_F(SimPort, CallsThatComeAfterClosingOrDestroyingDoNoHarm) {
     time.RunFor(100);
 }
 
-TEST_F(SimPort, SeveralDevicesAreToldApartByNumber) {
-    InstrumentConfig config;
-    config.model = "RT-K022";
-    Instrument other(config);
-    Line otherLine(other);
-    const int number = ports.Add(otherLine, "/dev/ttySIM");
-    EXPECT_EQ(ports.List().size(), 2U);
-    port->SetCommPort(number);
-    port->SetPortOpen(true);
-    port->SetOutput("#IDN?\r");
-    time.RunFor(200);
-    EXPECT_NE(received.find("RT-K022"), std::string::npos);
-    ports.Unplug(1); // not the one in use
-    time.RunFor(200);
-    EXPECT_TRUE(port->GetPortOpen());
-    EXPECT_EQ(ports.List().at(0).device, "/dev/ttySIM");
-    port->SetPortOpen(false);
-}
-
 TEST_F(SimPort, AStreamWithoutEndDoesNotFillTheMemory) {
     line.Add({FaultKind::Endless, 0});
     port->SetHandler([] {});

@@ -2,19 +2,37 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <malloc.h>
 #include <new>
 
 namespace {
 
 std::atomic<bool> counting = false;
 std::atomic<std::size_t> taken = 0;
+std::atomic<std::ptrdiff_t> inUse = 0; ///< bytes
+std::atomic<std::ptrdiff_t> peak = 0;
+
+void Count(std::ptrdiff_t bytes) {
+    const std::ptrdiff_t now = inUse += bytes;
+    if (now > peak)
+        peak = now; // the tests that ask have one thread
+}
 
 void* Take(std::size_t size) {
-    if (counting)
+    void* const memory = std::malloc(size > 0 ? size : 1);
+    if (!memory)
+        throw std::bad_alloc();
+    if (counting) {
         ++taken;
-    if (void* const memory = std::malloc(size > 0 ? size : 1))
-        return memory;
-    throw std::bad_alloc();
+        Count(static_cast<std::ptrdiff_t>(::malloc_usable_size(memory)));
+    }
+    return memory;
+}
+
+void Release(void* memory) noexcept {
+    if (counting)
+        Count(-static_cast<std::ptrdiff_t>(::malloc_usable_size(memory)));
+    std::free(memory);
 }
 
 } // namespace
@@ -26,22 +44,23 @@ void* operator new[](std::size_t size) {
     return Take(size);
 }
 void operator delete(void* memory) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 void operator delete[](void* memory) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    Release(memory);
 }
 
 namespace qor::test {
 
 AllocationCount::AllocationCount() {
     taken = 0;
+    inUse = peak = 0;
     counting = true;
 }
 
@@ -51,6 +70,10 @@ AllocationCount::~AllocationCount() {
 
 std::size_t AllocationCount::Taken() const {
     return taken;
+}
+
+std::size_t AllocationCount::Peak() const {
+    return static_cast<std::size_t>(peak.load());
 }
 
 } // namespace qor::test

@@ -13,6 +13,8 @@ public:
     AllocationCount& operator=(const AllocationCount&) = delete;
 
     [[nodiscard]] std::size_t Taken() const;
+    /// The most bytes that were in use at a time, of those taken meanwhile.
+    [[nodiscard]] std::size_t Peak() const;
 };
 
 } // namespace qor::test

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "core/program.h"
-#include "platform/operator.h"
+#include "desk/panel.h"
+#include "desk/program.h"
+#include "desk/tell.h"
 #include "platform/visa.h"
 #include "platform/wire_log.h"
 #include "sim/simulated_port.h"
+#include "support/doubles.h"
 #include "support/temp_dir.h"
 #include "support/virtual_time.h"
 
@@ -15,50 +17,6 @@
 #include <vector>
 
 namespace qor::test {
-
-/// An operator who notes what is said and answers as told.
-class ScriptedOperator final : public Operator {
-public:
-    void Message(std::string_view text, std::string_view) override { messages.emplace_back(text); }
-    [[nodiscard]] bool Ask(std::string_view text, std::string_view) override {
-        questions.emplace_back(text);
-        if (whileAsked)
-            whileAsked();
-        return answer;
-    }
-    [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view) override {
-        questions.emplace_back(text);
-        return choice;
-    }
-    [[nodiscard]] std::vector<std::filesystem::path>
-    FilesToOpen(std::string_view, const std::filesystem::path&, std::string_view) override {
-        return filesToOpen;
-    }
-    [[nodiscard]] std::filesystem::path FileToSave(std::string_view, const std::filesystem::path& suggestion,
-                                                   std::string_view) override {
-        suggestions.push_back(suggestion);
-        return fileToSave;
-    }
-    [[nodiscard]] std::filesystem::path Folder(std::string_view, const std::filesystem::path&) override {
-        return folder;
-    }
-    bool Progress(std::string_view, int done, int) override { return done < cancelAt; }
-    [[nodiscard]] bool WasTold(std::string_view part) const {
-        return std::any_of(messages.begin(), messages.end(),
-                           [part](const std::string& m) { return m.find(part) != std::string::npos; });
-    }
-
-    std::vector<std::string> messages;
-    std::vector<std::string> questions;
-    bool answer = true;
-    std::function<void()> whileAsked; ///< what happens while a question is open
-    Answer choice = Answer::Yes;
-    std::vector<std::filesystem::path> filesToOpen;
-    std::filesystem::path fileToSave;
-    std::vector<std::filesystem::path> suggestions;
-    std::filesystem::path folder;
-    int cancelAt = 1 << 30; ///< step at which a long work is given up
-};
 
 /// A whole program on virtual time with a simulated instrument at the other end of its line.
 ///
@@ -76,6 +34,9 @@ public:
         ports.Add(line, "/dev/ttySIM0");
     }
 
+    /// What a procedure has to say reaches the operator; true when it was done.
+    bool Done(const Outcome& outcome) { return Tell(outcome, user); }
+
     /// Starts the program and waits until the instrument is ready; false when it is not within a minute.
     bool PowerOn() {
         program.Start(false);
@@ -90,17 +51,34 @@ public:
     /// Presses the start button and runs until the run is over and the line is quiet.
     bool Measure(std::int64_t limitMs = 600000) {
         program.OnMeasButton();
-        return S().run.runOn && RunUntilRunIsOver(limitMs);
+        return RunUntilRunIsOn() && RunUntilRunIsOver(limitMs);
+    }
+    /// A start may have to wait for what it has the instrument told first.
+    bool RunUntilRunIsOn() {
+        time.RunUntil([this] { return !S().run.IsWaiting(); }, 30000);
+        return S().run.IsOn();
     }
     bool RunUntilRunIsOver(std::int64_t limitMs = 600000) {
-        return time.RunUntil([this] { return !S().run.runOn; }, limitMs) && RunUntilIdle();
+        return time.RunUntil([this] { return !S().run.IsOn(); }, limitMs) && RunUntilIdle();
     }
     /// Selects a band unless it is selected, and waits until the instrument has it.
     bool SelectBand(int band) {
-        return (S().select.m_BandId == band || program.Select().SelectBand(band)) && RunUntilIdle();
+        return (S().working.Band() == band || program.Select().SelectBand(band)) && RunUntilIdle();
+    }
+
+    /// Ready to measure EGSM by the method, for so long in 2-tone.
+    bool ReadyFor(int method, int seconds = 5) {
+        Store().Write("2tone_time.ccz", std::to_string(seconds));
+        return PowerOn() && SelectBand(BandEgsm) && program.Select().SelectMethod(method) && RunUntilIdle();
     }
 
     [[nodiscard]] Session& S() { return program.State(); }
+    [[nodiscard]] const Platform& Parts() { return program.Parts(); }
+    [[nodiscard]] SetupStore& Store() { return program.Stores(); }
+    /// Text of a store; empty when there is none.
+    [[nodiscard]] std::string Stored(const std::string& name) { return FileText(dir / name); }
+    /// What the operator was told since the last call.
+    [[nodiscard]] std::vector<std::string> Told() { return std::exchange(user.messages, {}); }
     /// Commands sent since the last call, in order, without their carriage returns.
     std::vector<std::string> Sent();
 

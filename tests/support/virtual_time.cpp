@@ -6,14 +6,16 @@ namespace qor::test {
 
 void VirtualTime::Timers::SetTimer(int id, int periodMs) {
     const std::int64_t period = std::int64_t{periodMs} * 1000;
-    m_Slots[static_cast<std::size_t>(id)] = {m_Time.m_NowUs + period, period, false};
+    const std::int64_t due = m_Time.m_NowUs + period;
+    m_Slots[Index(id)] = {due + m_Time.DelayUs(), due, period, false};
 }
 
 void VirtualTime::Timers::Fire(int id) {
-    Slot& slot = m_Slots[static_cast<std::size_t>(id)];
+    Slot& slot = m_Slots[Index(id)];
     // A late timer ticks once for all the periods it missed.
     while (slot.dueUs <= m_Time.m_NowUs)
         slot.dueUs += slot.periodUs;
+    slot.tickUs = slot.dueUs + m_Time.DelayUs();
     slot.ticking = true;
     Tick(id);
     slot.ticking = false;
@@ -24,8 +26,8 @@ bool VirtualTime::Step(std::int64_t endUs) {
     int next = -1;
     std::int64_t due = INT64_MAX;
     for (std::size_t id = 0; id < timers.m_Slots.size(); ++id) {
-        if (timers.m_Slots[id].dueUs < due && !timers.m_Slots[id].ticking) {
-            due = timers.m_Slots[id].dueUs;
+        if (timers.m_Slots[id].tickUs < due && !timers.m_Slots[id].ticking) {
+            due = timers.m_Slots[id].tickUs;
             next = static_cast<int>(id);
         }
     }

@@ -9,32 +9,40 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <random>
 #include <vector>
 
 namespace qor::test {
 
 /// Clock, timers and scheduler of one virtual world. Time passes only in RunFor and in Sleep; an hour of it
-/// costs what its handlers cost.
+/// costs what its handlers cost. Each tick comes 1 to 3 ms late, as the seed has it: timers of equal periods
+/// take turns in every order, as they do in a window.
 class VirtualTime {
 public:
+    explicit VirtualTime(unsigned seed = 1) : m_Random(seed) {}
+
     class Timers final : public WindowTimers {
     public:
         explicit Timers(VirtualTime& time) : m_Time(time) {}
         void SetTimer(int id, int periodMs) override;
-        void KillTimer(int id) override { m_Slots[static_cast<std::size_t>(id)].dueUs = Never; }
-        [[nodiscard]] bool Runs(int id) const { return m_Slots[static_cast<std::size_t>(id)].dueUs != Never; }
+        void KillTimer(int id) override {
+            Slot& slot = m_Slots[Index(id)];
+            slot.tickUs = slot.dueUs = Never;
+        }
+        [[nodiscard]] bool Runs(int id) const { return m_Slots[Index(id)].tickUs != Never; }
 
     private:
         friend class VirtualTime;
         static constexpr std::int64_t Never = INT64_MAX;
         struct Slot {
+            std::int64_t tickUs = Never; ///< when the next tick comes: when it is due, and the delay
             std::int64_t dueUs = Never;
             std::int64_t periodUs = 0;
             bool ticking = false; ///< its handler has not come back: it does not tick inside it
         };
         void Fire(int id);
         VirtualTime& m_Time;
-        std::array<Slot, 64> m_Slots;
+        std::array<Slot, Count> m_Slots;
     };
 
     class Clock final : public WallClock {
@@ -94,7 +102,9 @@ private:
     };
 
     bool Step(std::int64_t endUs);
+    std::int64_t DelayUs() { return std::uniform_int_distribution<std::int64_t>(1000, 3000)(m_Random); }
 
+    std::mt19937 m_Random;
     std::int64_t m_NowUs = 0;
     std::uint64_t m_Order = 0;
     std::priority_queue<Action> m_Actions;

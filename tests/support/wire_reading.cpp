@@ -1,6 +1,6 @@
 #include "support/wire_reading.h"
 
-#include "bands/tenths.h"
+#include "base/tenths.h"
 
 #include <cmath>
 #include <sstream>
@@ -80,11 +80,11 @@ OverheardCurve Overhear(Rig& rig, std::size_t from, int order, bool upper) {
     return heard;
 }
 
-std::map<int, float> OnGrid(const CurveState& curve, std::span<const float> levels) {
+std::map<int, float> OnGrid(const Curve& curve, std::span<const float> levels) {
     std::map<int, float> places;
     for (std::size_t i = 0; i < levels.size(); ++i)
         if (levels[i] != 0.0f)
-            places[static_cast<int>(std::lround(curve.g_freqGrid[i] * 10.0f))] = levels[i];
+            places[static_cast<int>(std::lround(curve.Grid()[i] * 10.0f))] = levels[i];
     return places;
 }
 

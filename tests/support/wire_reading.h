@@ -38,6 +38,6 @@ struct OverheardCurve {
 [[nodiscard]] std::size_t Transfers(Rig& rig);
 
 /// Levels of a curve by their place on the grid, those that are there.
-[[nodiscard]] std::map<int, float> OnGrid(const CurveState& curve, std::span<const float> levels);
+[[nodiscard]] std::map<int, float> OnGrid(const Curve& curve, std::span<const float> levels);
 
 } // namespace qor::test

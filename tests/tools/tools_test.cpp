@@ -1,4 +1,3 @@
-#include "platform/launcher.h"
 #include "support/rig.h"
 #include "tools/calculator.h"
 #include "tools/comment.h"
@@ -112,45 +111,36 @@ TEST(Comment, RowsOfTheStore) {
 TEST(Comment, GoesToBothStoresWhenItIsAdded) {
     Rig rig;
     SetupStore& store = rig.program.Stores();
-    EXPECT_EQ(OpenComment(rig.S(), store), "");
+    EXPECT_EQ(OpenComment(rig.S().results.device, store), "");
     EXPECT_FALSE(LastSavedComment(store).has_value());
-    AddComment("mast 7", rig.S(), store);
+    AddComment("mast 7", rig.S().results.device, store);
     EXPECT_EQ(FileText(rig.dir / "Add_comments.ccz"), std::string(20, '0') + Row("mast 7"));
-    EXPECT_EQ(rig.S().results.g_comment, Row("mast 7"));
+    EXPECT_EQ(rig.S().results.device.Comment(), Row("mast 7"));
     store.Write("Add_comments.ccz", std::string(20, '0') + Row("of a file") + std::string(500, 'x'));
-    EXPECT_EQ(OpenComment(rig.S(), store).substr(0, 11), "of a file\r\n");
-    EXPECT_EQ(rig.S().results.g_comment.size(), LongestComment);
+    EXPECT_EQ(OpenComment(rig.S().results.device, store).substr(0, 11), "of a file\r\n");
+    EXPECT_EQ(rig.S().results.device.Comment().size(), LongestComment);
     EXPECT_EQ(LastSavedComment(store), "mast 7");
-    AddComment("", rig.S(), store);
-    EXPECT_EQ(OpenComment(rig.S(), store), "");
+    AddComment("", rig.S().results.device, store);
+    EXPECT_EQ(OpenComment(rig.S().results.device, store), "");
 }
 
 TEST(SideTool, IsUnpackedStartedAndTakenAway) {
-    struct Starter final : Launcher {
-        bool Show(const std::string&) override { return true; }
-        bool Start(const std::filesystem::path& program) override {
-            started.push_back(program);
-            return good;
-        }
-        void RestartAfterEnd(bool) override {}
-        std::vector<std::filesystem::path> started;
-        bool good = true;
-    } starter;
+    NotedLauncher starter;
     Rig rig;
     Platform parts = rig.program.Parts();
     parts.launcher = &starter;
     const SetupStore& store = rig.program.Stores();
-    EXPECT_FALSE(StartSideTool(store, parts));
+    EXPECT_FALSE(rig.Done(StartSideTool(store, parts.launcher)));
     EXPECT_TRUE(rig.user.WasTold("QorTool"));
     rig.program.Stores().Write("QorTool.ccz", "tool");
     rig.program.Stores().Write("QorTool.exe", "an older tool");
-    EXPECT_TRUE(StartSideTool(store, parts));
+    EXPECT_TRUE(rig.Done(StartSideTool(store, parts.launcher)));
     ASSERT_EQ(starter.started.size(), 1U);
     EXPECT_EQ(FileText(starter.started[0]), "tool");
     using std::filesystem::perms;
     EXPECT_NE(std::filesystem::status(starter.started[0]).permissions() & perms::owner_exec, perms::none);
-    starter.good = false;
-    EXPECT_FALSE(StartSideTool(store, parts));
+    starter.works = false;
+    EXPECT_FALSE(rig.Done(StartSideTool(store, parts.launcher)));
     EXPECT_EQ(rig.user.messages.size(), 2U);
     RemoveSideTool(rig.program.Stores());
     EXPECT_FALSE(std::filesystem::exists(starter.started[0]));

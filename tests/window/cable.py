@@ -1,5 +1,7 @@
 """The cable is pulled and put back, and boxes stand open, while the window shows the truth.
-Usage: cable.py QOR QOR_SIM [SCENE]..."""
+Usage: cable.py QOR QOR_SIM SECONDS [SCENE]...
+The scenes come one after the other until the time is up."""
+import itertools
 import os
 import pathlib
 import signal
@@ -61,8 +63,12 @@ def gone(window):
     expect(window.find("Halten Messung") is None, "the button does not offer to stop what is over")
 
 
-def back(window):
+def back(window, run_was_lost=False):
     window.wait_text("Zustand", "Bereit", BACK)
+    if run_was_lost:
+        expect("contact was lost during the run" in window.message(), "the operator is told")
+        window.key("Return")
+        window.wait(lambda: window.open_dialog() is None, 5, "the message closes")
     expect(window.open_dialog() is None, "no box is left over")
 
 
@@ -71,7 +77,7 @@ def pulled_in_mid_run(window, analyser):
     analyser.pull()
     gone(window)
     analyser.plug()
-    back(window)
+    back(window, run_was_lost=True)
 
 
 def silent_in_mid_run(window, analyser):
@@ -79,7 +85,7 @@ def silent_in_mid_run(window, analyser):
     analyser.process.send_signal(signal.SIGSTOP)
     gone(window)
     analyser.process.send_signal(signal.SIGCONT)
-    back(window)
+    back(window, run_was_lost=True)
 
 
 def dialog_open_meanwhile(window, analyser):
@@ -116,9 +122,11 @@ def closed_in_mid_run(window, _):
     run("xdotool", "search", "--onlyvisible", "--pid", str(window.process.pid), "--name", "^QOR$", "key", "alt+F4")
     window.wait_text("Zustand", "Bereit", 30)
     expect(float(window.text("m_ReadingText")) < -60, "the run was whole")
-    while window.open_dialog():
-        window.key("Return")
-        time.sleep(0.3)
+    for _ in range(4):  # one message for each time
+        if window.open_dialog():
+            window.click("OK")
+            time.sleep(0.5)
+    expect(window.open_dialog() is None, "the messages close")
 
 
 def resized_in_mid_run(window, _):
@@ -151,20 +159,22 @@ def refused_limit_under_a_menu(window, _):
 
 def main():
     program, simulator = (os.path.abspath(path) for path in sys.argv[1:3])
+    scenes = [scene for scene in (pulled_in_mid_run, silent_in_mid_run, dialog_open_meanwhile, question_open_meanwhile,
+                                  closed_in_mid_run, resized_in_mid_run, refused_limit_under_a_menu)
+              if not sys.argv[4:] or scene.__name__ in sys.argv[4:]]
     with tempfile.TemporaryDirectory() as temporary:
         folder = pathlib.Path(temporary)
         analyser = Analyser(simulator, folder / "analyser")
         window = QorWindow(program, "--data-dir", str(folder / "stores"), "--port", str(folder / "analyser"))
         try:
             connect(window)
-            wanted = sys.argv[3:]
-            for scene in (pulled_in_mid_run, silent_in_mid_run, dialog_open_meanwhile, question_open_meanwhile,
-                          closed_in_mid_run, resized_in_mid_run, refused_limit_under_a_menu):
-                if wanted and scene.__name__ not in wanted:
-                    continue
+            end = time.monotonic() + float(sys.argv[3])
+            for scene in itertools.cycle(scenes):
                 begin = time.monotonic()
                 scene(window, analyser)
                 print(f"{scene.__name__}: {time.monotonic() - begin:.1f} s", flush=True)
+                if time.monotonic() > end:
+                    break
             pulled_in_mid_run(window, analyser)
             window.click("Exit")
             window.dialog()
@@ -172,7 +182,7 @@ def main():
             status = window.process.wait(20)
             expect(status == 16, f"it ended with {status}")
         except Failure:
-            window.screenshot("/tmp/cable.png")
+            window.screenshot("cable.png")
             raise
         finally:
             window.close()

@@ -58,7 +58,7 @@ def session(window, folder):
     window.key("ctrl+x")
     refused(window, "Halten Messung erst!")
     window.wait_text("Zustand", "Bereit", 60)
-    window.screenshot(str(folder / "two_tone.png"))
+    window.screenshot("two_tone.png")
     save(window, folder / "two_tone.dat")
 
     # A limit below what is measured: the next run fails. It is set in the panel's box.
@@ -67,7 +67,7 @@ def session(window, folder):
     window.type("-120")
     window.key("Tab")
     measure(window)
-    window.screenshot(str(folder / "failed.png"))
+    window.screenshot("failed.png")
     window.click("m_AlarmText")
     window.key("ctrl+a")
     window.type("5")
@@ -86,7 +86,7 @@ def session(window, folder):
     window.click("Halten Messung")
     window.wait_text("Zustand", "Bereit")
     measure(window)
-    window.screenshot(str(folder / "sweep.png"))
+    window.screenshot("sweep.png")
     save(window, folder / "sweep.dat")
 
     # Both files loaded again: the list shows them, and a click on the other row shows that one.
@@ -99,7 +99,7 @@ def session(window, folder):
     window.wait_text("m_Mode_sel", "2 Ton Modell")
     window.click("m_FileRow2")
     window.wait_text("m_Mode_sel", "Scannen Modell")
-    window.screenshot(str(folder / "loaded.png"))
+    window.screenshot("loaded.png")
 
     # dBc and back, the plot alone and back.
     window.menu("Anzeige", "Einheit: dBm/dBc")
@@ -121,20 +121,15 @@ def session(window, folder):
 
 def main():
     program = sys.argv[1]
-    with tempfile.TemporaryDirectory() as temporary:
-        folder = pathlib.Path(sys.argv[2]) if len(sys.argv) > 2 else pathlib.Path(temporary)
-        folder.mkdir(parents=True, exist_ok=True)
-        for old in folder.glob("*.dat"):
-            old.unlink()
-        with tempfile.TemporaryDirectory() as stores:
-            window = QorWindow(program, "--data-dir", stores, "--simulate", "RT-DB22:6.2")
-            try:
-                session(window, folder)
-            except Failure:
-                window.screenshot(str(folder / "failure.png"))
-                raise
-            finally:
-                window.close()
+    with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as stores:
+        window = QorWindow(program, "--data-dir", stores, "--simulate", "RT-DB22:6.2")
+        try:
+            session(window, pathlib.Path(folder))
+        except Failure:
+            window.screenshot("failure.png")
+            raise
+        finally:
+            window.close()
     print("The operator is content.")
 
 

@@ -1,6 +1,7 @@
 """Drives the window of qor from outside: real keys and clicks, and what assistive technology can read."""
 import os
 import subprocess
+import tempfile
 import time
 
 import gi
@@ -140,7 +141,11 @@ class QorWindow:
         """Text of the message box that is open, all its labels."""
         return "\n".join(name_of(n) for n in self.nodes(self.dialog()) if n.get_role() == Atspi.Role.LABEL)
 
-    def screenshot(self, path):
+    def screenshot(self, name):
+        """A picture for whoever looks for what went wrong, in the folder that the environment names."""
+        folder = os.environ.get("QOR_SCREENSHOTS") or tempfile.mkdtemp()
+        os.makedirs(folder, exist_ok=True)
+        path = os.path.join(folder, name)
         subprocess.run(["import", "-window", "root", path], check=False, timeout=20)
 
     def close(self):

@@ -343,7 +343,7 @@ def main():
             torture.recover()
             torture.leave()
         except Failure:
-            torture.window.screenshot(f"/tmp/torture_{seed}.png")
+            torture.window.screenshot(f"torture_{seed}.png")
             print(f"seed {seed}, after {torture.actions} actions:", file=sys.stderr)
             raise
         finally:

@@ -12,8 +12,7 @@ namespace qor::app {
 
 /// The line to the instrument: the serial devices of the machine, those named first.
 struct RealLine {
-    RealLine(const std::vector<std::string>& devices, bool onlyThese)
-        : ports(devices, onlyThese), comm(ports) {}
+    RealLine(const std::vector<std::string>& devices, PortScope scope) : ports(devices, scope), comm(ports) {}
     SystemPortList ports;
     QtSerialPort comm;
 };

@@ -19,6 +19,7 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
         {"data-dir", "Directory of the stores ($XDG_DATA_HOME/qor or ~/.local/share/qor).", "DIR"},
         {"port", "Serial device to offer ahead of those the system lists; may be given several times.",
          "DEVICE"},
+        {"all-ports", "Offer the machine's own serial ports, too, not only USB ones."},
         {"simulate", "Work on a simulated instrument, for example RT-DB22:6.2.", "MODEL[:FIRMWARE]"},
         {"wire", "Log every transfer to a file.", "FILE"},
     });
@@ -36,6 +37,7 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
                                 : DefaultDataDirectory();
     for (const QString& port : parser.values("port"))
         options.ports.push_back(port.toStdString());
+    options.allPorts = parser.isSet("all-ports");
     options.wireFile = parser.value("wire").toStdString();
     if (parser.isSet("simulate")) {
         std::string problem;

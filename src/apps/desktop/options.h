@@ -16,6 +16,7 @@ struct DesktopOptions {
     bool configStart = false; ///< -ConfigStart: the choices of the last session stay in force
     std::filesystem::path dataDirectory;
     std::vector<std::string> ports;
+    bool allPorts = false; ///< the machine's own serial ports are offered, too
     std::optional<sim::InstrumentConfig> simulate;
     std::string wireFile;
 };

@@ -1,10 +1,11 @@
 #include "apps/measure/job.h"
 
 #include "bands/catalogue.h"
-#include "core/text_format.h"
-#include "display/level_unit.h"
+#include "base/atomic_write.h"
+#include "base/text_format.h"
+#include "desk/level_unit.h"
+#include "desk/panel.h"
 #include "platform/serial_control.h"
-#include "results/atomic_write.h"
 
 #include <algorithm>
 
@@ -41,7 +42,6 @@ Job::Job(Program& program, const Options& options, Console& console, const WireL
 void Job::Start() {
     m_Since.start();
     m_InPhase.start();
-    m_Program.IdentifyAfterLoss();
     m_Program.Start(true);
     ApplySettings();
     m_Program.SearchNow();
@@ -51,22 +51,19 @@ void Job::Start() {
 /// Settings of the call that need no instrument.
 void Job::ApplySettings() {
     Session& session = m_Program.State();
-    CurveState& curve = session.curve;
+    Curve& curve = session.curve;
     if (m_Options.seconds)
-        curve.g_testTimeMs = *m_Options.seconds * 1000;
-    curve.g_runCount = m_Options.runs;
-    session.run.g_SweepInterval = m_Options.interval;
-    session.run.g_SweepIntervalLeft = m_Options.interval;
+        curve.SetLength(*m_Options.seconds * 1000);
+    curve.SetRuns(m_Options.runs);
+    session.runs.SetInterval(m_Options.interval);
     if (m_Options.limitDbm) {
-        curve.g_alarmLevel = *m_Options.limitDbm - (curve.g_UnitDbc ? curve.g_CarrierDbm : 0.0f);
-        curve.g_alarmKept = curve.g_alarmLevel;
-        session.panel.m_AlarmText = Fixed(static_cast<double>(curve.g_alarmLevel), 1);
+        curve.limit.Take(*m_Options.limitDbm - curve.scale.Reference());
     }
 }
 
 double Job::ExpectedSeconds() const {
     const Session& session = m_Program.State();
-    double run = session.curve.g_testTimeMs / 1000.0;
+    double run = session.curve.Length() / 1000.0;
     if (m_Options.method != ModeTwoTone) {
         const auto plan = DefaultPlan(m_Options.band, m_Options.imIndex, 1);
         const double span =
@@ -78,7 +75,7 @@ double Job::ExpectedSeconds() const {
 }
 
 bool Job::ContactWasLost() const {
-    return m_Program.State().link.contactLosses != m_LossesAtStart;
+    return m_Program.State().link.connection.Losses() != m_LossesAtStart;
 }
 
 void Job::Look() {
@@ -111,13 +108,13 @@ void Job::Look() {
 
 void Job::LookForInstrument() {
     const LinkState& link = m_Program.State().link;
-    if (link.m_Type.empty() && m_InPhase.elapsed() > IdentityLimitMs)
+    if (link.identity.Model().empty() && m_InPhase.elapsed() > IdentityLimitMs)
         return Finish(NoInstrument, "No instrument answers" +
                                         (m_Options.port.empty() ? std::string() : " on " + m_Options.port) +
                                         ". Is it switched on and is this its port?");
     if (!m_Program.IsReady())
         return;
-    m_LossesAtStart = link.contactLosses;
+    m_LossesAtStart = link.connection.Losses();
     m_InPhase.restart();
     m_Phase = Phase::Idle;
     if (m_Options.idleSeconds > 0)
@@ -127,41 +124,48 @@ void Job::LookForInstrument() {
 void Job::WaitIdle() {
     if (ContactWasLost())
         m_LossesAtStart =
-            m_Program.State().link.contactLosses; // it is identified in full when it is found again
+            m_Program.State().link.connection.Losses(); // it is identified in full when it is found again
     const bool over = m_InPhase.elapsed() >= qint64{m_Options.idleSeconds} * 1000;
     if (over && m_Program.IsReady())
         m_Phase = Phase::Select;
 }
 
 void Job::Choose() {
-    if (!SelectAll())
-        return Finish(BadRequest, m_Console.LastMessage().empty()
-                                      ? "This instrument does not carry the selection."
-                                      : m_Console.LastMessage());
+    const Outcome selected = SelectAll();
+    if (!selected)
+        return Finish(BadRequest, selected.Text().empty() ? "This instrument does not carry the selection."
+                                                          : selected.Text());
     m_Phase = Phase::Settle;
 }
 
-bool Job::SelectAll() {
+Outcome Job::SelectAll() {
     Session& session = m_Program.State();
     Selection& select = m_Program.Select();
     const std::string band(BandText(m_Options.band));
-    if (session.select.m_BandId != m_Options.band && !select.SelectBand(m_Options.band)) {
-        m_Console.Message("Band " + band + " is not carried by " + session.link.g_ModelName +
-                          " with firmware " + Fixed(static_cast<double>(session.link.FirmVersion), 1) + ".");
-        return false;
+    if (session.working.Band() == m_Options.band && m_Program.Instrument().StandsElsewhere())
+        static_cast<void>(m_Program.Instrument().SelectBand(m_Options.band));
+    if (session.working.Band() != m_Options.band && !select.SelectBand(m_Options.band)) {
+        return Outcome::Refused("Band " + band + " is not carried by " + session.link.identity.ModelName() +
+                                " with firmware " +
+                                Fixed(static_cast<double>(session.link.identity.Firmware()), 1) + ".");
     }
     const bool fixedTones = m_Options.band == BandTdScdmaA;
     const bool hasOrder =
         fixedTones ? m_Options.imIndex == 1
-                   : StartPlan(m_Options.band, m_Options.imIndex, session.plan.g_bridge3dB).has_value();
+                   : StartPlan(m_Options.band, m_Options.imIndex, session.working.Bridge()).has_value();
     if (!hasOrder || (fixedTones && m_Options.method != ModeTwoTone)) {
-        m_Console.Message("Band " + band + " has no IM" + std::to_string(OrderOf(m_Options.imIndex)) +
-                          " measurement by this method.");
-        return false;
+        return Outcome::Refused("Band " + band + " has no IM" + std::to_string(OrderOf(m_Options.imIndex)) +
+                                " measurement by this method.");
     }
-    return (session.select.m_IMIndex == m_Options.imIndex || select.SelectOrder(m_Options.imIndex)) &&
-           select.SelectMethod(m_Options.method) && select.SelectPath(m_Options.path) &&
-           SetLevelUnit(m_Options.dbc, session, m_Program.Parts(), m_Program.Stores());
+    if (session.working.ImIndex() != m_Options.imIndex) {
+        if (Outcome order = select.SelectOrder(m_Options.imIndex); !order)
+            return order;
+    }
+    if (Outcome method = select.SelectMethod(m_Options.method); !method)
+        return method;
+    if (Outcome path = select.SelectPath(m_Options.path); !path)
+        return path;
+    return SetLevelUnit(m_Options.dbc, session, m_Program.Stores());
 }
 
 /// The choice has to be with the instrument before the run begins.
@@ -171,38 +175,39 @@ void Job::Settle() {
         return Finish(NoInstrument, "Contact with the instrument was lost.");
     if (!m_Program.LineIsIdle())
         return;
-    if (IsInstrumentError(session.curve.g_MeasVerdict))
-        return Finish(InstrumentError, ErrorWords(session.curve.g_MeasVerdict));
+    if (session.curve.verdict.IsError())
+        return Finish(InstrumentError, ErrorWords(session.curve.verdict.Value()));
     m_Program.OnMeasButton();
-    if (!session.run.runOn)
+    if (!session.run.IsOn())
         return Finish(BadRequest, m_Console.LastMessage());
     m_Phase = Phase::Measure;
 }
 
 void Job::Watch() {
     const Session& session = m_Program.State();
-    const CurveState& curve = session.curve;
+    const Curve& curve = session.curve;
     if (ContactWasLost())
         return Finish(NoInstrument, "Contact with the instrument was lost after " +
                                         std::to_string(PointsIn(session)) + " points.");
-    if (IsInstrumentError(curve.g_MeasVerdict))
-        return Finish(InstrumentError, ErrorWords(curve.g_MeasVerdict));
-    if (session.run.runOn && session.run.g_TestMode == ModeSpectrum && session.run.passes > 0)
+    if (curve.verdict.IsError())
+        return Finish(InstrumentError, ErrorWords(curve.verdict.Value()));
+    if (session.run.IsOn() && session.working.Method() == ModeSpectrum && session.run.Passes() > 0)
         m_Program.StopMeas(); // it would repeat until stopped: one pass is one measurement
-    if (!session.run.runOn) {
+    if (!session.run.IsOn()) {
         m_Outcome.measured = true;
         m_InPhase.restart();
         m_Phase = Phase::Drain;
         return;
     }
-    m_Console.ShowProgress(std::to_string(PointsIn(session)) + " points, now " + session.panel.m_ReadingText +
-                           ", worst " + session.panel.m_WorstLevelText + (curve.g_UnitDbc ? " dBc" : " dBm"));
+    const Panel panel = PanelOf(session);
+    m_Console.ShowProgress(std::to_string(PointsIn(session)) + " points, now " + panel.m_ReadingText +
+                           ", worst " + panel.m_WorstLevelText + " " + panel.unit);
 }
 
 void Job::Drain() {
     if (!m_Program.LineIsIdle() && !ContactWasLost() && m_InPhase.elapsed() < DrainLimitMs)
         return;
-    const int verdict = m_Program.State().curve.g_MeasVerdict;
+    const int verdict = m_Program.State().curve.verdict.Value();
     if (IsInstrumentError(verdict))
         return Finish(InstrumentError, ErrorWords(verdict));
     m_Console.EndProgress();
@@ -232,11 +237,11 @@ void Job::Finish(ExitStatus status, std::string message) {
     m_Console.EndProgress();
     m_Outcome.status = status;
     m_Outcome.message = std::move(message);
-    if (status == NoInstrument && m_Program.State().link.contactLosses > 0)
+    if (status == NoInstrument && m_Program.State().link.connection.Losses() > 0)
         KeepWire();
     if (!m_Outcome.message.empty())
         m_Console.Message(m_Outcome.message);
-    if (m_Program.State().run.runOn)
+    if (m_Program.State().run.IsOn())
         m_Program.StopMeas();
     m_Phase = Phase::Exit;
     m_Program.SetQuit([this](int) {

@@ -3,7 +3,7 @@
 #include "apps/measure/console.h"
 #include "apps/measure/options.h"
 #include "apps/measure/outcome.h"
-#include "core/program.h"
+#include "desk/program.h"
 #include "platform/wire_log.h"
 
 #include <QElapsedTimer>
@@ -22,7 +22,7 @@ public:
         std::function<bool()> stopAsked, std::function<void()> finished);
 
     void Start();
-    [[nodiscard]] const Outcome& Result() const { return m_Outcome; }
+    [[nodiscard]] const CallResult& Result() const { return m_Outcome; }
 
 private:
     enum class Phase { Search, Idle, Select, Settle, Measure, Drain, Exit };
@@ -34,7 +34,7 @@ private:
     void Settle();
     void Watch();
     void Drain();
-    [[nodiscard]] bool SelectAll();
+    Outcome SelectAll();
     void ApplySettings();
     void SaveFiles();
     void KeepWire();
@@ -52,7 +52,7 @@ private:
     QElapsedTimer m_Since;
     QElapsedTimer m_InPhase;
     Phase m_Phase = Phase::Search;
-    Outcome m_Outcome;
+    CallResult m_Outcome;
     int m_LossesAtStart = 0;
 };
 

@@ -2,8 +2,8 @@
 
 #include "apps/common/common_options.h"
 #include "bands/catalogue.h"
-#include "display/curve_state.h"
-#include "measure/run_state.h"
+#include "curve/curve.h"
+#include "link/working_set.h"
 
 #include <QCommandLineParser>
 
@@ -34,7 +34,8 @@ void AddOptions(QCommandLineParser& parser) {
         {"interval", "Pause between the runs of a sweep (0).", "SECONDS"},
         {"limit", "Limit in dBm, 0 to -200 (the stored limit).", "DBM"},
         {"unit", "Unit of the files: dbm or dbc (dbm).", "UNIT"},
-        {"out", "Result file, .dat or .txt by its ending; may be given several times.", "FILE"},
+        {"out", "Result file, .dat, .txt, .xls, .xlsx or .csv by its ending; may be given several times.",
+         "FILE"},
         {"data-dir", "Directory of the stores ($XDG_DATA_HOME/qor or ~/.local/share/qor).", "DIR"},
         {"idle", "Stay ready for so long before the run.", "SECONDS"},
         {"wire", "Log every transfer to a file.", "FILE"},
@@ -118,9 +119,10 @@ void ReadSelection(Reader& reader, Options& options) {
 
 void ReadOutputs(Reader& reader, const QCommandLineParser& parser, Options& options) {
     for (const QString& file : parser.values("out")) {
-        const QString ending = file.section('.', -1).toLower();
-        if (!file.contains('.') || (ending != "dat" && ending != "txt"))
-            reader.Fail("--out " + file.toStdString() + ": this version writes .dat and .txt.");
+        static const QStringList Endings = {"dat", "txt", "xls", "xlsx", "csv"};
+        if (!file.contains('.') || !Endings.contains(file.section('.', -1).toLower()))
+            reader.Fail("--out " + file.toStdString() +
+                        ": results are saved as .dat, .txt, .xls, .xlsx or .csv.");
         options.out.emplace_back(file.toStdString());
     }
 }

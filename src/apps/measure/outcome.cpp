@@ -1,8 +1,9 @@
 #include "apps/measure/outcome.h"
 
 #include "apps/measure/options.h"
-#include "core/session.h"
-#include "core/text_format.h"
+#include "bands/catalogue.h"
+#include "base/text_format.h"
+#include "desk/session.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,12 +16,12 @@ namespace qor::app {
 
 namespace {
 
-const char* VerdictWord(const Outcome& outcome, const Session* session) {
+const char* VerdictWord(const CallResult& outcome, const Session* session) {
     if (outcome.status == InstrumentError)
         return "error";
     if (!outcome.measured || !session)
         return "none";
-    switch (session->curve.g_MeasVerdict) {
+    switch (session->curve.verdict.Value()) {
     case VerdictPassed:
         return "passed";
     case VerdictFailed:
@@ -40,20 +41,20 @@ double Decimal(float value) {
     return std::round(static_cast<double>(value) * 100.0) / 100.0;
 }
 
-double InDbm(const CurveState& curve, float shown) {
-    return Decimal(curve.g_UnitDbc ? shown + curve.g_CarrierDbm : shown);
+double InDbm(const Curve& curve, float shown) {
+    return Decimal(curve.scale.InDbc() ? shown + curve.scale.Carrier() : shown);
 }
 
 } // namespace
 
 int PointsIn(const Session& session) {
     const auto present = [](float level) { return level != 0.0f; };
-    const CurveState& curve = session.curve;
-    return static_cast<int>(std::count_if(curve.g_levelUp.begin(), curve.g_levelUp.end(), present) +
-                            std::count_if(curve.g_levelDown.begin(), curve.g_levelDown.end(), present));
+    const Curve& curve = session.curve;
+    return static_cast<int>(std::count_if(curve.Up().begin(), curve.Up().end(), present) +
+                            std::count_if(curve.Down().begin(), curve.Down().end(), present));
 }
 
-std::string ToJson(const Outcome& outcome, const Options* options, const Session* session) {
+std::string ToJson(const CallResult& outcome, const Options* options, const Session* session) {
     QJsonObject object{{"verdict", VerdictWord(outcome, session)}};
     if (!outcome.message.empty())
         object["message"] = QString::fromStdString(outcome.message);
@@ -69,33 +70,33 @@ std::string ToJson(const Outcome& outcome, const Options* options, const Session
     }
     if (session) {
         const LinkState& link = session->link;
-        const CurveState& curve = session->curve;
-        const bool known = !link.g_ModelName.empty();
+        const Curve& curve = session->curve;
+        const bool known = !link.identity.ModelName().empty();
         const auto text = [known](const std::string& value) {
             return known ? QJsonValue(QString::fromStdString(value)) : QJsonValue();
         };
-        object["model"] = text(link.g_ModelName);
-        object["serial"] = text(link.g_DeviceSN);
-        object["firmware"] = text(Fixed(static_cast<double>(link.FirmVersion), 1));
+        object["model"] = text(link.identity.ModelName());
+        object["serial"] = text(link.identity.Serial());
+        object["firmware"] = text(Fixed(static_cast<double>(link.identity.Firmware()), 1));
         object["points"] = PointsIn(*session);
-        object["limit_dbm"] = InDbm(curve, curve.g_alarmLevel);
-        const bool worst = curve.g_worstLevel != 0.0f;
-        object["worst_level_dbm"] = worst ? QJsonValue(InDbm(curve, curve.g_worstLevel)) : QJsonValue();
-        object["worst_freq_mhz"] = worst ? QJsonValue(Decimal(curve.g_worstFreq)) : QJsonValue();
+        object["limit_dbm"] = InDbm(curve, curve.limit.Level());
+        const bool worst = curve.WorstLevel() != 0.0f;
+        object["worst_level_dbm"] = worst ? QJsonValue(InDbm(curve, curve.WorstLevel())) : QJsonValue();
+        object["worst_freq_mhz"] = worst ? QJsonValue(Decimal(curve.WorstFrequency())) : QJsonValue();
     }
     return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString() + "\n";
 }
 
-std::string ToText(const Outcome& outcome, const Options& options, const Session& session) {
+std::string ToText(const CallResult& outcome, const Options& options, const Session& session) {
     std::string text = std::string(BandText(options.band)) + " IM" +
                        std::to_string(OrderOf(options.imIndex)) + " " + MethodWord(options.method) + " " +
                        (options.path == 1 ? "reflection" : "transmission") + ": " +
                        VerdictWord(outcome, &session);
-    const CurveState& curve = session.curve;
-    if (curve.g_worstLevel != 0.0f)
-        text += ", worst " + Fixed(InDbm(curve, curve.g_worstLevel), 1) + " dBm at " +
-                Fixed(static_cast<double>(curve.g_worstFreq), 1) + " MHz";
-    text += ", limit " + Fixed(InDbm(curve, curve.g_alarmLevel), 1) + " dBm, " +
+    const Curve& curve = session.curve;
+    if (curve.WorstLevel() != 0.0f)
+        text += ", worst " + Fixed(InDbm(curve, curve.WorstLevel()), 1) + " dBm at " +
+                Fixed(static_cast<double>(curve.WorstFrequency()), 1) + " MHz";
+    text += ", limit " + Fixed(InDbm(curve, curve.limit.Level()), 1) + " dBm, " +
             std::to_string(PointsIn(session)) + " points\n";
     for (const std::string& file : outcome.files)
         text += file + "\n";

@@ -20,7 +20,7 @@ enum ExitStatus : int {
     FileFailed = 5,
 };
 
-struct Outcome {
+struct CallResult {
     ExitStatus status = NoInstrument;
     std::string message; ///< what went wrong, empty otherwise
     std::vector<std::string> files;
@@ -28,9 +28,9 @@ struct Outcome {
 };
 
 /// One JSON object in one line. `session` may be null when it never came to one.
-[[nodiscard]] std::string ToJson(const Outcome& outcome, const Options* options, const Session* session);
+[[nodiscard]] std::string ToJson(const CallResult& outcome, const Options* options, const Session* session);
 /// The same for a person.
-[[nodiscard]] std::string ToText(const Outcome& outcome, const Options& options, const Session& session);
+[[nodiscard]] std::string ToText(const CallResult& outcome, const Options& options, const Session& session);
 /// Levels present in the curve.
 [[nodiscard]] int PointsIn(const Session& session);
 

@@ -1,11 +1,12 @@
-#include "measure/ui/inter_band_dialog.h"
-
-#include "bands/tenths.h"
-#include "core/program.h"
-#include "core/text_format.h"
-#include "core/ui/form_dialog.h"
-#include "core/ui/text.h"
+#include "base/tenths.h"
+#include "base/text_format.h"
+#include "desk/program.h"
+#include "desk/ui/form_dialog.h"
+#include "desk/ui/open_dialog.h"
+#include "desk/ui/text.h"
 #include "measure/inter_band.h"
+#include "platform/operator.h"
+#include "platform/platform.h"
 
 #include <QtWidgets>
 
@@ -20,7 +21,7 @@ class InterBandDialog final : public FormDialog {
 public:
     InterBandDialog(Program& program, QWidget* parent)
         : FormDialog("Inter-band Setup", parent), m_Program(program),
-          m_Setup(OpenInterBand(program.State())) {
+          m_Setup(OpenInterBand(program.State().working, program.State().interBand)) {
         QFormLayout* twoTone = AddGroup("2 Tone Mode Set");
         AddFrequency(twoTone, "Fixed f1:", &FrequencyPlan::f1);
         AddFrequency(twoTone, "Fixed f2:", &FrequencyPlan::f2);
@@ -35,7 +36,7 @@ public:
         AddChoices(AddGroup(""));
         AddButtons("Inter-band Measurement On");
         AddButton("Inter-band Measurement Off", [this] {
-            SwitchInterBandOff(m_Program.State());
+            SwitchInterBandOff(m_Program.State().working, m_Program.State().interBand);
             done(QDialog::Accepted);
         });
         SetAccept([this] { return SwitchOn(); });
@@ -108,7 +109,12 @@ private:
         for (const Field& field : m_Fields)
             if (good) // one fault at a time
                 setup.plan.*field.value = static_cast<float>(NumberOf(field.edit, good));
-        return good && SwitchInterBandOn(setup, m_Program.State(), m_Program.Parts());
+        if (!good)
+            return false;
+        Session& session = m_Program.State();
+        const Outcome outcome = SwitchInterBandOn(setup, session.working, session.interBand);
+        m_Program.Parts().user.Message(outcome.Text());
+        return outcome.IsDone();
     }
 
     Program& m_Program;
@@ -117,11 +123,13 @@ private:
     std::array<QCheckBox*, 4> m_Orders{};
 };
 
-} // namespace
-
-bool OpenInterBandDialog(Program& program, QWidget* parent) {
+bool OpenInterBandDialog(Program& program, int /*argument*/, QWidget* parent) {
     InterBandDialog(program, parent).exec();
     return true;
 }
+
+const DialogEntry InterBandDialogEntry("inter_band", OpenInterBandDialog);
+
+} // namespace
 
 } // namespace qor::ui

@@ -18,9 +18,6 @@ public:
     void SetCommPort(int number) override { m_Number = number; }
     void SetSettings(std::string_view settings) override { m_Settings = settings; }
     void SetInputMode(CommInputMode) override {} // bytes are bytes here
-    void SetInputLen(int) override {}
-    void SetRThreshold(int) override {}
-    void SetSThreshold(int) override {}
     void SetPortOpen(bool open) override;
     [[nodiscard]] bool GetPortOpen() const override { return m_Port.isOpen(); }
     void SetOutput(std::string_view bytes) override;

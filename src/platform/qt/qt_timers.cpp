@@ -9,12 +9,12 @@ namespace qor {
 
 void QtTimers::SetTimer(int id, int periodMs) {
     KillTimer(id);
-    Slot& slot = m_Slots[static_cast<std::size_t>(id)];
+    Slot& slot = m_Slots[Index(id)];
     slot.handle = startTimer(periodMs, Qt::PreciseTimer);
 }
 
 void QtTimers::KillTimer(int id) {
-    Slot& slot = m_Slots[static_cast<std::size_t>(id)];
+    Slot& slot = m_Slots[Index(id)];
     if (slot.handle != 0)
         killTimer(slot.handle);
     slot = {};

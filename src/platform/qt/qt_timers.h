@@ -23,7 +23,7 @@ private:
     struct Slot {
         int handle = 0;
     };
-    std::array<Slot, 64> m_Slots{};
+    std::array<Slot, Count> m_Slots{};
 };
 
 /// Later calls on Qt's event loop, for the simulated instrument inside the program.

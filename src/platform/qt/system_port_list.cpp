@@ -7,13 +7,39 @@
 
 namespace qor {
 
-SystemPortList::SystemPortList(std::vector<std::string> given, bool onlyGiven)
-    : m_Given(std::move(given)), m_OnlyGiven(onlyGiven) {}
+namespace {
 
+std::string RealPath(const std::string& device) {
+    std::error_code ignored;
+    const auto real = std::filesystem::weakly_canonical(device, ignored);
+    return real.empty() ? device : real.string();
+}
+
+} // namespace
+
+std::vector<SystemDevice> SystemDevices() {
+    std::vector<SystemDevice> devices;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
+        devices.push_back({info.systemLocation().toStdString(), info.hasVendorIdentifier()});
+    return devices;
+}
+
+SystemPortList::SystemPortList(std::vector<std::string> given, PortScope scope,
+                               std::function<std::vector<SystemDevice>()> system)
+    : m_Given(std::move(given)), m_Scope(scope), m_System(std::move(system)) {}
+
+/// A link that comes to lead elsewhere, as a pseudo-terminal's does when it is made anew, keeps its number.
 int SystemPortList::NumberOf(const std::string& device) {
-    auto at = std::find(m_Known.begin(), m_Known.end(), device);
+    const std::string real = RealPath(device);
+    auto at = std::find_if(m_Known.begin(), m_Known.end(),
+                           [&](const Known& known) { return known.device == device; });
     if (at == m_Known.end())
-        at = m_Known.insert(at, device);
+        at = std::find_if(m_Known.begin(), m_Known.end(),
+                          [&](const Known& known) { return known.real == real; });
+    else
+        at->real = real;
+    if (at == m_Known.end())
+        at = m_Known.insert(at, {device, real});
     return static_cast<int>(at - m_Known.begin()) + 1;
 }
 
@@ -24,13 +50,12 @@ std::vector<SerialDevice> SystemPortList::List() {
         if (std::filesystem::exists(device, ignored))
             devices.push_back(device);
     }
-    if (!m_OnlyGiven) {
+    if (m_Scope != PortScope::Given) {
         std::vector<std::string> builtIn;
-        for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-            auto& place = info.hasVendorIdentifier() ? devices : builtIn;
-            place.push_back(info.systemLocation().toStdString());
-        }
-        devices.insert(devices.end(), builtIn.begin(), builtIn.end());
+        for (const SystemDevice& device : m_System())
+            (device.isUsb ? devices : builtIn).push_back(device.device);
+        if (m_Scope == PortScope::All)
+            devices.insert(devices.end(), builtIn.begin(), builtIn.end());
     }
     std::vector<SerialDevice> list;
     for (const std::string& device : devices) {
@@ -38,14 +63,14 @@ std::vector<SerialDevice> SystemPortList::List() {
         const bool listed =
             std::any_of(list.begin(), list.end(), [&](const auto& d) { return d.number == number; });
         if (!listed)
-            list.push_back({number, device});
+            list.push_back({number, DeviceOf(number)});
     }
     return list;
 }
 
 std::string SystemPortList::DeviceOf(int number) const {
     const auto index = static_cast<std::size_t>(number) - 1;
-    return index < m_Known.size() ? m_Known[index] : std::string();
+    return index < m_Known.size() ? m_Known[index].device : std::string();
 }
 
 } // namespace qor

@@ -1,7 +1,6 @@
-#include "tools/ui/calculator_dialog.h"
-
-#include "core/ui/form_dialog.h"
-#include "core/ui/text.h"
+#include "desk/ui/form_dialog.h"
+#include "desk/ui/open_dialog.h"
+#include "desk/ui/text.h"
 #include "tools/calculator.h"
 
 #include <QtWidgets>
@@ -57,11 +56,13 @@ private:
     std::vector<Field> m_Fields;
 };
 
-} // namespace
-
-bool OpenCalculator(Program& /*program*/, QWidget* parent) {
+bool OpenCalculator(Program& /*program*/, int /*argument*/, QWidget* parent) {
     CalculatorDialog(parent).exec();
     return true;
 }
+
+const DialogEntry CalculatorEntry("calculator", OpenCalculator);
+
+} // namespace
 
 } // namespace qor::ui

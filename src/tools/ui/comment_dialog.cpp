@@ -1,8 +1,7 @@
-#include "tools/ui/comment_dialog.h"
-
-#include "core/program.h"
-#include "core/ui/form_dialog.h"
-#include "core/ui/text.h"
+#include "desk/program.h"
+#include "desk/ui/form_dialog.h"
+#include "desk/ui/open_dialog.h"
+#include "desk/ui/text.h"
 #include "tools/comment.h"
 
 #include <QtWidgets>
@@ -50,7 +49,7 @@ public:
                 SetText(*text);
         });
         m_Add = AddButton("Addieren", [this] { Add(); });
-        SetText(OpenComment(program.State(), program.Stores()));
+        SetText(OpenComment(program.State().results.device, program.Stores()));
         m_Add->setEnabled(false);
         QObject::connect(m_Text, &QPlainTextEdit::textChanged, this, [this] { OnChange(); });
     }
@@ -84,8 +83,9 @@ private:
 
     /// Shows what was kept: a text that was too long has lost its end.
     void Add() {
-        AddComment(FromDocument(m_Text->document()->toRawText()), m_Program.State(), m_Program.Stores());
-        SetText(ShownComment(m_Program.State().results.g_comment));
+        AddComment(FromDocument(m_Text->document()->toRawText()), m_Program.State().results.device,
+                   m_Program.Stores());
+        SetText(ShownComment(m_Program.State().results.device.Comment()));
         m_Add->setEnabled(false);
     }
 
@@ -94,12 +94,14 @@ private:
     QPushButton* m_Add = nullptr;
 };
 
-} // namespace
-
-bool OpenCommentDialog(Program& program, QWidget* parent) {
+bool OpenCommentDialog(Program& program, int /*argument*/, QWidget* parent) {
     CommentDialog(program, parent).exec();
-    CloseComment(program.State());
+    program.State().curve.Touch(); // the plot lay under the dialog
     return true;
 }
+
+const DialogEntry CommentDialogEntry("comment", OpenCommentDialog);
+
+} // namespace
 
 } // namespace qor::ui

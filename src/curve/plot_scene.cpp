@@ -1,0 +1,214 @@
+#include "curve/plot_scene.h"
+
+#include "bands/catalogue.h"
+#include "base/tenths.h"
+#include "base/text_format.h"
+#include "curve/curve.h"
+#include "curve/plot_ground.h"
+#include "desk/session.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace qor {
+
+namespace {
+
+constexpr Rgb PassGreen = 0x00FF00;
+constexpr Rgb FailRed = 0xCD3700;
+constexpr Rgb DownTextColour = 0xFF3700;
+constexpr Rgb StatusColour = 0x00C8B4;
+constexpr Rgb StampColour = 0x0000FF;
+constexpr Rgb NearlyBlack = 0x000500;
+constexpr double NoLevel = -0.1; ///< a text or maximum that is not below is no level
+
+// shown to the operator: errors of the instrument
+constexpr std::array<std::string_view, 3> ErrorTexts = {
+    "ERR0 - SYNTAX ERROR", "ERR1 - Parameter out of limits.", "ERR2 - PLL not locket."};
+// shown to the operator
+constexpr std::string_view PassText = "Durch";
+// shown to the operator
+constexpr std::string_view FailText = "Misserfolg";
+// shown to the operator
+constexpr std::string_view WorstText = "Meist Posten:";
+// shown to the operator
+constexpr std::string_view PowerTexts[] = {"Power 1:", "Power 2:"};
+
+constexpr std::array<Rgb, 10> Palette = {0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0x128A87,
+                                         0xFF7D19, 0x1E5050, 0xFF0000, 0x00FF00, 0xFF7D96};
+
+double InUnit(const Curve& curve, float level) {
+    return static_cast<double>(level) - (static_cast<double>(curve.scale.Reference()));
+}
+
+/// What the bar stands for: the newest point of the run in progress, the worst one when none is.
+std::optional<float> BarLevel(const Curve& curve, const PlotFacts& facts) {
+    if (!facts.runOn) {
+        double worst = NumberIn(facts.worstLevelText);
+        if (curve.scale.InDbc())
+            worst += static_cast<double>(curve.scale.Carrier());
+        if (worst < NoLevel)
+            return static_cast<float>(worst);
+    }
+    for (const auto row : {curve.ShownDown(curve.Row()), curve.ShownUp(curve.Row())}) {
+        const auto last = std::find_if(row.rbegin(), row.rend(), IsPresent);
+        if (last != row.rend())
+            return *last;
+    }
+    return std::nullopt;
+}
+
+void AddBar(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
+            const PlotFacts& facts) {
+    const auto level = curve.scale.ShowsBar() ? BarLevel(curve, facts) : std::nullopt;
+    const int height = level ? std::min(plot.FreeHeightOf(*level), plot.axis - plot.top - 1) : 0;
+    if (height <= 0)
+        return;
+    const bool over = curve.limit.AlarmOn() && curve.ExceedsLimit(*level);
+    items.emplace_back(PlotBox{plot.left - BarLeft, plot.axis - height, BarWidth, height + 1,
+                               over ? OverLimitRed : PassGreen});
+}
+
+/// Flag on a maximum: its triangle and its text, which is kept on the plot.
+void AddFlag(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
+             const PlotColours& colours, bool down) {
+    const float level = down ? curve.MaxDown().level : curve.MaxUp().level;
+    const auto index =
+        static_cast<std::size_t>(std::max(down ? curve.MaxDown().index : curve.MaxUp().index, 0));
+    if (!(static_cast<double>(level) < NoLevel) || index >= CurvePoints)
+        return;
+    const bool sweep = curve.IsSweep();
+    const double place = sweep ? static_cast<double>(curve.Grid()[index])
+                               : static_cast<double>(index) * curve.TimePerPoint() / 1000.0;
+    std::string text = !sweep ? "Max:<" : down ? "dwMax:<" : "upMax:<";
+    text += Fixed(place, 1) + ", " + Fixed(InUnit(curve, level), 1) + ">";
+
+    const int x = XOfPoint(curve, plot, index);
+    const int y = plot.YOf(level);
+    const int size = TextSize(plot);
+    const int room = static_cast<int>(text.size()) * size * 2 / 3;
+    const int textX = std::max(std::min(x - 8, plot.right - room), plot.left + 2);
+    const int textY = down ? std::min(y + 12, plot.axis - LineHeight(size) - 2)
+                           : std::max(y - 10 - LineHeight(size), plot.top + 2);
+    items.emplace_back(PlotTriangle{x, down ? y + 2 : y - 2, down, true, down ? FailRed : colours.flag});
+    items.emplace_back(PlotText{textX, textY, std::move(text), down ? DownTextColour : colours.frame, size});
+}
+
+void AddMark(std::vector<PlotItem>& items, const MarkerMark& mark, const PlotColours& colours) {
+    const Rgb colour = mark.down ? DownTextColour : colours.frame;
+    if (mark.onPoint)
+        items.emplace_back(
+            PlotTriangle{mark.x, mark.down ? mark.y + 2 : mark.y - 2, mark.down, false, colour});
+    items.emplace_back(
+        PlotText{mark.labelX, mark.labelY, "M" + std::to_string(mark.marker + 1), colour, MarkerSize});
+}
+
+void AddStatusTexts(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
+                    const PlotFacts& facts) {
+    if (const std::string& worst = curve.WorstText(); !worst.empty() && worst != "-300") {
+        const bool announced = facts.tagEndless && NumberIn(worst) < 0.0;
+        std::string text = announced ? Translated(facts, WorstText) + " " + worst : worst;
+        if (text.ends_with(NotFromData))
+            text.replace(text.size() - NotFromData.size(), NotFromData.size(),
+                         Translated(facts, NotFromData));
+        const int y = std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot)));
+        items.emplace_back(PlotText{plot.left, y, std::move(text), StatusColour, TextSize(plot)});
+    }
+    const bool powered = facts.bandSelected && (facts.power1 >= 0.1 || facts.power2 >= 0.1);
+    if (powered && !facts.g_calDisplay)
+        items.emplace_back(PlotText{plot.left + 2, plot.top + 20,
+                                    Translated(facts, PowerTexts[0]) + " " + Fixed(facts.power1, 1) +
+                                        "dBm  " + Translated(facts, PowerTexts[1]) + " " +
+                                        Fixed(facts.power2, 1) + "dBm",
+                                    StatusColour, TextSize(plot)});
+}
+
+std::string_view ErrorText(int verdict) {
+    return ErrorTexts[static_cast<std::size_t>(verdict - VerdictSyntaxError)];
+}
+
+/// The verdict of the run over the upper right of the plot; an error of the instrument over all its width.
+void AddStamp(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
+              const PlotFacts& facts) {
+    const int verdict = curve.verdict.Value();
+    const int textY = plot.top + 4 * plot.marginY - 20;
+    const bool stamped = curve.limit.AlarmOn() && curve.limit.StampOn();
+    if (IsInstrumentError(verdict)) {
+        // The upper part of a tall plot; never less than the rows of a stamp.
+        const int last = std::max(plot.axis - 500, plot.top + 89);
+        items.emplace_back(PlotBox{plot.left + 1, plot.top + 1, plot.Span() - 1, last - plot.top, FailRed});
+        if (stamped)
+            items.emplace_back(PlotText{(plot.left + plot.right) / 2, textY,
+                                        Translated(facts, ErrorText(verdict)), StampColour, StampSize,
+                                        PlotAlign::Centre, plot.Span() - 16, PlotFont::Stamp});
+        return;
+    }
+    const bool passed = verdict > 1000;
+    const bool failed = verdict >= 1 && verdict <= 999;
+    if (!stamped || facts.g_calDisplay || !(passed || failed))
+        return;
+    const int left = plot.right * 3 / 4;
+    const int width = plot.right - left;
+    const std::string indent = facts.narrowScreen ? "" : passed ? "    " : " ";
+    std::string text = indent + Translated(facts, passed ? PassText : FailText);
+    items.emplace_back(PlotBox{left, plot.top + 5, width, 85, passed ? PassGreen : FailRed});
+    items.emplace_back(PlotText{left + width / 2, textY, std::move(text), StampColour, StampSize,
+                                PlotAlign::Centre, width - 16, PlotFont::Stamp});
+}
+
+} // namespace
+
+int TextSize(const PlotGeometry& plot) {
+    return std::clamp(plot.height / 40, 15, 20);
+}
+
+PlotColours ColoursOf(PlotLook look, bool printMode) {
+    const Rgb grid = printMode ? 0x000000 : 0x808A87;
+    if (look == PlotLook::Screen)
+        return {0x000000, 0xFFFFFF, 0xFFFF00, printMode ? NearlyBlack : 0xFFFF00, grid};
+    return {0xFFFFFF, 0x190505, 0xFF00FF, printMode ? NearlyBlack : 0xFF00FF, grid};
+}
+
+Rgb TraceColour(std::size_t run, bool printMode) {
+    const std::size_t entry = run % Palette.size();
+    return printMode && entry == 0 ? NearlyBlack : Palette[entry];
+}
+
+PlotFacts FactsOf(const Session& session) {
+    PlotFacts facts;
+    facts.runOn = session.run.IsOn();
+    facts.tagEndless = session.runs.IsContinuous();
+    facts.bandSelected = session.working.Band() != BandNone;
+    facts.power1 = NumberIn(session.working.Power1()) / 10.0;
+    facts.power2 = NumberIn(session.working.Power2()) / 10.0;
+    if (const auto worst = ShownWorstLevel(session.curve))
+        facts.worstLevelText = Fixed(static_cast<double>(*worst), 1);
+    return facts;
+}
+
+PlotScene BuildScene(const Curve& curve, const PlotGeometry& plot, const PlotFacts& facts) {
+    PlotScene scene;
+    scene.ground.reserve(80);
+    AddGround(scene.ground, curve, plot, facts);
+    const PlotColours colours = ColoursOf(facts.look, facts.m_PrintMode);
+    AddBar(scene.front, curve, plot, facts);
+    if (!facts.g_calDisplay) {
+        AddFlag(scene.front, curve, plot, colours, false);
+        if (curve.IsSweep())
+            AddFlag(scene.front, curve, plot, colours, true);
+    }
+    for (const MarkerMark& mark : facts.marks)
+        AddMark(scene.front, mark, colours);
+    AddStatusTexts(scene.front, curve, plot, facts);
+    AddStamp(scene.front, curve, plot, facts);
+    return scene;
+}
+
+std::size_t TracePoints(const Curve& curve) {
+    if (curve.IsSweep())
+        return std::min(curve.Steps(), CurvePoints);
+    return std::min(curve.LastPoint() + 2, CurvePoints);
+}
+
+} // namespace qor

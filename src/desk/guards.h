@@ -1,0 +1,17 @@
+#pragma once
+
+#include "base/outcome.h"
+
+namespace qor {
+
+struct Platform;
+struct Session;
+
+/// Refused while a measurement is running.
+Outcome RunIsOff(const Session& session);
+/// Refused while the port is closed.
+Outcome PortIsOpen(const Platform& platform);
+/// Refused while the instrument is not ready and the shown curve came from a file: its set-up is the file's.
+Outcome MayChangeSetup(const Session& session);
+
+} // namespace qor

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+namespace qor {
+
+struct Session;
+
+/// The one lamp of the form.
+enum class Lamp {
+    NotReady, ///< red: a start would be refused, there is no instrument or its initialisation is under way
+    Running,
+    Ready, ///< green
+};
+
+/// What the operator sees on the panel. Nothing keeps one, and nothing is decided by its texts.
+struct Panel {
+    std::string m_Band_sel;
+    std::string m_IM_sel;
+    std::string m_Mode_sel;
+    std::string m_Path_sel;
+    std::string m_SweepKind_text;
+    std::string m_f1_text;
+    std::string m_f2_text;
+    std::string m_fIM_text;
+    std::string m_ReadingText; ///< level read last, in the unit shown
+    std::string m_WorstFreqText;
+    std::string m_WorstLevelText;
+    std::string m_AlarmText;
+    std::string m_lossInfo; ///< compensation and cable loss, empty until one is set
+    std::string unit;
+    Lamp lamp = Lamp::NotReady;
+    bool portButtonShown = false;
+    bool portListShown = false;
+    bool menuShown = true; ///< an operator goes without the menu bar
+};
+
+[[nodiscard]] Panel PanelOf(const Session& session);
+
+} // namespace qor

@@ -1,0 +1,193 @@
+#include "desk/program.h"
+
+#include "base/text_format.h"
+#include "curve/curve.h"
+#include "desk/band_plot.h"
+#include "desk/dbc_reference.h"
+#include "desk/setup/path_loss.h"
+#include "desk/startup.h"
+#include "link/commands.h"
+#include "platform/launcher.h"
+#include "platform/operator.h"
+#include "platform/serial_control.h"
+#include "platform/timers.h"
+#include "tools/side_tool.h"
+
+namespace qor {
+
+namespace {
+
+constexpr int QuitCode = 16;
+/// Ticks of the closing timer after which what waits is dropped: an instrument that is gone must not keep the
+/// program from ending.
+constexpr int LongestClose = 7;
+
+} // namespace
+
+Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
+    : m_Platform(platform), m_Store(std::move(dataDirectory)),
+      m_Receiver(m_Store, platform.visa, platform.sensor), m_Files(m_Session, m_Platform, m_Store),
+      m_List(m_Session, m_Files, m_Store),
+      m_Markers(m_Session), m_Line{m_Platform.comm, m_Platform.ports, m_Platform.timers, m_Platform.clock},
+      m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
+      m_Activation(m_Session.working, m_Session.link.queue, m_Store),
+      m_Init(m_Session.link, m_Session.working, m_Channel, m_Activation, m_Line, *this, *this),
+      m_Connection(m_Session.link, m_Session.working, m_Line, m_Channel, m_Init, *this, *this),
+      m_Instrument(m_Session.link, m_Session.working, m_Platform.comm, m_Channel, m_Init, *this),
+      m_Sources(m_Session.receiver, m_Receiver),
+      m_Measurement({m_Session.run, m_Session.runs, m_Session.working, m_Session.interBand, m_Session.link,
+                     m_Session.curve, m_Session.readout, m_Sources},
+                    m_Platform, m_Store, m_Channel, m_Instrument, *this),
+      m_StartButton(m_Session, m_Platform, m_Measurement, m_Connection),
+      m_Selection(m_Session, m_Platform, m_Store, m_Instrument, m_Connection),
+      m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }) {
+    WindowTimers& timers = m_Platform.timers;
+    timers.OnTick(MarkerTimer, [this] { m_Markers.OnMarkerTimer(); });
+    for (const int timer : {SlowBeepTimer, FastBeepTimer, UnderBeepTimer})
+        timers.OnTick(timer, [this, timer] { OnBeepTimer(timer, m_Session.alarm, m_Platform); });
+    m_Platform.comm.SetHandler([this] { m_Channel.OnComm(); });
+}
+
+Program::~Program() {
+    for (const int timer : {int{MarkerTimer}, int{SlowBeepTimer}, int{FastBeepTimer}, int{UnderBeepTimer}})
+        m_Platform.timers.OnTick(timer, {});
+    m_Platform.comm.SetHandler({});
+}
+
+void Program::Start(bool keepLastSession) {
+    if (!keepLastSession)
+        ForgetLastSession(m_Store);
+    LoadStores(m_Session, m_Store);
+    m_Channel.LookForOldMark();
+    m_Connection.Begin();
+    m_Platform.timers.SetTimer(MarkerTimer, MarkerPeriod);
+}
+
+void Program::SearchNow() {
+    m_Connection.OnSearchTimer();
+}
+
+bool Program::LineIsIdle() const {
+    return qor::LineIsIdle(m_Session.link);
+}
+
+bool Program::IsReady() const {
+    const LinkState& link = m_Session.link;
+    return m_Platform.comm.GetPortOpen() && link.chain.IsPastBand() && link.chain.IsReady() && LineIsIdle();
+}
+
+void Program::ErrorReply(InstrumentError error) {
+    static constexpr Verdict Verdicts[] = {VerdictSyntaxError, VerdictOutOfRange, VerdictPllNotLocked};
+    m_Session.curve.verdict.Take(Verdicts[static_cast<std::size_t>(error)]);
+}
+
+void Program::ReplyTime(int ms) {
+    if (m_Session.curve.ReplyTime() == 0)
+        m_Session.curve.NoteReplyTime(ms);
+}
+
+void Program::BandActivated(bool byOperator) {
+    // A run that a lost line cut short can still be saved.
+    if (byOperator || !m_Session.curve.HoldsPoints())
+        ShowWorkingSet(m_Session);
+    if (!m_Session.curve.IsFromFile()) // a file has a reference of its own
+        FollowBandPower(m_Session, m_Platform, m_Store);
+}
+
+void Program::Initialised() {
+    // The grid of the band stays, the empty plot has its axis from it; and so does a run cut short by a lost
+    // line.
+    if (!m_Session.curve.HoldsPoints())
+        m_Session.curve.verdict.Take(VerdictNone);
+    m_Measurement.InstrumentIsReady();
+}
+
+void Program::Tell(const Outcome& outcome) {
+    m_Platform.user.Message(outcome.Text());
+}
+
+/// The losses the operator has set are in force again behind a shown file.
+void Program::RunBegins() {
+    RestorePathLoss(m_Session, m_Store);
+    FollowBandPower(m_Session, m_Platform, m_Store);
+    ClearMarkers(m_Session.markers);
+}
+
+/// The run that has just ended becomes the next numbered file of the series, and stands in the list.
+bool Program::SaveNumbered() {
+    ResultState& results = m_Session.results;
+    const std::filesystem::path path = results.autoSave.NumberedFile(
+        results.list.NextNumber(), m_Session.run.Record().method == ModeTwoTone, m_Store.Directory());
+    if (!m_Files.DataSave(path))
+        return false;
+    results.list.AddNumbered(path);
+    return true;
+}
+
+Outcome Program::OnExitButton() {
+    if (m_Session.run.IsOn())
+        return Outcome::Refused("Sich?\nHalten Messung erst!");
+    if (m_Leaving || !m_Platform.user.Ask("Sich?", "Sich"))
+        return Outcome::Refused({});
+    Leave();
+    return Outcome::Done();
+}
+
+bool Program::Restart(bool keepSession) {
+    if (m_Session.run.IsOn() || !m_Platform.launcher)
+        return false;
+    m_Platform.launcher->RestartAfterEnd(keepSession);
+    Leave();
+    return true;
+}
+
+void Program::Leave() {
+    if (m_Leaving)
+        return;
+    m_Leaving = true;
+    m_Connection.StopSearch();
+    m_Init.Abort();
+    m_Measurement.Abandon(); // one that waited for its turn or for the instrument, too
+    m_Channel.PauseStatusPoll();
+    m_Receiver.Close();
+    m_CloseTicks = 0;
+    m_CloseTimer.Start(ClosePeriod);
+}
+
+/// Waits for the queue, switches the carriers off, and ends, whatever the line does.
+void Program::OnCloseTimer() {
+    CMSComm& comm = m_Platform.comm;
+    LinkState& link = m_Session.link;
+    ++m_CloseTicks;
+    const bool isOurs = link.identity.HasModel() || link.connection.InstrumentAnswered();
+    if (!m_CarriersOff && isOurs && !comm.GetPortOpen()) {
+        comm.SetPortOpen(true); // closed by hand: the instrument may still be carrying
+        link.chain.Abort();     // its echoes begin no new chain
+    }
+    if (!comm.GetPortOpen() || !isOurs) {
+        Quit();
+    } else if (m_CloseTicks >= LongestClose) {
+        m_Channel.SwitchOffAtEnd();
+        Quit();
+    } else if (LineIsIdle()) {
+        if (m_CarriersOff) {
+            Quit();
+            return;
+        }
+        m_CarriersOff = true;
+        link.queue.Append(command::Tone2Off);
+        link.queue.Append(command::Tone1Off);
+        m_Channel.Start();
+    }
+}
+
+void Program::Quit() {
+    m_Channel.SwitchOffNow();
+    m_Platform.timers.KillAll();
+    m_Platform.comm.SetPortOpen(false);
+    RemoveSideTool(m_Store);
+    if (m_Quit)
+        m_Quit(QuitCode);
+}
+
+} // namespace qor

@@ -1,0 +1,129 @@
+#pragma once
+
+#include "base/setup_store.h"
+#include "curve/markers.h"
+#include "desk/selection.h"
+#include "desk/session.h"
+#include "desk/start_button.h"
+#include "link/band_activation.h"
+#include "link/channel.h"
+#include "link/connection.h"
+#include "link/initialisation.h"
+#include "link/instrument_selection.h"
+#include "link/run_control.h"
+#include "link/run_mark.h"
+#include "measure/measurement.h"
+#include "platform/platform.h"
+#include "platform/timers.h"
+#include "receivers/level_source.h"
+#include "receivers/receiver_access.h"
+#include "results/list_panel.h"
+#include "results/result_files.h"
+
+#include <filesystem>
+#include <functional>
+
+namespace qor {
+
+inline constexpr int CloseQOR = 29;     ///< timer of the program's end
+inline constexpr int ClosePeriod = 200; ///< ms
+
+/// One engine wired to one set of platform parts. Everything the operator can do without a window starts
+/// from its members; timers, port events and commands come in one at a time.
+class Program final : private LinkEvents, private RunControl, private RunEvents {
+public:
+    Program(const Platform& platform, std::filesystem::path dataDirectory);
+    ~Program() override;
+
+    /// Reads the stores and starts the search for the instrument; nothing is sent before its first tick.
+    /// With `keepLastSession` the choices of the last session stay in force.
+    void Start(bool keepLastSession);
+    /// Searches at once, without the wait of an ordinary start.
+    void SearchNow();
+    /// Lets queued commands out over a port that was opened by hand.
+    void StartLine() { m_Channel.Start(); }
+
+    /// The start button.
+    void OnMeasButton() { m_StartButton.Press(); }
+    void StopMeas() { m_Measurement.Stop(); }
+    /// A run that was asked for and has not begun does not begin any more.
+    void DropStart() { m_Measurement.DropStart(); }
+    /// What ends the application once the program has ended in order.
+    void SetQuit(std::function<void(int exitCode)> quit) { m_Quit = std::move(quit); }
+    /// The exit button: refused during a run, asks otherwise; then Leave.
+    Outcome OnExitButton();
+    /// Ends in order: carriers off, port closed, `quit`.
+    void Leave();
+    /// Leaves, unasked, and has the program started anew. False during a run, or when nobody can start it.
+    bool Restart(bool keepSession);
+    /// True from the exit button on.
+    [[nodiscard]] bool IsLeaving() const { return m_Leaving; }
+    /// The status poll of an idle link, in case nothing has armed it yet.
+    void ArmStatusPoll() { m_Channel.ArmStatusPoll(); }
+
+    /// True once the chain from power-on is over and nothing is queued or under way.
+    [[nodiscard]] bool IsReady() const;
+    /// True when nothing is queued and no reply is awaited.
+    [[nodiscard]] bool LineIsIdle() const;
+
+    [[nodiscard]] Session& State() { return m_Session; }
+    [[nodiscard]] const Session& State() const { return m_Session; }
+    [[nodiscard]] SetupStore& Stores() { return m_Store; }
+    [[nodiscard]] const SetupStore& Stores() const { return m_Store; }
+    [[nodiscard]] Selection& Select() { return m_Selection; }
+    [[nodiscard]] InstrumentSelection& Instrument() { return m_Instrument; }
+    [[nodiscard]] Connection& Link() { return m_Connection; }
+    [[nodiscard]] ResultFiles& Files() { return m_Files; }
+    [[nodiscard]] ListPanel& List() { return m_List; }
+    [[nodiscard]] Markers& Marks() { return m_Markers; }
+    [[nodiscard]] const Platform& Parts() const { return m_Platform; }
+
+private:
+    void OnCloseTimer();
+    void Quit();
+
+    void BeforeSend() override { m_Measurement.BeforeSend(); }
+    void LineIdle() override { m_Measurement.LineIdle(); }
+    void LevelReply(const Reading& level) override { m_Measurement.Reply(level); }
+    void ErrorReply(InstrumentError error) override;
+    void ReplyTime(int ms) override;
+    void BandActivated(bool byOperator) override;
+    void Initialised() override;
+    void Tell(const Outcome& outcome) override;
+    [[nodiscard]] bool IsRunOn() const override { return m_Session.run.IsOn(); }
+    [[nodiscard]] bool InstrumentListens() const override { return m_Session.receiver.InstrumentListens(); }
+    void AbandonRun() override { m_Measurement.Abandon(); }
+    void StartWasRefused(const Outcome& outcome) override { Tell(outcome); }
+    void RunBegins() override;
+    bool SaveNumbered() override;
+    void RunIsAskedFor() override { StartBeeper(m_Session, m_Platform); }
+    void LevelIsShown() override { LevelShown(m_Session); }
+    void RunIsOver() override { StopBeeper(m_Platform); }
+
+    Platform m_Platform;
+    Session m_Session;
+    SetupStore m_Store;
+    ReceiverAccess m_Receiver;
+    ResultFiles m_Files;
+    ListPanel m_List;
+    Markers m_Markers;
+    LinkParts m_Line;
+    RunMark m_RunMark;
+    Channel m_Channel;
+    BandActivation m_Activation;
+    Initialisation m_Init;
+    Connection m_Connection;
+    InstrumentSelection m_Instrument;
+    LevelSources m_Sources;
+    Measurement m_Measurement;
+    StartButton m_StartButton;
+    Selection m_Selection;
+    Timer m_CloseTimer;
+
+    std::function<void(int)> m_Quit;
+    int m_CloseTicks = 0;
+    bool m_CarriersOff = false;
+    bool m_Leaving = false;
+};
+
+} // namespace qor

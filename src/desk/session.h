@@ -1,0 +1,42 @@
+#pragma once
+
+#include "curve/alarm.h"
+#include "curve/curve.h"
+#include "curve/marker_state.h"
+#include "curve/readout.h"
+#include "desk/appearance.h"
+#include "desk/user_modes.h"
+#include "link/inter_band_mode.h"
+#include "link/link_state.h"
+#include "link/working_set.h"
+#include "measure/run.h"
+#include "receivers/receiver_state.h"
+#include "results/result_state.h"
+
+namespace qor {
+
+/// All state of one session. Plain data: every rule lives in the rooms that own the fields.
+struct Session {
+    WorkingSet working;
+    LinkState link;
+    Run run;
+    RunSettings runs;
+    InterBandMode interBand;
+    Curve curve;
+    AlarmState alarm;
+    MarkerState markers;
+    ResultState results;
+    ReceiverState receiver;
+    UserState user;
+    Readout readout;
+    AppearanceState appearance;
+    bool lossInfoShown = false; ///< the line about compensation and cable loss, once one was set
+    bool g_factoryMode = false; ///< the maker's own commands are offered
+};
+
+/// True once the chain from power-on is over: a run can begin.
+[[nodiscard]] inline bool IsInitialised(const Session& session) {
+    return IsInitialised(session.link);
+}
+
+} // namespace qor

@@ -1,0 +1,157 @@
+#include "desk/setup/path_loss.h"
+
+#include "bands/catalogue.h"
+#include "bands/records.h"
+#include "bands/rx_loss.h"
+#include "base/setup_store.h"
+#include "base/tenths.h"
+#include "base/text_format.h"
+#include "curve/curve.h"
+#include "curve/markers.h"
+#include "desk/level_unit.h"
+#include "desk/session.h"
+#include "platform/operator.h"
+#include "platform/platform.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <system_error>
+
+namespace qor {
+
+namespace {
+
+constexpr int HighestTenths = 460; ///< 46.0 dBm
+constexpr int LossDigits = 4;      ///< of each of the two stores
+/// A table has 65 characters; what is much longer was chosen by mistake.
+constexpr std::uintmax_t LongestTable = 65536;
+
+bool InRange(double loss) {
+    return loss >= 0 && loss <= HighestPathLoss;
+}
+
+/// Powers of the selected band in dBm; those of the session where its store holds none.
+void TakeStoredPowers(Session& session, SetupStore& store) {
+    const BandInfo* const band = FindBand(session.working.Band());
+    if (!band)
+        return;
+    const auto values = store.ReadTenths(PowerStoreName(band->prefix), 2);
+    if (values.empty())
+        return;
+    const PowerSetting power = ParsePower(values);
+    session.working.SetPower(power);
+}
+
+/// In dBc the reference is the power of tone 1 that reaches the device.
+void FollowPathLoss(const BandInfo& band, Session& session, SetupStore& store) {
+    if (!session.curve.scale.InDbc())
+        return;
+    const double tone1 = NumberIn(ReadPowerStore(store, band.prefix).tone1) / 10.0;
+    SetCarrier(static_cast<float>(tone1) - session.working.PowerOffset(), session);
+}
+
+/// What a tone would be with its compensation fits the instrument. Rounded as band activation does, so that
+/// it never refuses what was accepted here.
+bool Compensable(const std::string& stored, double compensation) {
+    const double dBm = NumberIn(stored) / 10.0 + compensation;
+    return dBm < 100 && ToTenths(dBm) <= HighestTenths;
+}
+
+std::optional<std::string> TableIn(const std::filesystem::path& path) {
+    std::error_code failed;
+    if (!std::filesystem::is_regular_file(path, failed) ||
+        std::filesystem::file_size(path, failed) > LongestTable || failed)
+        return std::nullopt;
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+} // namespace
+
+Outcome ApplyPathLoss(double port1, double port2, Session& session, SetupStore& store) {
+    if (LacksSecondPort(store))
+        port2 = 0;
+    if (!InRange(port1) || !InRange(port2))
+        return Outcome::Refused("Bereich: 0-9.9");
+    const BandInfo* const band = FindBand(session.working.Band());
+    if (session.curve.scale.InDbc() && !band)
+        return Outcome::Refused("Auswaehlen Breite");
+    session.working.SetPathLosses(static_cast<float>(port1), static_cast<float>(port2));
+    if (band)
+        FollowPathLoss(*band, session, store);
+    store.Write("pathloss.ccz", ZeroPadded(CutTenths(port1), LossDigits));
+    store.Write("pathloss2.ccz", ZeroPadded(CutTenths(port2), LossDigits));
+    return Outcome::Done();
+}
+
+Outcome SetPort2Loss(double port2, Session& session) {
+    if (!InRange(port2))
+        return Outcome::Refused(port2 > HighestPathLoss ? "Bereich: 0-9.9"
+                                                        : "The minimum value of not less than 0dbm");
+    session.working.SetPort2Loss(static_cast<float>(port2));
+    session.lossInfoShown = true;
+    return Outcome::Done();
+}
+
+void DropPathLoss(Session& session) {
+    session.working.PutLossesAside();
+}
+
+void RestorePathLoss(Session& session, SetupStore& store) {
+    if (!session.working.TakeLossesBack())
+        return;
+    if (const BandInfo* const band = FindBand(session.working.Band()))
+        FollowPathLoss(*band, session, store);
+}
+
+std::string CompensationTitle(Session& session, SetupStore& store) {
+    constexpr std::size_t Column = 15;
+    TakeStoredPowers(session, store);
+    const WorkingSet& working = session.working;
+    const double atDevice =
+        NumberIn(working.Power1()) / 10.0 - static_cast<double>(working.OperatorsLosses().powerOffset);
+    std::string title = Fixed(atDevice, 1) + "dBm";
+    if (title.size() < Column)
+        title.append(Column - title.size(), ' ');
+    return title + Fixed(NumberIn(working.Power2()) / 10.0, 1) + "dBm";
+}
+
+Outcome ApplyCompensation(std::string_view f1, std::string_view f2, Session& session, SetupStore& store) {
+    constexpr double Refused = -1;
+    WorkingSet& working = session.working;
+    const double dB1 = EnteredNumber(f1).value_or(Refused);
+    const double dB2 = EnteredNumber(f2).value_or(Refused);
+    if (dB1 < 0)
+        return Outcome::Refused("f1The minimum value of not less than 0dbm");
+    if (dB2 < 0)
+        return Outcome::Refused("f2The minimum value of not less than 0dbm");
+    TakeStoredPowers(session, store);
+    if (!Compensable(working.Power1(), dB1))
+        return Outcome::Refused("f1The maximum value cannot be greater than 46dbm");
+    if (!Compensable(working.Power2(), dB2))
+        return Outcome::Refused("f2The maximum value cannot be greater than 46dbm");
+    working.SetCompensation(std::string(f1), std::string(f2));
+    ClearPlot(session);
+    RestorePathLoss(session, store);
+    session.lossInfoShown = true;
+    session.curve.Clear(Curve::Content::Levels);
+    session.curve.Touch();
+    return Outcome::Done();
+}
+
+Outcome LoadRxLoss(Session& session, const Platform& platform, SetupStore& store) {
+    const auto chosen = platform.user.FilesToOpen("Load Rx Loss", store.Directory(), "*.conf");
+    if (chosen.empty())
+        return Outcome::Refused({});
+    const auto table = TableIn(chosen.front());
+    if (!table || !store.Write("loss.conf", *table))
+        return Outcome::Refused("Oeffnen file Misserfolg");
+    session.working.SetRxLosses(ParseRxLoss(std::string_view(*table).substr(0, LongestRxLoss)));
+    return Outcome::Done();
+}
+
+} // namespace qor

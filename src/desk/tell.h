@@ -1,0 +1,15 @@
+#pragma once
+
+#include "base/outcome.h"
+#include "platform/operator.h"
+
+namespace qor {
+
+/// Gives the operator what an outcome has to say; true when it was done.
+inline bool Tell(const Outcome& outcome, Operator& user) {
+    if (!outcome.Text().empty())
+        user.Message(outcome.Text(), outcome.Title());
+    return outcome.IsDone();
+}
+
+} // namespace qor

@@ -1,0 +1,150 @@
+#include "desk/ui/form_dialog.h"
+
+#include "desk/ui/text.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+constexpr int FrameButtons = 130; ///< pixels beside the title on a window's frame
+
+} // namespace
+
+FormDialog::FormDialog(std::string_view title, QWidget* parent)
+    : QDialog(parent), m_Column(new QVBoxLayout), m_Fault(new QLabel) {
+    setWindowTitle(Tr(title));
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + FrameButtons);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto* whole = new QVBoxLayout(this);
+    whole->addLayout(m_Column);
+    m_Fault->setObjectName("fault");
+    m_Fault->setWordWrap(true);
+    m_Fault->hide();
+    whole->addWidget(m_Fault);
+}
+
+QFormLayout* FormDialog::AddGroup(std::string_view caption) {
+    auto* form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    if (caption.empty()) {
+        m_Column->addLayout(form);
+        return form;
+    }
+    auto* group = new QGroupBox(Tr(caption));
+    group->setLayout(form);
+    m_Column->addWidget(group);
+    return form;
+}
+
+QLineEdit* FormDialog::AddField(QFormLayout* form, std::string_view caption, const QString& text,
+                                std::string_view unit, std::string_view tip) {
+    auto* field = new QLineEdit(text);
+    field->setAccessibleName(Tr(caption).trimmed());
+    if (!tip.empty())
+        field->setToolTip(Tr(tip));
+    auto* label = new QLabel(Tr(caption));
+    label->setBuddy(field);
+    if (unit.empty()) {
+        form->addRow(label, field);
+        return field;
+    }
+    auto* row = new QHBoxLayout;
+    row->addWidget(field);
+    row->addWidget(new QLabel(Tr(unit)));
+    form->addRow(label, row);
+    return field;
+}
+
+QCheckBox* FormDialog::AddCheck(QFormLayout* form, std::string_view caption, bool on, std::string_view tip) {
+    auto* box = new QCheckBox(Tr(caption));
+    box->setChecked(on);
+    if (!tip.empty())
+        box->setToolTip(Tr(tip));
+    form->addRow(box);
+    return box;
+}
+
+void FormDialog::AddButtons(std::string_view okay, std::string_view cancel) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    auto* ok = new QPushButton(Tr(okay));
+    ok->setDefault(true);
+    QObject::connect(ok, &QPushButton::clicked, this, [this] { accept(); });
+    row->addWidget(ok);
+    if (!cancel.empty()) {
+        auto* no = new QPushButton(Tr(cancel));
+        no->setAutoDefault(false);
+        QObject::connect(no, &QPushButton::clicked, this, [this] { reject(); });
+        row->addWidget(no);
+    }
+    m_ButtonRow = row;
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+QPushButton* FormDialog::AddButton(std::string_view caption, std::function<void()> pressed) {
+    auto* button = new QPushButton(Tr(caption));
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, this, std::move(pressed));
+    static_cast<QHBoxLayout*>(m_ButtonRow)->insertWidget(m_LeftButtons++, button);
+    return button;
+}
+
+void FormDialog::MarkField(QWidget* field, bool wrong, const QString& why, bool focus) {
+    field->setProperty("wrong", wrong);
+    field->style()->unpolish(field); // the style sheet looks at the property
+    field->style()->polish(field);
+    if (wrong) {
+        field->setToolTip(why);
+        field->setAccessibleDescription(why);
+        m_Fault->setText(why);
+        m_Fault->setVisible(!why.isEmpty());
+        if (focus)
+            field->setFocus(Qt::OtherFocusReason);
+    } else {
+        field->setToolTip({});
+        field->setAccessibleDescription({});
+        m_Fault->hide();
+    }
+}
+
+double FormDialog::NumberOf(QLineEdit* field, bool& ok) {
+    bool isNumber = false;
+    const double number = QLocale::c().toDouble(field->text().trimmed(), &isNumber);
+    if (isNumber) {
+        MarkField(field, false);
+        return number;
+    }
+    ok = false;
+    Refuse(field, Tr("ist keine Zahl. Bitte mit Dezimalpunkt eingeben."));
+    return 0;
+}
+
+int FormDialog::WholeNumberOf(QLineEdit* field, int low, int high, bool& ok) {
+    bool isNumber = false;
+    const int number = QLocale::c().toInt(field->text().trimmed(), &isNumber);
+    if (isNumber && number >= low && number <= high) {
+        MarkField(field, false);
+        return number;
+    }
+    ok = false;
+    Refuse(field, Tr("braucht eine ganze Zahl:") + QStringLiteral(" %1 .. %2").arg(low).arg(high));
+    return low;
+}
+
+/// The first field that is refused takes the focus; what was typed stays, selected.
+void FormDialog::Refuse(QLineEdit* field, const QString& why) {
+    QString name = field->accessibleName().trimmed();
+    while (name.endsWith(':'))
+        name.chop(1);
+    field->selectAll();
+    MarkField(field, true, name + ' ' + why, true);
+}
+
+void FormDialog::accept() {
+    if (!m_Accept || m_Accept())
+        QDialog::accept();
+}
+
+} // namespace qor::ui

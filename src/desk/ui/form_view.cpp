@@ -1,0 +1,407 @@
+#include "desk/ui/form_view.h"
+
+#include "curve/alarm.h"
+#include "curve/ui/curve_wnd.h"
+#include "desk/commands.h"
+#include "desk/program.h"
+#include "desk/ui/pictures.h"
+#include "desk/ui/text.h"
+#include "platform/serial_control.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+// shown to the operator
+constexpr std::string_view MarkerTitles[] = {"----- Marker 1 ------", "----- Marker 2 ------",
+                                             "----- Marker 3 ------"};
+
+/// Text into a field unless it stands there; a field that is being typed in is left alone.
+void Show(QLineEdit* field, const QString& text) {
+    if (field->text() != text && !(field->hasFocus() && field->isModified()))
+        field->setText(text);
+}
+
+void Show(QLabel* label, const QString& text) {
+    if (label->text() != text)
+        label->setText(text);
+}
+
+/// A property that the style sheet looks at. A fitted font outlives the new look.
+void SetFlag(QWidget* widget, const char* name, bool on) {
+    if (widget->property(name).toBool() == on)
+        return;
+    const QFont font = widget->font();
+    widget->setProperty(name, on);
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
+    widget->setFont(font);
+}
+
+} // namespace
+
+CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget* parent)
+    : QWidget(parent), m_Program(program), m_Commands(commands), m_Curve(new CCurveWnd(program, this)) {
+    setObjectName(QStringLiteral("panel"));
+    setAttribute(Qt::WA_StyledBackground);
+    setMinimumSize(100, 40);
+    BuildCells();
+    BuildBoxes();
+    BuildColumn();
+    BuildMarkers();
+    BuildButtons();
+    SetTabOrder();
+    m_Settled.setSingleShot(true);
+    QObject::connect(&m_Settled, &QTimer::timeout, this, [this] { m_LayoutDone = true; });
+}
+
+/// A text of the panel that is only read; its name is that of its field.
+QLineEdit* CTestSDIFormView::AddText(std::string_view name, QWidget* parent) {
+    auto* text = new QLineEdit(parent ? parent : this);
+    text->setAccessibleName(Plain(name));
+    text->setReadOnly(true);
+    text->setFrame(false);
+    text->setFocusPolicy(Qt::NoFocus);
+    text->setAlignment(Qt::AlignCenter);
+    text->setContextMenuPolicy(Qt::NoContextMenu);
+    return text;
+}
+
+QPushButton* CTestSDIFormView::AddButton(std::string_view caption, std::string_view tip,
+                                         std::function<void()> pressed) {
+    auto* button = new QPushButton(Tr(caption), this);
+    button->setAccessibleName(Tr(caption));
+    if (!tip.empty())
+        button->setToolTip(Tr(tip));
+    QObject::connect(button, &QPushButton::clicked, this,
+                     [this, what = std::move(pressed)] { Pressed(what); });
+    return button;
+}
+
+void CTestSDIFormView::Pressed(const std::function<void()>& what) {
+    if (m_Program.IsLeaving())
+        return;
+    LeaveFields();
+    what();
+    if (m_AfterCommand)
+        m_AfterCommand();
+}
+
+void CTestSDIFormView::BuildCells() {
+    m_ScaleUp = AddButton("+", "Pegelachse vergroessern", [this] { m_Commands.Run("scale_step", 1); });
+    m_ScaleDown = AddButton("-", "Pegelachse verkleinern", [this] { m_Commands.Run("scale_step", 0); });
+    for (QPushButton* button : {m_ScaleUp, m_ScaleDown}) {
+        button->setObjectName(QStringLiteral("small"));
+        button->setAutoRepeat(true);
+    }
+    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
+        m_ListRow[row] = AddText("m_FileRow" + std::to_string(row + 1));
+        m_ListRow[row]->setObjectName(QStringLiteral("listRow"));
+        m_ListRow[row]->setFocusPolicy(Qt::StrongFocus);
+        m_ListRow[row]->installEventFilter(this);
+    }
+    // shown to the operator
+    static constexpr std::pair<std::string_view, std::string_view> Buttons[] = {
+        {"|<", "Zum Anfang der Liste"},
+        {"<<", "Einen Eintrag zurueck"},
+        {">>", "Einen Eintrag weiter"},
+        {">|", "Zum Ende der Liste"},
+        {"X", "Eintrag aus der Liste nehmen"}};
+    for (std::size_t n = 0; n < m_ListButton.size(); ++n) {
+        m_ListButton[n] = AddButton(Buttons[n].first, Buttons[n].second, [this, n] { PressListButton(n); });
+        m_ListButton[n]->setObjectName(QStringLiteral("small"));
+    }
+    static constexpr std::string_view Cells[] = {"m_Band_sel", "m_Mode_sel",       "m_IM_sel",
+                                                 "m_Path_sel", "m_SweepKind_text", "Zustand"};
+    for (std::size_t n = 0; n < m_Cell.size(); ++n) {
+        m_Cell[n] = AddText(Cells[n]);
+        m_Cell[n]->setObjectName(QStringLiteral("cell"));
+    }
+}
+
+void CTestSDIFormView::BuildBoxes() {
+    m_FrequencyBox = new QGroupBox(Tr("--- Frequenz ---"), this);
+    m_F1 = AddText("m_f1_text");
+    m_F2 = AddText("m_f2_text");
+    m_F1Label = new QLabel(QStringLiteral("f1:"), this);
+    m_F2Label = new QLabel(QStringLiteral("f2:"), this);
+    m_Path = new PathPicture(this);
+    m_Lamp = new LampPicture(this);
+    m_ReadingBox = new QGroupBox(Tr("--- fIM/dBm ---"), this);
+    m_FimLabel = new QLabel(QStringLiteral("fIM:"), this);
+    m_Fim = AddText("m_fIM_text");
+    m_Reading = AddText("m_ReadingText");
+    m_Reading->setObjectName(QStringLiteral("reading"));
+    m_ReadingUnit = new QLabel(this);
+}
+
+void CTestSDIFormView::BuildColumn() {
+    m_Head = new HeadPicture(this);
+    m_AlarmBox = new QGroupBox(Tr("----- Alarm Niveau------"), this);
+    m_Alarm = new QLineEdit(this);
+    m_Alarm->setAccessibleName(QStringLiteral("m_AlarmText"));
+    m_Alarm->setToolTip(Tr("Grenzwert, 0 bis -200"));
+    m_Alarm->setAlignment(Qt::AlignCenter);
+    QObject::connect(m_Alarm, &QLineEdit::editingFinished, this, [this] {
+        if (!QApplication::activePopupWidget()) // a menu that opens; its command takes the field first
+            TakeLimit();
+    });
+    m_AlarmUnit = new QLabel(this);
+    m_Serial = new QLineEdit(this);
+    m_Serial->setAccessibleName(QStringLiteral("m_DutSerial"));
+    m_Serial->setToolTip(Tr("Seriennummer des Prueflings"));
+    m_SerialLabel = new QLabel(Tr("Serien:"), this);
+    m_SerialLabel->setBuddy(m_Serial);
+    QObject::connect(m_Serial, &QLineEdit::textEdited, this, [this](const QString& text) {
+        m_Program.State().results.device.EnterSerial(Utf8(text));
+    });
+}
+
+void CTestSDIFormView::BuildMarkers() {
+    for (std::size_t n = 0; n < m_Marker.size(); ++n) {
+        MarkerRow& row = m_Marker[n];
+        const std::string number = std::to_string(n + 1);
+        row.box = new QGroupBox(Tr(MarkerTitles[n]), this);
+        row.on = AddButton({}, "Marker ein- und ausschalten", [this, n] { ToggleMarker(n); });
+        row.on->setAccessibleName("Marker " + QString::number(n + 1));
+        row.on->setObjectName(QStringLiteral("small"));
+        row.on->setCheckable(true);
+        row.position = new QLineEdit(this);
+        row.position->setAccessibleName(Plain("m_MarkerPosText" + number));
+        row.position->setToolTip(Tr("Stelle des Markers: Zeit oder Frequenz"));
+        row.level = AddText("m_MarkerLevelText" + number);
+        row.positionUnit = new QLabel(this);
+        row.levelUnit = new QLabel(this);
+        const auto check = [this, n, &number](std::string_view caption, std::string_view tip) {
+            auto* box = new QCheckBox(Tr(caption), this);
+            box->setAccessibleName(Tr(caption) + ' ' + Plain(number));
+            box->setToolTip(Tr(tip));
+            QObject::connect(box, &QCheckBox::clicked, this, [this, n] { TakeMarkerChecks(n); });
+            return box;
+        };
+        row.max = check("Max", "Auf den hoechsten Punkt");
+        row.up = check("Oben", "Auf der steigenden Kurve");
+        row.down = check("Unter", "Auf der fallenden Kurve");
+        QObject::connect(row.position, &QLineEdit::textEdited, this, [this, n] { TakeMarkerPosition(n); });
+    }
+}
+
+void CTestSDIFormView::BuildButtons() {
+    m_PortList = new QComboBox(this);
+    m_PortList->setAccessibleName(Tr("Auswaehlen COM Port:"));
+    m_PortLabel = new QLabel(Tr("Auswaehlen COM Port:"), this);
+    m_PortLabel->setWordWrap(true);
+    m_PortLabel->setBuddy(m_PortList);
+    QObject::connect(m_PortList, &QComboBox::activated, this,
+                     [this] { m_Program.State().link.connection.Choose(Utf8(m_PortList->currentText())); });
+    m_PortButton = AddButton("Scannen Port", {}, [this] { m_Program.Link().OnButton1(); });
+    m_Start = new StartButton(this);
+    QObject::connect(m_Start, &QPushButton::clicked, this,
+                     [this] { Pressed([this] { m_Commands.Run("start_stop"); }); });
+    m_Clear = AddButton("R", "Anzeige loeschen", [this] { m_Commands.Run("clear_display"); });
+    m_Clear->setObjectName(QStringLiteral("small"));
+    m_Exit = AddButton("Exit", "Programm beenden", [this] { m_Commands.Run("exit"); });
+    // Service pages of the factory; shown when they are opened.
+    m_Calibration = AddButton("Calibration", {}, [] {});
+    m_Test = AddButton("Test", {}, [] {});
+    m_Calibration->hide();
+    m_Test->hide();
+}
+
+void CTestSDIFormView::SetTabOrder() {
+    std::vector<QWidget*> order{m_Start, m_Clear, m_Alarm, m_Serial};
+    for (const MarkerRow& row : m_Marker)
+        order.insert(order.end(), {row.on, row.position, row.max, row.up, row.down});
+    order.insert(order.end(), {m_PortList, m_PortButton, m_Exit, m_ScaleUp, m_ScaleDown});
+    order.insert(order.end(), m_ListRow.begin(), m_ListRow.end());
+    order.insert(order.end(), m_ListButton.begin(), m_ListButton.end());
+    for (std::size_t n = 1; n < order.size(); ++n)
+        QWidget::setTabOrder(order[n - 1], order[n]);
+}
+
+void CTestSDIFormView::LeaveFields() {
+    if (m_Alarm->isModified())
+        TakeLimit();
+}
+
+Lamp CTestSDIFormView::ShownLamp() const {
+    return PanelOf(m_Program.State()).lamp;
+}
+
+QString CTestSDIFormView::StateText() const {
+    if (m_Program.IsLeaving())
+        return Tr("Programm wird beendet");
+    switch (ShownLamp()) {
+    case Lamp::Ready:
+        return Tr("Bereit");
+    case Lamp::Running:
+        return Tr("Messung laeuft");
+    case Lamp::NotReady:
+        break;
+    }
+    return m_Program.Parts().comm.GetPortOpen() ? Tr("Initialisieren") : Tr("Nicht verbunden");
+}
+
+void CTestSDIFormView::RefreshCells() {
+    const Session& session = m_Program.State();
+    const Panel panel = PanelOf(session);
+    const QString state = StateText();
+    const QString cells[] = {TrText(panel.m_Band_sel), Tr(panel.m_Mode_sel),       TrText(panel.m_IM_sel),
+                             Tr(panel.m_Path_sel),     Tr(panel.m_SweepKind_text), state};
+    for (std::size_t n = 0; n < m_Cell.size(); ++n)
+        Show(m_Cell[n], cells[n]);
+    Show(m_F1, Plain(panel.m_f1_text));
+    Show(m_F2, Plain(panel.m_f2_text));
+    Show(m_Fim, Plain(panel.m_fIM_text));
+    Show(m_Reading, Plain(panel.m_ReadingText));
+    SetFlag(m_Reading, "over", IsOverLimit(session));
+    Show(m_ReadingUnit, Plain(panel.unit));
+    if (!m_Alarm->isModified()) // typed and not yet taken, also while a menu has the keyboard
+        Show(m_Alarm, Plain(panel.m_AlarmText));
+    Show(m_AlarmUnit, Plain(panel.unit));
+    Show(m_Serial, Plain(session.results.device.Serial()));
+    m_Serial->setVisible(session.appearance.serialShown);
+    m_SerialLabel->setVisible(session.appearance.serialShown);
+    m_Path->Show(session.working.Path() == 1);
+    m_Lamp->Show(ShownLamp(), state);
+    m_Start->Show(session.run.IsOn(), m_Layout.picture == StartPicture::Small,
+                  session.run.IsOn() ? Tr("Halten Messung") : Tr("Beginnen Messung"));
+    m_Start->setAccessibleName(m_Start->text());
+}
+
+/// A control that is switched off under the focus hands it to the start button, not to what comes next: that
+/// may be the exit.
+void CTestSDIFormView::Enable(QWidget* widget, bool enabled) {
+    if (!enabled && widget->hasFocus())
+        m_Start->setFocus(Qt::OtherFocusReason);
+    widget->setEnabled(enabled);
+}
+
+void CTestSDIFormView::RefreshPort() {
+    const Session& session = m_Program.State();
+    const LinkState& link = session.link;
+    // shown to the operator
+    static constexpr std::string_view Captions[] = {"Scannen Port", "Oeffnen Port", "Ausschalten Port"};
+    const QString caption = Tr(Captions[static_cast<int>(link.connection.Button())]);
+    if (m_PortButton->text() != caption) {
+        m_PortButton->setText(caption);
+        m_PortButton->setAccessibleName(caption);
+    }
+    m_PortButton->setVisible(link.connection.ButtonIsShown());
+    Enable(m_PortButton, !session.run.IsOn() && !link.connection.IsClosing());
+    m_PortList->setVisible(link.connection.ListIsShown());
+    m_PortLabel->setVisible(link.connection.ListIsShown());
+    QStringList ports;
+    for (const PortEntry& port : link.connection.Ports())
+        ports << Plain(port.text);
+    QStringList shown;
+    for (int n = 0; n < m_PortList->count(); ++n)
+        shown << m_PortList->itemText(n);
+    if (ports == shown)
+        return;
+    const int chosen = m_PortList->currentIndex();
+    m_PortList->clear();
+    m_PortList->addItems(ports);
+    m_PortList->setCurrentIndex(std::clamp(chosen, -1, m_PortList->count() - 1));
+    // The box is narrow; its list shows the whole device path.
+    m_PortList->view()->setMinimumWidth(m_PortList->view()->sizeHintForColumn(0) + 24);
+}
+
+void CTestSDIFormView::Refresh() {
+    const Session& session = m_Program.State();
+    if (session.results.list.IsOpen() != m_ListShown)
+        Relayout();
+    RefreshCells();
+    RefreshMarkers();
+    RefreshPort();
+    RefreshList();
+    m_Curve->Refresh();
+}
+
+void CTestSDIFormView::TakeLimit() {
+    if (!m_Alarm->isModified())
+        return;
+    m_Alarm->setModified(false); // a refusal's message takes the focus away and must not ask again
+    if (!EnterLimit(Utf8(m_Alarm->text()), m_Program.State(), m_Program.Parts(), m_Program.Stores())) {
+        m_Alarm->setFocus(Qt::OtherFocusReason);
+        m_Alarm->selectAll();
+    }
+    if (m_AfterCommand)
+        m_AfterCommand();
+}
+
+void CTestSDIFormView::RefreshMarkers() {
+    const Session& session = m_Program.State();
+    const bool curves = MarkersHaveCurves(session.curve);
+    for (std::size_t n = 0; n < m_Marker.size(); ++n) {
+        const Marker& marker = session.markers.marker[n];
+        const MarkerRow& row = m_Marker[n];
+        row.on->setChecked(marker.m_MarkerOn);
+        Show(row.position, Plain(marker.m_MarkerPosText));
+        Show(row.level, Plain(marker.m_MarkerLevelText));
+        Show(row.positionUnit, Tr(MarkerUnit(session.curve)));
+        Show(row.levelUnit, session.curve.scale.InDbc() ? QStringLiteral("dBc") : QStringLiteral("dBm"));
+        row.max->setChecked(marker.m_MarkerMax);
+        row.up->setChecked(marker.m_MarkerUp);
+        row.down->setChecked(marker.m_MarkerDown);
+        row.up->setEnabled(curves);
+        row.down->setEnabled(curves);
+    }
+}
+
+void CTestSDIFormView::RefreshList() {
+    const ResultList& list = m_Program.State().results.list;
+    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
+        QLineEdit* field = m_ListRow[row];
+        Show(field, Plain(list.Row(static_cast<int>(row))));
+        field->setToolTip(Plain(list.Row(static_cast<int>(row))));
+        SetFlag(field, "shown", list.MarkedRow() == static_cast<int>(row));
+    }
+}
+
+void CTestSDIFormView::PressListButton(std::size_t n) {
+    ListPanel& list = m_Program.List();
+    switch (n) {
+    case 0:
+        return list.First();
+    case 1:
+        return list.Back();
+    case 2:
+        return list.Forward();
+    case 3:
+        return list.Last();
+    default:
+        return list.Remove();
+    }
+}
+
+/// A row of the list is chosen by a click, or by the space or return key on it.
+bool CTestSDIFormView::eventFilter(QObject* watched, QEvent* event) {
+    const auto row = std::find(m_ListRow.begin(), m_ListRow.end(), watched);
+    bool chosen = event->type() == QEvent::MouseButtonPress;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        chosen = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    }
+    if (row == m_ListRow.end() || !chosen)
+        return QWidget::eventFilter(watched, event);
+    Pressed([this, n = static_cast<int>(row - m_ListRow.begin())] { m_Program.List().ClickRow(n); });
+    return true;
+}
+
+void CTestSDIFormView::ToggleMarker(std::size_t n) {
+    m_Program.Marks().Toggle(n);
+}
+
+void CTestSDIFormView::TakeMarkerChecks(std::size_t n) {
+    const MarkerRow& row = m_Marker[n];
+    m_Program.Marks().SetChecks(n, row.max->isChecked(), row.up->isChecked(), row.down->isChecked());
+}
+
+void CTestSDIFormView::TakeMarkerPosition(std::size_t n) {
+    m_Program.Marks().SetPosition(n, Utf8(m_Marker[n].position->text()));
+}
+
+} // namespace qor::ui

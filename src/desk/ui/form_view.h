@@ -1,0 +1,139 @@
+#pragma once
+
+#include "desk/panel.h"
+#include "desk/panel_layout.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace qor {
+class Commands;
+class Program;
+} // namespace qor
+
+namespace qor::ui {
+
+class CCurveWnd;
+class HeadPicture;
+class LampPicture;
+class PathPicture;
+class StartButton;
+
+/// The panel: plot, cells, boxes and the control column. It shows what the engine's panel says and hands
+/// every press and entry to the engine.
+class CTestSDIFormView final : public QWidget {
+public:
+    CTestSDIFormView(Program& program, Commands& commands, QWidget* parent);
+
+    void Refresh();
+    /// Places all controls for the layout in force.
+    void Relayout();
+    /// An entry that is being typed is taken before a command runs.
+    void LeaveFields();
+    /// Called after every press on the panel.
+    void SetAfterCommand(std::function<void()> after) { m_AfterCommand = std::move(after); }
+
+    /// Between these, size changes are the program's own; otherwise they make a layout of the operator's.
+    void BeginLayout();
+    void EndLayout();
+    /// True while the layout in force is the size the operator has just dragged the window to.
+    [[nodiscard]] bool TakesDraggedSize() const { return m_Dragging; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct MarkerRow {
+        QGroupBox* box;
+        QPushButton* on;
+        QLineEdit* position;
+        QLabel* positionUnit;
+        QLineEdit* level;
+        QLabel* levelUnit;
+        QCheckBox* max;
+        QCheckBox* up;
+        QCheckBox* down;
+    };
+
+    void BuildCells();
+    void BuildBoxes();
+    void BuildColumn();
+    void BuildMarkers();
+    void BuildButtons();
+    void SetTabOrder();
+    QLineEdit* AddText(std::string_view name, QWidget* parent = nullptr);
+    QPushButton* AddButton(std::string_view caption, std::string_view tip, std::function<void()> pressed);
+    void RefreshCells();
+    void RefreshMarkers();
+    void RefreshPort();
+    void RefreshList();
+    void TakeLimit();
+    void PressListButton(std::size_t n);
+    void ToggleMarker(std::size_t n);
+    void TakeMarkerChecks(std::size_t n);
+    void TakeMarkerPosition(std::size_t n);
+    void Pressed(const std::function<void()>& what);
+    [[nodiscard]] Lamp ShownLamp() const;
+    [[nodiscard]] QString StateText() const;
+    void PlaceAt(QWidget* widget, const QRect& place);
+    void Place(QWidget* widget, Control control);
+    void Enable(QWidget* widget, bool enabled);
+    void PlaceMarkerRow(const MarkerRow& row, const PanelRect& box);
+
+    Program& m_Program;
+    Commands& m_Commands;
+    std::function<void()> m_AfterCommand;
+
+    CCurveWnd* m_Curve;
+    QPushButton* m_ScaleUp;
+    QPushButton* m_ScaleDown;
+    std::array<QLineEdit*, 7> m_ListRow{};
+    std::array<QPushButton*, 5> m_ListButton{};
+    std::array<QLineEdit*, 6> m_Cell{};
+    QGroupBox* m_FrequencyBox;
+    QLabel* m_F1Label;
+    QLabel* m_F2Label;
+    QLineEdit* m_F1;
+    QLineEdit* m_F2;
+    PathPicture* m_Path;
+    LampPicture* m_Lamp;
+    QGroupBox* m_ReadingBox;
+    QLabel* m_FimLabel;
+    QLineEdit* m_Fim;
+    QLineEdit* m_Reading;
+    QLabel* m_ReadingUnit;
+    HeadPicture* m_Head;
+    QGroupBox* m_AlarmBox;
+    QLineEdit* m_Alarm;
+    QLabel* m_AlarmUnit;
+    QLabel* m_SerialLabel;
+    QLineEdit* m_Serial;
+    std::array<MarkerRow, 3> m_Marker{};
+    QLabel* m_PortLabel;
+    QComboBox* m_PortList;
+    QPushButton* m_PortButton;
+    StartButton* m_Start;
+    QPushButton* m_Clear;
+    QPushButton* m_Exit;
+    QPushButton* m_Calibration;
+    QPushButton* m_Test;
+
+    PanelLayout m_Layout;
+    QTimer m_Settled;          ///< ends the time in which size changes are the program's own
+    bool m_LayoutDone = false; ///< g_LayoutDone
+    bool m_Dragging = false;
+    bool m_ListShown = false;
+};
+
+} // namespace qor::ui

@@ -1,0 +1,186 @@
+#include "desk/ui/main_frame.h"
+
+#include "desk/panel.h"
+#include "desk/panel_layout.h"
+#include "desk/program.h"
+#include "desk/ui/form_view.h"
+#include "desk/ui/looks.h"
+#include "desk/ui/text.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+constexpr int RefreshMs = 100;
+constexpr int IdleRefreshMs = 250; ///< while nothing happens by itself but the status poll
+
+/// "Caption(&X)" in the toolkit's way: a mnemonic at the beginning of a word or within one, else behind it.
+QString MenuCaption(const QString& caption) {
+    static const QRegularExpression Mnemonic(QStringLiteral(R"(\(&(.)\)$)"));
+    const QRegularExpressionMatch match = Mnemonic.match(caption);
+    if (!match.hasMatch())
+        return caption;
+    QString text = caption.left(match.capturedStart());
+    qsizetype at = (' ' + text).indexOf(' ' + match.captured(1), 0, Qt::CaseInsensitive);
+    if (at < 0)
+        at = text.indexOf(match.captured(1), 0, Qt::CaseInsensitive);
+    return at < 0 ? caption : text.insert(at, '&');
+}
+
+} // namespace
+
+CMainFrame::CMainFrame(Program& program, Dialogs& dialogs)
+    : m_Program(program), m_Commands(program, dialogs),
+      m_Form(new CTestSDIFormView(program, m_Commands, this)) {
+    setWindowTitle(QStringLiteral("QOR"));
+    setCentralWidget(m_Form);
+    BuildMenu();
+    QObject::connect(&m_Refresh, &QTimer::timeout, this, [this] { Refresh(); });
+    m_Refresh.start(RefreshMs);
+    m_Form->SetAfterCommand([this] { Refresh(); });
+    Refresh();
+}
+
+void CMainFrame::BuildMenu() {
+    std::vector<QMenu*> open;
+    for (const MenuLine& line : MenuLines()) {
+        const QString whole = Tr(line.kind == MenuLine::Kind::Item ? line.row.caption : line.caption);
+        const QString caption = MenuCaption(whole.section('\t', 0, 0));
+        switch (line.kind) {
+        case MenuLine::Kind::Menu:
+            open.push_back(open.empty() ? menuBar()->addMenu(caption) : open.back()->addMenu(caption));
+            QObject::connect(open.back(), &QMenu::aboutToShow, this, [this] { ShowChecks(); });
+            break;
+        case MenuLine::Kind::End:
+            open.pop_back();
+            break;
+        case MenuLine::Kind::Separator:
+            open.back()->addSeparator();
+            break;
+        case MenuLine::Kind::Item: {
+            QAction* action = open.back()->addAction(caption);
+            action->setCheckable(line.row.checked != nullptr);
+            action->setMenuRole(QAction::NoRole);
+            // The key is the same in every language, so it comes from the source.
+            const QString key = Plain(line.row.caption).section('\t', 1);
+            if (!key.isEmpty())
+                action->setShortcut(QKeySequence(key));
+            addAction(action); // its key works without the menu bar, too: an operator has none
+            m_Entries.push_back({action, &line.row});
+            QObject::connect(action, &QAction::triggered, this, [this, &row = line.row] {
+                // Later, outside the menu's own event: a message box must not hold the menu open.
+                QMetaObject::invokeMethod(
+                    this, [this, &row] { RunCommand(row); }, Qt::QueuedConnection);
+            });
+            break;
+        }
+        case MenuLine::Kind::Hidden:
+            break;
+        }
+    }
+    ShowChecks();
+}
+
+void CMainFrame::ShowChecks() {
+    for (const Entry& entry : m_Entries) {
+        entry.action->setEnabled(m_Commands.IsEnabled(*entry.row));
+        if (entry.action->isCheckable())
+            entry.action->setChecked(m_Commands.IsChecked(*entry.row));
+    }
+}
+
+void CMainFrame::RunCommand(const CommandRow& row) {
+    // A key struck twice comes a second time when the first has opened its dialog.
+    if (m_Program.IsLeaving() || QApplication::activeModalWidget())
+        return;
+    m_Form->LeaveFields();
+    m_Commands.Run(row);
+    Refresh();
+    ShowChecks();
+}
+
+void CMainFrame::Refresh() {
+    ApplyAppearance();
+    const Session& session = m_Program.State();
+    const Panel panel = PanelOf(session);
+    const bool idle = panel.lamp == Lamp::Ready;
+    if (const int wanted = idle ? IdleRefreshMs : RefreshMs; m_Refresh.interval() != wanted)
+        m_Refresh.start(wanted);
+    menuBar()->setVisible(panel.menuShown);
+    m_Form->Refresh();
+}
+
+/// Follows the look, the layout and the plot-only display of the engine.
+void CMainFrame::ApplyAppearance() {
+    AppearanceState& appearance = m_Program.State().appearance;
+    if (const QScreen* display = screen()) {
+        const QRect area = display->availableGeometry();
+        appearance.screen = {area.width(), area.height()};
+    }
+    const bool skin = appearance.m_skin != m_AppliedSkin;
+    if (skin) {
+        const bool first = m_AppliedSkin < 0;
+        m_AppliedSkin = appearance.m_skin;
+        ApplyLook(appearance.m_skin);
+        const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+        if (!first && IsNarrow(size.width, size.height))
+            ChooseLayout(appearance, LayoutScreen,
+                         m_Program.Stores()); // the small forms fall back to the screen
+        m_AppliedLayout = -1;
+    }
+    if (!isVisible())
+        return;
+    if (appearance.g_layout != m_AppliedLayout || appearance.custom != m_AppliedCustom ||
+        appearance.g_ImageOnly != m_AppliedPlotOnly) {
+        ChooseLayout(appearance, appearance.g_layout, m_Program.Stores()); // what is in force is what is kept
+        m_AppliedLayout = appearance.g_layout;
+        m_AppliedCustom = appearance.custom;
+        const bool plotOnlyChanged = appearance.g_ImageOnly != m_AppliedPlotOnly;
+        m_AppliedPlotOnly = appearance.g_ImageOnly;
+        if (plotOnlyChanged && m_Shown)
+            m_Form->Relayout();
+        else
+            ResizeToLayout();
+        if (!m_Shown) // the frame's own size is only known once the window manager has made it
+            QTimer::singleShot(150, this, [this] { ResizeToLayout(); });
+        m_Shown = true;
+    }
+}
+
+/// Gives the window the size of the layout in force, as far as the screen has it.
+void CMainFrame::ResizeToLayout() {
+    const AppearanceState& appearance = m_Program.State().appearance;
+    if (m_Form->TakesDraggedSize())
+        return; // the operator has just made this layout with the window's edge
+    m_Form->BeginLayout();
+    if (isMaximized() || isFullScreen())
+        showNormal();
+    const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+    const QRect area = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - geometry().size();
+    const QSize room = area.size() - frame;
+    if (appearance.g_layout == LayoutScreen) {
+        move(area.topLeft());
+        resize(room);
+    } else {
+        const PanelLayout layout = qor::Relayout({size.width, size.height});
+        const QSize client(layout.clientWidth, layout.clientHeight + menuBar()->sizeHint().height());
+        move(area.topLeft());
+        resize(client.boundedTo(room));
+    }
+    m_Form->EndLayout();
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (m_MayClose) {
+        event->accept();
+        return;
+    }
+    event->ignore(); // the exit button's way: carriers off, port closed, then it ends by itself
+    if (!m_Program.IsLeaving())
+        RunCommand(*FindCommand("exit"));
+}
+
+} // namespace qor::ui

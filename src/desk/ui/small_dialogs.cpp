@@ -1,0 +1,63 @@
+#include "desk/program.h"
+#include "desk/ui/form_dialog.h"
+#include "desk/ui/open_dialog.h"
+#include "desk/ui/text.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+bool OpenCustomLayout(Program& program, int /*argument*/, QWidget* parent) {
+    AppearanceState& appearance = program.State().appearance;
+    FormDialog dialog("Auf Bestellung Anfertigen", parent);
+    QFormLayout* form = dialog.AddGroup({});
+    QLineEdit* width = dialog.AddField(form, "Breite:", QString::number(appearance.custom.width), "Pixel");
+    QLineEdit* height = dialog.AddField(form, "Hoehe:", QString::number(appearance.custom.height), "Pixel");
+    dialog.AddButtons("OK");
+    dialog.SetAccept([&] {
+        const auto sideOf = [&dialog](QLineEdit* field) {
+            bool isNumber = false;
+            const int side = QLocale::c().toInt(field->text().trimmed(), &isNumber);
+            const bool fits = isNumber && side >= 0 && side <= 5000;
+            dialog.MarkField(field, !fits, Tr("Bitte eine ganze Zahl von 0 bis 5000 eingeben."), !fits);
+            return fits ? side : -1;
+        };
+        const WindowSize size{sideOf(width), sideOf(height)};
+        return size.width >= 0 && size.height >= 0 && ChooseCustomLayout(appearance, size, program.Stores());
+    });
+    dialog.exec();
+    return true;
+}
+
+const DialogEntry CustomLayoutEntry("custom_layout", OpenCustomLayout);
+
+bool OpenAbout(Program& program, int /*argument*/, QWidget* parent) {
+    const LinkState& link = program.State().link;
+    FormDialog dialog("Ansehend QOR", parent);
+    auto* name = new QLabel(QStringLiteral("<h2>QOR %1</h2>").arg(QCoreApplication::applicationVersion()));
+    dialog.Column()->addWidget(name);
+    auto* what = new QLabel(Tr("Steuerprogramm fuer einen Zweiton-Analysator der passiven Intermodulation"));
+    what->setWordWrap(true);
+    dialog.Column()->addWidget(what);
+    QFormLayout* form = dialog.AddGroup({});
+    const auto row = [form](std::string_view caption, const QString& text) {
+        form->addRow(Tr(caption), new QLabel(text.isEmpty() ? QStringLiteral("-") : text));
+    };
+    const bool known = !link.identity.Model().empty();
+    row("Geraet:", Plain(link.identity.Model()));
+    row("Firmware:",
+        known ? QString::number(static_cast<double>(link.identity.Firmware()), 'f', 1) : QString());
+    row("Seriennummer:", known ? Plain(link.identity.Serial()) : QString());
+    row("Datenordner:", Plain(program.Stores().Directory().string()));
+    dialog.AddButtons("OK", {});
+    dialog.exec();
+    return true;
+}
+
+const DialogEntry AboutEntry("about", OpenAbout);
+
+} // namespace
+
+} // namespace qor::ui

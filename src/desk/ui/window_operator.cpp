@@ -1,0 +1,139 @@
+#include "desk/ui/window_operator.h"
+
+#include "desk/ui/text.h"
+
+#include <QtWidgets>
+
+namespace qor::ui {
+
+namespace {
+
+QString TitleOr(std::string_view title) {
+    return title.empty() ? QStringLiteral("QOR") : Tr(title);
+}
+
+/// "*.dat *.txt" as the file dialog's list, one kind a line.
+QString Filters(std::string_view endings) {
+    QStringList filters;
+    for (const QString& ending : Plain(endings).split(' ', Qt::SkipEmptyParts))
+        filters << ending.mid(2) + QStringLiteral(" (") + ending + ')';
+    if (filters.size() > 1)
+        filters.prepend(Tr("Alle passenden Dateien") + QStringLiteral(" (") + Plain(endings) + ')');
+    return filters.join(QStringLiteral(";;"));
+}
+
+/// A file dialog wide enough for long names beside size, kind and date.
+class RoomyFileDialog final : public QFileDialog {
+public:
+    RoomyFileDialog(QWidget* parent, std::string_view title, const std::filesystem::path& folder,
+                    std::string_view endings)
+        : QFileDialog(parent, Tr(title), Plain(folder.string()), Filters(endings)) {
+        resize(900, 520);
+        if (auto* list = findChild<QTreeView*>())
+            for (int column = 1; column < 4; ++column)
+                list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    }
+};
+
+std::filesystem::path PathOf(const QString& name) {
+    return std::filesystem::path(Utf8(name));
+}
+
+} // namespace
+
+QWidget* WindowOperator::Parent() const {
+    QWidget* top = QApplication::activeModalWidget();
+    return top ? top : m_Window.data();
+}
+
+void WindowOperator::Message(std::string_view text, std::string_view title) {
+    // The text of a message can have a part of its own behind a line end, as a path: it stays as it is.
+    const QString shown = TrText(text);
+    if (m_Open.contains(shown))
+        return;
+    m_Open.insert(shown);
+    // From the event loop: a timer's or a port's handler that waited here would hold up its own next tick,
+    // and the engine would go on underneath it.
+    QMetaObject::invokeMethod(
+        &m_Later,
+        [this, shown, heading = TitleOr(title)] {
+            QMessageBox box(QMessageBox::Information, heading, shown.trimmed(), QMessageBox::Ok, Parent());
+            box.setTextFormat(Qt::PlainText);
+            box.button(QMessageBox::Ok)->setText(Tr("OK"));
+            box.exec();
+            m_Open.remove(shown);
+        },
+        Qt::QueuedConnection);
+}
+
+bool WindowOperator::Ask(std::string_view text, std::string_view title) {
+    QMessageBox box(QMessageBox::Question, TitleOr(title), TrText(text), QMessageBox::Yes | QMessageBox::No,
+                    Parent());
+    box.setTextFormat(Qt::PlainText);
+    box.button(QMessageBox::Yes)->setText(Tr("&Ja"));
+    box.button(QMessageBox::No)->setText(Tr("&Nein"));
+    return box.exec() == QMessageBox::Yes;
+}
+
+Answer WindowOperator::AskOrCancel(std::string_view text, std::string_view title) {
+    QMessageBox box(QMessageBox::Question, TitleOr(title), TrText(text),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, Parent());
+    box.setTextFormat(Qt::PlainText);
+    box.button(QMessageBox::Yes)->setText(Tr("&Ja"));
+    box.button(QMessageBox::No)->setText(Tr("&Nein"));
+    box.button(QMessageBox::Cancel)->setText(Tr("Abbrechen"));
+    const int pressed = box.exec();
+    return pressed == QMessageBox::Yes  ? Answer::Yes
+           : pressed == QMessageBox::No ? Answer::No
+                                        : Answer::Cancel;
+}
+
+std::vector<std::filesystem::path> WindowOperator::FilesToOpen(std::string_view title,
+                                                               const std::filesystem::path& folder,
+                                                               std::string_view endings) {
+    std::vector<std::filesystem::path> paths;
+    RoomyFileDialog dialog(Parent(), title, folder, endings);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    if (dialog.exec() == QDialog::Accepted)
+        for (const QString& name : dialog.selectedFiles())
+            paths.push_back(PathOf(name));
+    return paths;
+}
+
+std::filesystem::path WindowOperator::FileToSave(std::string_view title,
+                                                 const std::filesystem::path& suggestion,
+                                                 std::string_view endings) {
+    const QString first = Plain(endings).section(' ', 0, 0).mid(2);
+    RoomyFileDialog dialog(Parent(), title, suggestion.parent_path(), endings);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // the one who writes asks
+    dialog.setDefaultSuffix(first);
+    dialog.selectFile(Plain(suggestion.filename().string()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return PathOf(dialog.selectedFiles().constFirst());
+}
+
+std::filesystem::path WindowOperator::Folder(std::string_view title, const std::filesystem::path& start) {
+    return PathOf(QFileDialog::getExistingDirectory(Parent(), Tr(title), Plain(start.string())));
+}
+
+bool WindowOperator::Progress(std::string_view what, int done, int total) {
+    if (!m_Progress) {
+        m_Progress = new QProgressDialog(Parent());
+        m_Progress->setWindowTitle(QStringLiteral("QOR"));
+        m_Progress->setCancelButtonText(Tr("Abbrechen"));
+        m_Progress->setWindowModality(Qt::ApplicationModal);
+        m_Progress->setAttribute(Qt::WA_DeleteOnClose);
+        m_Progress->setMinimumDuration(500);
+    }
+    m_Progress->setLabelText(TrText(what));
+    m_Progress->setMaximum(total);
+    m_Progress->setValue(done); // lets the window live
+    const bool goOn = m_Progress && !m_Progress->wasCanceled();
+    if (m_Progress && (done >= total || !goOn))
+        m_Progress->deleteLater();
+    return goOn;
+}
+
+} // namespace qor::ui

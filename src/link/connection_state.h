@@ -1,0 +1,63 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qor {
+
+/// Caption and state of the port button.
+enum class PortButton { Scan, Open, Close };
+
+/// A port of the list and, once probed, what hangs on it.
+struct PortEntry {
+    int number = 0;
+    std::string text; ///< "COM3 (/dev/ttyUSB0)", later with ": RT-DB22" behind
+};
+
+/// Ports, the button that opens and closes them, and the search for the instrument. The connection writes it.
+class ConnectionState {
+public:
+    [[nodiscard]] const std::vector<PortEntry>& Ports() const { return g_PortList; }
+    [[nodiscard]] PortButton Button() const { return m_Button; }
+    [[nodiscard]] bool ButtonIsShown() const { return m_ButtonShown; }
+    [[nodiscard]] bool ListIsShown() const { return m_ListShown; }
+    /// Number of the port opened last, 0 when none was.
+    [[nodiscard]] int LastPort() const { return g_LastPort; }
+    /// An instrument has said who it is on the port opened last.
+    [[nodiscard]] bool InstrumentAnswered() const { return g_LastPort != 0 && m_AnsweredPort == g_LastPort; }
+    /// The port is being closed: the button is ignored, no run begins.
+    [[nodiscard]] bool IsClosing() const { return m_CloseCountdown > 0; }
+    /// Ports are being looked at, outside the queue.
+    [[nodiscard]] bool IsProbing() const { return g_bProbing; }
+    /// Times contact was lost since the program started.
+    [[nodiscard]] int Losses() const { return m_Losses; }
+
+    /// The entry chosen in the list box, its text.
+    void Choose(std::string_view entry) { m_Chosen = entry; }
+    void CountLoss() { ++m_Losses; }
+
+private:
+    friend class Connection;
+
+    std::string m_comm_sel_v;                  ///< number of the selected port, as text
+    std::string m_comm_settings;               ///< settings text of the port
+    std::vector<PortEntry> g_PortList;         ///< ports found
+    std::string m_Chosen;                      ///< entry chosen in the list box
+    int g_LastPort = 0;                        ///< number of the port opened last
+    int m_AnsweredPort = 0;                    ///< number of the port where an instrument has answered
+    int g_ProbeIndex = 0;                      ///< port being looked at
+    bool g_bProbing = false;                   ///< its answer is awaited
+    bool g_bProbeSlow = true;                  ///< it is asked at 9600 baud
+    std::map<int, std::string> m_PortSettings; ///< settings at which a port has answered
+    int tagCommTimer = 0;                      ///< ticks of the wait for an identity
+    bool bCOMResponse = true;                  ///< the last opening has come back
+    int m_CloseCountdown = 0;                  ///< ticks until the port closes
+    PortButton m_Button = PortButton::Scan;
+    bool m_ButtonShown = false;
+    bool m_ListShown = false;
+    int m_Losses = 0;
+};
+
+} // namespace qor

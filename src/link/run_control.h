@@ -1,0 +1,20 @@
+#pragma once
+
+namespace qor {
+
+/// What the link asks of the measurement.
+class RunControl {
+public:
+    RunControl() = default;
+    RunControl(const RunControl&) = delete;
+    RunControl& operator=(const RunControl&) = delete;
+    virtual ~RunControl() = default;
+
+    [[nodiscard]] virtual bool IsRunOn() const = 0;
+    /// The instrument's own receiver measures, no external one.
+    [[nodiscard]] virtual bool InstrumentListens() const = 0;
+    /// Ends a run whose instrument is gone, and drops one that waits for it. It never counts as passed.
+    virtual void AbandonRun() = 0;
+};
+
+} // namespace qor

@@ -1,0 +1,197 @@
+// What comes behind a start: further passes and runs, and the ways in which a measurement ends.
+#include "measure/measurement.h"
+
+#include "curve/curve.h"
+#include "curve/readout.h"
+#include "link/channel.h"
+#include "link/link_state.h"
+#include "link/working_set.h"
+#include "measure/timer_ids.h"
+#include "platform/platform.h"
+#include "receivers/level_source.h"
+
+namespace qor {
+
+Measurement::Measurement(const MeasurementRooms& rooms, const Platform& platform, SetupStore& store,
+                         Channel& channel, InstrumentSelection& instrument, RunEvents& events)
+    : m_Rooms(rooms), m_Platform(platform), m_Store(store), m_Channel(channel), m_Instrument(instrument),
+      m_Events(events), m_CurveTimer(platform.timers, CurveTimer, [this] { FollowPoints(); }),
+      m_IntervalTimer(platform.timers, intervaltimer, [this] { OnIntervalTimer(); }),
+      m_RestartTimer(platform.timers, restarttimer, [this] { OnRestartTimer(); }), m_TwoTone(PartsOfShape()),
+      m_Sweep(PartsOfShape()), m_Spectrum(PartsOfShape()), m_Shape(&m_TwoTone) {}
+
+RunParts Measurement::PartsOfShape() {
+    return {*this,         m_Rooms.run,     m_Rooms.settings, m_Rooms.link,
+            m_Rooms.curve, m_Rooms.readout, m_Rooms.sources,  m_Platform.timers};
+}
+
+void Measurement::Reply(const Reading& reading) {
+    if (m_Rooms.run.IsOn())
+        m_Shape->Reply(reading, m_Rooms.link.transaction.Tag(), m_Rooms.link.transaction.Param());
+}
+
+void Measurement::BeforeSend() {
+    if (m_Rooms.run.IsOn())
+        m_Shape->BeforeSend();
+}
+
+void Measurement::LineIdle() {
+    if (m_Rooms.run.IsOn())
+        m_Shape->Idle();
+}
+
+void Measurement::FollowCurve() {
+    m_CurveTimer.Start(CurvePeriod);
+}
+
+void Measurement::FollowPoints() {
+    if (m_Rooms.curve.Follow(m_Rooms.sources.Current().AnswersOverTheLine()))
+        m_Rooms.curve.SearchMaxima();
+}
+
+void Measurement::PassIsOver() {
+    FollowPoints();
+    if (m_Shape == &m_Spectrum)
+        RepeatPass();
+    else if (m_Rooms.settings.IsContinuous() && m_Rooms.run.CountFurther(m_Rooms.settings))
+        BeginFurtherPass();
+    else if (m_Shape == &m_Sweep && HasFurtherSweep())
+        BeginFurtherSweep();
+    else
+        EndRun();
+}
+
+void Measurement::RepeatPass() {
+    m_Rooms.run.CountPass(m_Shape->Tally());
+    m_Shape->Repeat();
+}
+
+/// A continuous measurement goes on: over the points in the plot, or, saved, from an empty one. The last one
+/// that is saved ends with the next tick.
+void Measurement::BeginFurtherPass() {
+    Run& run = m_Rooms.run;
+    if (m_Rooms.settings.ReplacesData()) {
+        RepeatPass();
+        return;
+    }
+    run.CountPass(m_Shape->Tally());
+    run.GoOn();
+    const bool saved = m_Events.SaveNumbered();
+    if (!run.IsOn())
+        return; // contact was lost while the operator was asked about the file
+    if (!saved)
+        EndRun();
+    else if (run.HasFurther(m_Rooms.settings))
+        BeginFurtherRun();
+}
+
+bool Measurement::HasFurtherSweep() const {
+    const Curve& curve = m_Rooms.curve;
+    return !m_Rooms.settings.IsContinuous() && curve.Runs() > curve.Run() + 1;
+}
+
+void Measurement::BeginFurtherSweep() {
+    if (m_Rooms.run.IsInPause())
+        return;
+    if (m_Rooms.settings.Interval() == 0) {
+        NextSweep();
+        return;
+    }
+    for (const char* text : {"#MSWL0", "#SPA0", "#SPB0"})
+        m_Rooms.link.queue.Append(text);
+    m_Rooms.run.BeginPause();
+    m_IntervalTimer.Start(IntervalPeriod);
+}
+
+void Measurement::OnIntervalTimer() {
+    if (!m_Rooms.run.CountPause())
+        return;
+    m_IntervalTimer.Stop();
+    m_Rooms.run.ResetPause(m_Rooms.settings);
+    NextSweep();
+}
+
+void Measurement::NextSweep() {
+    m_Rooms.run.CountPass(m_Shape->Tally());
+    m_Rooms.run.GoOn();
+    m_Rooms.curve.EndRun();
+    BeginFurtherRun();
+}
+
+void Measurement::BeginFurtherRun() {
+    if (const StartAnswer answer = BeginRun(); !answer.outcome) {
+        Abandon(); // what is in force can be measured no more
+        m_Events.StartWasRefused(answer.outcome);
+    }
+}
+
+/// The measurement has ended by itself.
+void Measurement::EndRun() {
+    const RunSettings& settings = m_Rooms.settings;
+    if (!settings.IsContinuous() || settings.ReplacesData())
+        m_Rooms.run.CountPass(m_Shape->Tally()); // its numbered file has counted it otherwise
+    m_Shape->Finish();
+    m_Rooms.run.EndByItself();
+    Judge();
+    m_Rooms.readout.EndWith(WorstLevelDbm(m_Rooms.curve));
+    GoIdle();
+}
+
+void Measurement::Stop() {
+    if (m_Rooms.run.IsOn())
+        EndWithin(RunEnd::Stopped);
+}
+
+void Measurement::EndWithin(RunEnd how) {
+    const bool repeats = m_Shape == &m_Spectrum || m_Rooms.settings.IsContinuous();
+    const int runsLeft = HasFurtherSweep() ? m_Rooms.curve.Runs() - m_Rooms.curve.Run() - 1 : 0;
+    m_Rooms.link.queue.Clear();
+    m_IntervalTimer.Stop();
+    m_Rooms.run.ResetPause(m_Rooms.settings);
+    m_Rooms.run.EndWithin(how, m_Shape->Tally(), m_Shape == &m_Sweep ? runsLeft : 0, repeats);
+    m_Shape->Stop();
+    Judge();
+    m_Rooms.readout.FreezeAt(WorstLevelDbm(m_Rooms.curve));
+    GoIdle();
+}
+
+/// The verdict of a run that has ended, from what has come of it.
+void Measurement::Judge() {
+    FollowPoints();
+    const RunTally& tally = m_Rooms.run.Tally();
+    Curve& curve = m_Rooms.curve;
+    const bool over = curve.limit.AlarmOn() && tally.Highest() && curve.ExceedsLimit(*tally.Highest());
+    curve.verdict.Settle({.holdsPoint = tally.Taken() > 0,
+                          .isComplete = tally.IsComplete(),
+                          .wasStopped = tally.End() == RunEnd::Stopped,
+                          .overLimit = over});
+}
+
+/// The same after every way a run ends: its worst point is shown, the idle link is watched.
+void Measurement::GoIdle() {
+    if (const auto worst = WorstFrequency(m_Rooms.curve))
+        m_Rooms.readout.ShowIm(*worst);
+    m_CurveTimer.Stop();
+    m_Events.RunIsOver();
+    m_Channel.ArmStatusPoll();
+    m_Channel.ExpectLevels(false);
+}
+
+void Measurement::Abandon() {
+    m_Rooms.run.DropWait();
+    m_RestartTimer.Stop();
+    if (m_Rooms.run.IsOn())
+        EndWithin(RunEnd::CutShort);
+    else
+        m_Events.RunIsOver(); // of a run that waited for its turn
+}
+
+void Measurement::DropStart() {
+    if (m_Rooms.run.IsOn())
+        return;
+    Abandon();
+    if (IsInitialised(m_Rooms.link))
+        m_Channel.ArmStatusPoll();
+}
+
+} // namespace qor

@@ -1,0 +1,109 @@
+#include "platform/visa/loaded_visa.h"
+
+#include <algorithm>
+#include <array>
+#include <dlfcn.h>
+
+namespace qor::visa {
+
+namespace {
+
+constexpr const char* Names[] = {"libvisa.so", "libvisa.so.0", "librsvisa.so", "libktvisa32.so",
+                                 "libiovisa.so"};
+
+// Published numbers of attributes and results.
+constexpr std::uint32_t TimeoutValue = 0x3FFF001A;
+constexpr std::uint32_t ReadBufferMode = 0x3FFF002A;
+constexpr std::uint32_t WriteBufferMode = 0x3FFF002D;
+constexpr std::int32_t SuccessMaxCount = 0x3FFF0006; ///< the reply goes on
+constexpr std::uint32_t OpenMs = 300;
+
+template <typename Function>
+bool Resolve(void* library, const char* name, Function*& into, std::string& why) {
+    into = reinterpret_cast<Function*>(dlsym(library, name));
+    if (!into)
+        why = name;
+    return into != nullptr;
+}
+
+std::uint32_t NumberOf(VisaAttribute attribute) {
+    switch (attribute) {
+    case VisaAttribute::ReadBufferMode:
+        return ReadBufferMode;
+    case VisaAttribute::WriteBufferMode:
+        return WriteBufferMode;
+    case VisaAttribute::TimeoutMs:
+        break;
+    }
+    return TimeoutValue;
+}
+
+} // namespace
+
+std::span<const char* const> InstalledVisaNames() {
+    return Names;
+}
+
+std::unique_ptr<LoadedVisa> LoadedVisa::Load(std::span<const char* const> names, std::string& why) {
+    for (const char* name : names) {
+        // Never unloaded: a call that was given up may still be inside.
+        void* library = dlopen(name, RTLD_NOW | RTLD_LOCAL);
+        if (!library)
+            continue;
+        Operations vi;
+        std::string missing;
+        if (Resolve(library, "viOpenDefaultRM", vi.viOpenDefaultRM, missing) &&
+            Resolve(library, "viOpen", vi.viOpen, missing) &&
+            Resolve(library, "viClose", vi.viClose, missing) &&
+            Resolve(library, "viSetAttribute", vi.viSetAttribute, missing) &&
+            Resolve(library, "viWrite", vi.viWrite, missing) &&
+            Resolve(library, "viRead", vi.viRead, missing))
+            return std::unique_ptr<LoadedVisa>(new LoadedVisa(vi));
+        why = std::string(name) + ": " + missing;
+    }
+    return nullptr;
+}
+
+VisaStatus LoadedVisa::OpenDefaultRM(VisaSession& manager) {
+    return m_Vi.viOpenDefaultRM(&manager);
+}
+
+VisaStatus LoadedVisa::Open(VisaSession manager, std::string_view address, VisaSession& session) {
+    return m_Vi.viOpen(manager, std::string(address).c_str(), 0, OpenMs, &session);
+}
+
+VisaStatus LoadedVisa::Close(VisaSession session) {
+    return m_Vi.viClose(session);
+}
+
+VisaStatus LoadedVisa::SetAttribute(VisaSession session, VisaAttribute attribute, std::uint32_t value) {
+    return m_Vi.viSetAttribute(session, NumberOf(attribute), value);
+}
+
+VisaStatus LoadedVisa::Write(VisaSession session, std::string_view text) {
+    std::uint32_t written = 0;
+    return m_Vi.viWrite(session, reinterpret_cast<const unsigned char*>(text.data()),
+                        static_cast<std::uint32_t>(text.size()), &written);
+}
+
+VisaStatus LoadedVisa::Read(VisaSession session, std::size_t limit, std::string& reply) {
+    constexpr int MostPieces = 1000; // a peer that never ends
+    reply.clear();
+    std::array<unsigned char, 1024> piece;
+    for (int n = 0; n < MostPieces; ++n) {
+        std::uint32_t got = 0;
+        const VisaStatus status =
+            m_Vi.viRead(session, piece.data(), static_cast<std::uint32_t>(piece.size()), &got);
+        if (status < 0)
+            return status;
+        got = std::min(got, static_cast<std::uint32_t>(piece.size()));
+        if (reply.size() < limit)
+            reply.append(reinterpret_cast<const char*>(piece.data()),
+                         std::min<std::size_t>(got, limit - reply.size()));
+        if (status != SuccessMaxCount)
+            return status;
+    }
+    return -1;
+}
+
+} // namespace qor::visa

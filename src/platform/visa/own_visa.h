@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/visa.h"
+#include "platform/visa/link.h"
+
+#include <map>
+#include <memory>
+
+namespace qor::visa {
+
+/// The published results of VISA operations that we give.
+inline constexpr VisaStatus Success = 0;
+inline constexpr VisaStatus ErrorInvalidObject = static_cast<VisaStatus>(0xBFFF000E);
+inline constexpr VisaStatus ErrorNotFound = static_cast<VisaStatus>(0xBFFF0011);
+inline constexpr VisaStatus ErrorInvalidName = static_cast<VisaStatus>(0xBFFF0012);
+inline constexpr VisaStatus ErrorTimeout = static_cast<VisaStatus>(0xBFFF0015);
+inline constexpr VisaStatus ErrorConnectionLost = static_cast<VisaStatus>(0xBFFF00A6);
+
+/// VISA without an installed library: raw sockets, VXI-11, HiSLIP and USBTMC, chosen by the address. Every
+/// call comes back: an open within 2.5 s, a transfer within the session's timeout (2 s unless set).
+class OwnVisa final : public VisaLibrary {
+public:
+    VisaStatus OpenDefaultRM(VisaSession& manager) override;
+    VisaStatus Open(VisaSession manager, std::string_view address, VisaSession& session) override;
+    VisaStatus Close(VisaSession session) override;
+    VisaStatus SetAttribute(VisaSession session, VisaAttribute attribute, std::uint32_t value) override;
+    VisaStatus Write(VisaSession session, std::string_view text) override;
+    /// One whole message, of which the first `limit` bytes are given.
+    VisaStatus Read(VisaSession session, std::size_t limit, std::string& reply) override;
+
+private:
+    struct Conversation {
+        std::unique_ptr<Link> link; ///< none for a manager
+        int timeoutMs = 2000;
+    };
+    [[nodiscard]] Conversation* Find(VisaSession session);
+
+    std::map<VisaSession, Conversation> m_Sessions;
+    VisaSession m_Last = 0;
+};
+
+} // namespace qor::visa

@@ -1,0 +1,118 @@
+// Results through the program's own files in every form that can be read back.
+#include "results/data_file.h"
+#include "results/result_forms.h"
+#include "results/xlsx/xlsx_writer.h"
+#include "support/documents.h"
+#include "support/rig.h"
+
+#include <gtest/gtest.h>
+
+namespace qor {
+namespace {
+
+using test::FileText;
+using test::Rig;
+
+void Put(const Rig& rig, const std::string& name, const std::string& bytes) {
+    std::ofstream(rig.dir / name, std::ios::binary) << bytes;
+}
+
+/// A .dat with remarks of its own, shown.
+std::unique_ptr<Rig> Showing(const ResultDocument& document) {
+    auto rig = std::make_unique<Rig>();
+    Put(*rig, "run.dat", EncodeResult(FormatResult(document), true));
+    EXPECT_TRUE(rig->program.Files().CurrentShow(rig->dir / "run.dat"));
+    return rig;
+}
+
+ResultDocument Remarked(unsigned seed, ResultMethod method) {
+    ResultDocument document = RandomDocument(seed, method, 40);
+    document.limit = -90.0f;
+    document.deviceSerial = "A17";
+    document.comment = "first line\nsecond";
+    return document;
+}
+
+TEST(ResultForms, AResultSavedInAnyFormIsShownAsItsDatIs) {
+    for (const char* name : {"run.txt", "run.xls", "run.XLS", "run.csv", "run.sheets"}) {
+        for (unsigned seed = 0; seed < 6; ++seed) {
+            SCOPED_TRACE(std::string(name) + std::to_string(seed));
+            const auto rig = Showing(Remarked(seed, seed % 2 ? ResultMethod::TwoTone : ResultMethod::Sweep));
+            Session& s = rig->S();
+            const ResultDocument first = *s.results.loaded.Document();
+            ASSERT_TRUE(rig->program.Files().DataSave(rig->dir / name));
+            rig->program.Stores().Write("Add_comments.ccz", "in force");
+            s.results.device.EnterSerial("B18");
+            ASSERT_TRUE(rig->program.Files().CurrentShow(rig->dir / name))
+                << rig->program.Files().LastProblem();
+
+            const ResultDocument& shown = *s.results.loaded.Document();
+            EXPECT_EQ(shown.runs, first.runs);
+            EXPECT_EQ(shown.band, first.band);
+            EXPECT_EQ(shown.order, first.order);
+            EXPECT_EQ(shown.method, first.method);
+            EXPECT_EQ(shown.inDbc, first.inDbc);
+            EXPECT_EQ(shown.power1, first.power1);
+            EXPECT_EQ(shown.model + shown.serial + DateText(shown),
+                      first.model + first.serial + DateText(first));
+            EXPECT_EQ(shown.source, name);
+            EXPECT_FALSE(shown.genuine);
+            // A sheet and a table have no remarks: those in force stay.
+            const bool text = std::string_view(name) == "run.txt";
+            EXPECT_EQ(s.results.device.Serial(), text ? "A17" : "B18");
+            EXPECT_EQ(rig->program.Stores().Read("Add_comments.ccz", 99),
+                      text ? "first line\r\nsecond" : "in force");
+            EXPECT_FALSE(rig->program.Files().DataSave(rig->dir / "again.dat"))
+                << "no original is made of it";
+        }
+    }
+}
+
+TEST(ResultForms, TheNameTellsTheFormAndTheBytesTellItAgain) {
+    const auto rig = Showing(Remarked(4, ResultMethod::Sweep));
+    ResultFiles& files = rig->program.Files();
+    EXPECT_FALSE(files.Forms().Has("run.xlsx"));
+    AddXlsx(files.Forms());
+    for (const auto& [name, begin] : {std::pair{"a.dat", "\x66\x13"},
+                                      {"a.report", "f1 "}, // ends in t
+                                      {"a.format", "\x66\x13"},
+                                      {"a.xls", "\xD0\xCF\x11\xE0"},
+                                      {"a.xlsx", "PK"},
+                                      {"a.csv", "run,half,"},
+                                      {"a.cs", "\"f1: "}}) {
+        ASSERT_TRUE(files.DataSave(rig->dir / name)) << name << files.LastProblem();
+        EXPECT_EQ(FileText(rig->dir / name).substr(0, std::string_view(begin).size()), begin) << name;
+    }
+    // Renamed, a file is what its bytes are; only what is a .dat in both is an original.
+    Put(*rig, "b.dat", FileText(rig->dir / "a.xls"));
+    ASSERT_TRUE(files.CurrentShow(rig->dir / "b.dat"));
+    EXPECT_FALSE(rig->S().results.loaded.Document()->genuine);
+    const auto before = rig->S().results.loaded.Document()->source;
+    for (const auto& [name, reason] :
+         {std::pair{"a.xlsx", "This is not a result file, or its header is damaged."},
+          {"none.xls", "No such file or directory."}}) {
+        EXPECT_FALSE(files.CurrentShow(rig->dir / name));
+        EXPECT_EQ(files.LastProblem(),
+                  (rig->dir / name).string() + ": " + reason + " Please choose another file.");
+        EXPECT_EQ(rig->S().results.loaded.Document()->source, before);
+    }
+}
+
+TEST(ResultForms, ASheetIsJudgedByTheLimitInForce) {
+    ResultDocument document = RandomDocument(8, ResultMethod::Sweep, 3);
+    document.inDbc = false;
+    document.runs = {{{{890, -100}, {891, -101}}, {}}};
+    document.limit = -90.0f;
+    const auto rig = Showing(document);
+    ASSERT_TRUE(rig->program.Files().DataSave(rig->dir / "run.xls"));
+    document.limit = -100.5f;
+    Put(*rig, "strict.dat", EncodeResult(FormatResult(document), true));
+    ASSERT_TRUE(rig->program.Files().CurrentShow(rig->dir / "strict.dat"));
+    ASSERT_TRUE(rig->program.Files().CurrentShow(rig->dir / "run.xls"));
+    EXPECT_EQ(PanelOf(rig->S()).m_AlarmText, "-100.5");
+    EXPECT_EQ(rig->S().curve.verdict.Value(), VerdictOverLimit);
+    EXPECT_FALSE(rig->S().results.loaded.Document()->limit);
+}
+
+} // namespace
+} // namespace qor
