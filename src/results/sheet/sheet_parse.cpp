@@ -185,9 +185,11 @@ bool ReadTwoToneRows(const SheetRows& rows, ResultRun& run) {
     return TimesGoOn(run.up);
 }
 
-/// A level of 0.00 is one that was not measured.
-void DropGaps(std::vector<ResultPoint>& points) {
+/// A level of 0.00 is one that was not measured. False for a product that no plan has.
+bool DropGaps(std::vector<ResultPoint>& points) {
     std::erase_if(points, [](const ResultPoint& point) { return !point.HasLevel() || point.x <= 0.1; });
+    return std::all_of(points.begin(), points.end(),
+                       [](const ResultPoint& point) { return point.x >= LeastFrequency; });
 }
 
 bool ReadSweepRows(const SheetRows& rows, ResultRun& run) {
@@ -198,9 +200,7 @@ bool ReadSweepRows(const SheetRows& rows, ResultRun& run) {
             return false;
     }
     std::reverse(run.up.begin(), run.up.end());
-    DropGaps(run.up);
-    DropGaps(run.down);
-    return true;
+    return DropGaps(run.up) && DropGaps(run.down);
 }
 
 struct DetailRow {
@@ -266,9 +266,7 @@ bool ReadDetailForm(const SheetRows& rows, ResultDocument& document) {
     // The tone that is held is stated by its own half; where there is none, any carrier of it tells the band.
     document.plan.f1Fix = details.front().f1;
     document.plan.f2Fix = details.back().f2;
-    DropGaps(run.up);
-    DropGaps(run.down);
-    return true;
+    return DropGaps(run.up) && DropGaps(run.down);
 }
 
 bool ReadForm(const SheetRows& rows, ResultDocument& document) {

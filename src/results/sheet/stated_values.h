@@ -8,6 +8,8 @@
 
 namespace qor {
 
+constexpr double LeastFrequency = 1.0; ///< MHz; what stands below as a product's frequency is damaged
+
 /// Level in the unit of the result as it is stated in hundredths: what would stand as 0.00 is stated as 0.01,
 /// because 0.00 means that there is none.
 [[nodiscard]] inline float StatedLevel(const ResultDocument& document, float level) {
