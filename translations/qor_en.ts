@@ -416,8 +416,16 @@
       <translation>Appearance(&amp;A)</translation>
     </message>
     <message>
+      <source>Datei (PDF)</source>
+      <translation>File (PDF)</translation>
+    </message>
+    <message>
       <source>Datei(&amp;D)</source>
       <translation>File(&amp;F)</translation>
+    </message>
+    <message>
+      <source>Dateien ohne Bericht:</source>
+      <translation>Files without a report:</translation>
     </message>
     <message>
       <source>Datenordner:</source>
@@ -430,6 +438,10 @@
     <message>
       <source>Deutsch</source>
       <translation>German</translation>
+    </message>
+    <message>
+      <source>Die Berichte werden noch gespeichert.</source>
+      <translation>The reports are still being saved.</translation>
     </message>
     <message>
       <source>Die Breite des Geraets hat sich geaendert.</source>
@@ -452,6 +464,10 @@
       <translation>The current selection is not supported!</translation>
     </message>
     <message>
+      <source>Drucken</source>
+      <translation>Print</translation>
+    </message>
+    <message>
       <source>Drucken Direkt(&amp;P)</source>
       <translation>Print Directly(&amp;P)</translation>
     </message>
@@ -462,6 +478,10 @@
     <message>
       <source>Drucken(&amp;V)</source>
       <translation>Print Preview(&amp;V)</translation>
+    </message>
+    <message>
+      <source>Drucker:</source>
+      <translation>Printer:</translation>
     </message>
     <message>
       <source>Durch</source>
@@ -510,6 +530,10 @@
     <message>
       <source>Einfuehren Daten(&amp;L)</source>
       <translation>Load Data(&amp;L)</translation>
+    </message>
+    <message>
+      <source>Einfuehren Firmenlogo</source>
+      <translation>Load company logo</translation>
     </message>
     <message>
       <source>Einfuehren Firmenlogo(&amp;I)</source>
@@ -1128,6 +1152,10 @@
       <translation>Saving failed</translation>
     </message>
     <message>
+      <source>Save all graphs?</source>
+      <translation>Save all graphs?</translation>
+    </message>
+    <message>
       <source>Scannen Fix f1 falsch!!!</source>
       <translation>Sweep: fixed f1 is wrong!</translation>
     </message>
@@ -1158,6 +1186,10 @@
     <message>
       <source>Sec.</source>
       <translation>Sec.</translation>
+    </message>
+    <message>
+      <source>Seite</source>
+      <translation>Page</translation>
     </message>
     <message>
       <source>Sek.</source>
@@ -1244,6 +1276,10 @@
       <translation>Save Excel(&amp;E)</translation>
     </message>
     <message>
+      <source>Speichern Graph BMP</source>
+      <translation>Save graph as BMP</translation>
+    </message>
+    <message>
       <source>Speichern Graph(&amp;G)</source>
       <translation>Save Graph(&amp;G)</translation>
     </message>
@@ -1262,6 +1298,10 @@
     <message>
       <source>Speichern file misserfolg</source>
       <translation>Cannot save the file</translation>
+    </message>
+    <message>
+      <source>Sprache des Berichts(&amp;R)</source>
+      <translation>Language of the report(&amp;R)</translation>
     </message>
     <message>
       <source>Sprache(&amp;L)</source>
@@ -1486,6 +1526,10 @@
     <message>
       <source>User Mode</source>
       <translation>User Mode</translation>
+    </message>
+    <message>
+      <source>Vorhandene Dateien ersetzen? Anzahl:</source>
+      <translation>Replace existing files? Number:</translation>
     </message>
     <message>
       <source>Werkzeug(&amp;W)</source>

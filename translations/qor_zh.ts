@@ -416,8 +416,16 @@
       <translation>外观(&amp;A)</translation>
     </message>
     <message>
+      <source>Datei (PDF)</source>
+      <translation>文件 (PDF)</translation>
+    </message>
+    <message>
       <source>Datei(&amp;D)</source>
       <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+      <source>Dateien ohne Bericht:</source>
+      <translation>未生成报告的文件：</translation>
     </message>
     <message>
       <source>Datenordner:</source>
@@ -430,6 +438,10 @@
     <message>
       <source>Deutsch</source>
       <translation>德语</translation>
+    </message>
+    <message>
+      <source>Die Berichte werden noch gespeichert.</source>
+      <translation>报告仍在保存中。</translation>
     </message>
     <message>
       <source>Die Breite des Geraets hat sich geaendert.</source>
@@ -452,6 +464,10 @@
       <translation>不支持当前选择！</translation>
     </message>
     <message>
+      <source>Drucken</source>
+      <translation>打印</translation>
+    </message>
+    <message>
       <source>Drucken Direkt(&amp;P)</source>
       <translation>直接打印(&amp;P)</translation>
     </message>
@@ -462,6 +478,10 @@
     <message>
       <source>Drucken(&amp;V)</source>
       <translation>打印预览(&amp;V)</translation>
+    </message>
+    <message>
+      <source>Drucker:</source>
+      <translation>打印机：</translation>
     </message>
     <message>
       <source>Durch</source>
@@ -510,6 +530,10 @@
     <message>
       <source>Einfuehren Daten(&amp;L)</source>
       <translation>导入数据(&amp;L)</translation>
+    </message>
+    <message>
+      <source>Einfuehren Firmenlogo</source>
+      <translation>导入公司徽标</translation>
     </message>
     <message>
       <source>Einfuehren Firmenlogo(&amp;I)</source>
@@ -1128,6 +1152,10 @@
       <translation>保存出错</translation>
     </message>
     <message>
+      <source>Save all graphs?</source>
+      <translation>保存所有图形？</translation>
+    </message>
+    <message>
       <source>Scannen Fix f1 falsch!!!</source>
       <translation>扫频固定 f1 错误！</translation>
     </message>
@@ -1158,6 +1186,10 @@
     <message>
       <source>Sec.</source>
       <translation>秒</translation>
+    </message>
+    <message>
+      <source>Seite</source>
+      <translation>页面</translation>
     </message>
     <message>
       <source>Sek.</source>
@@ -1244,6 +1276,10 @@
       <translation>保存 Excel(&amp;E)</translation>
     </message>
     <message>
+      <source>Speichern Graph BMP</source>
+      <translation>保存图形为 BMP</translation>
+    </message>
+    <message>
       <source>Speichern Graph(&amp;G)</source>
       <translation>保存曲线图(&amp;G)</translation>
     </message>
@@ -1262,6 +1298,10 @@
     <message>
       <source>Speichern file misserfolg</source>
       <translation>保存文件失败</translation>
+    </message>
+    <message>
+      <source>Sprache des Berichts(&amp;R)</source>
+      <translation>报告语言(&amp;R)</translation>
     </message>
     <message>
       <source>Sprache(&amp;L)</source>
@@ -1486,6 +1526,10 @@
     <message>
       <source>User Mode</source>
       <translation>用户模式</translation>
+    </message>
+    <message>
+      <source>Vorhandene Dateien ersetzen? Anzahl:</source>
+      <translation>替换已有文件？数量：</translation>
     </message>
     <message>
       <source>Werkzeug(&amp;W)</source>

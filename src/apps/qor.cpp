@@ -9,11 +9,14 @@
 #include "desk/ui/main_frame.h"
 #include "desk/ui/open_dialog.h"
 #include "desk/ui/pictures.h"
+#include "desk/ui/text.h"
 #include "desk/ui/user_modes_dialog.h"
 #include "desk/ui/window_operator.h"
 #include "platform/alsa/alsa_speaker.h"
 #include "platform/posix/posix_clock.h"
+#include "platform/print/qt_printers.h"
 #include "platform/wire_log.h"
+#include "results/paint/qt_page_forms.h"
 #include "results/xlsx/xlsx_writer.h"
 
 #include <QApplication>
@@ -47,10 +50,12 @@ template <typename Line> int RunToEnd(const app::DesktopOptions& options, Line& 
     AlsaSpeaker speaker;
     ui::DesktopLauncher launcher;
     ui::WindowDialogs dialogs;
+    QtPageForms pictures([](std::string_view text) { return ui::Utf8(ui::Tr(text)); });
+    QtPrinters printers;
     int status = 0;
     {
         Program program(
-            {comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher, &dialogs},
+            {comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher, &dialogs, &pictures, &printers},
             options.dataDirectory);
         AddXlsx(program.Files().Forms());
         ui::InstallLanguage(CurrentLanguage(program.Stores()));

@@ -1,6 +1,7 @@
 // qor-measure: one measurement from the shell, its verdict as the exit status.
 #include "apps/common/end_signals.h"
 #include "apps/common/instrument_line.h"
+#include "apps/common/pictures.h"
 #include "apps/measure/console.h"
 #include "apps/measure/job.h"
 #include "apps/measure/options.h"
@@ -9,6 +10,7 @@
 #include "platform/posix/posix_clock.h"
 #include "platform/qt/qt_timers.h"
 #include "platform/wire_log.h"
+#include "results/report/page_forms.h"
 #include "results/xlsx/xlsx_writer.h"
 
 #include <QCoreApplication>
@@ -33,7 +35,10 @@ int RunToEnd(QCoreApplication& application, const app::Options& options, Line& l
     PosixClock programClock;
     LoggedComm comm(line.comm, wire);
     QtTimers timers;
-    Program program({comm, line.ports, timers, programClock, console}, options.dataDirectory);
+    const std::unique_ptr<PageForms> pictures = app::MakePageForms();
+    Program program({comm, line.ports, timers, programClock, console, nullptr, nullptr, nullptr, nullptr,
+                     nullptr, pictures.get()},
+                    options.dataDirectory);
     AddXlsx(program.Files().Forms());
     app::Job job(
         program, options, console, wire, [] { return g_StopAsked; }, [&] { application.quit(); });
@@ -55,7 +60,7 @@ int RunToEnd(QCoreApplication& application, const app::Options& options, Line& l
 } // namespace
 
 int main(int argc, char* argv[]) {
-    QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = app::MakeApplication(argc, argv);
     QCoreApplication::setApplicationName("qor-measure");
     const app::ParsedOptions parsed = app::ParseOptions(QCoreApplication::arguments());
     if (parsed.isAnswer) {
@@ -69,11 +74,16 @@ int main(int argc, char* argv[]) {
                        stdout);
         return app::BadRequest;
     }
+    if (parsed.options->WantsPictures() && !app::CanPaint()) {
+        app::TakeOver("qor-measure", argv);
+        std::fputs("qor-measure: qor-measure-pictures is missing beside it: no .pdf, .bmp and .jpg.\n", stderr);
+        return app::FileFailed;
+    }
     const app::EndSignals ending([] { g_StopAsked = true; });
     if (parsed.options->simulate) {
         app::SimulatedLine line(*parsed.options->simulate);
-        return RunToEnd(application, *parsed.options, line);
+        return RunToEnd(*application, *parsed.options, line);
     }
     app::RealLine line({parsed.options->port}, PortScope::Given);
-    return RunToEnd(application, *parsed.options, line);
+    return RunToEnd(*application, *parsed.options, line);
 }

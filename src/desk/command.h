@@ -13,7 +13,7 @@ class Program;
 /// What stands in the way of a command. Some have one of their own besides: choosing a band asks whether the
 /// initialisation is over.
 struct Guards {
-    bool run = false;  ///< refused while a measurement runs; one that waits for its turn is dropped
+    bool run = false;  ///< refused while a measurement or a series of pages runs; a start that waits is dropped
     bool port = false; ///< refused while the port is closed
 };
 
@@ -66,6 +66,11 @@ public:
 private:
     std::vector<MenuLine>& m_Lines;
 };
+
+// Parts of the first menu that have a file of their own.
+void AddLogoRows(MenuBuilder& menu);
+void AddPictureRows(MenuBuilder& menu);
+void AddPrintRows(MenuBuilder& menu);
 
 // The rows of each subject, each a file of its own, in the order of the menu.
 void AddResultRows(MenuBuilder& menu);

@@ -36,6 +36,8 @@ Outcome Commands::Try(const CommandRow& row) {
     if (row.guards.run) {
         if (Outcome off = RunIsOff(program.State()); !off)
             return off;
+        if (Outcome off = SeriesIsOff(program.Series()); !off)
+            return off;
     }
     if (row.guards.port) {
         if (Outcome open = PortIsOpen(program.Parts()); !open)

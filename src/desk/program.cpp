@@ -4,6 +4,7 @@
 #include "curve/curve.h"
 #include "desk/band_plot.h"
 #include "desk/dbc_reference.h"
+#include "desk/guards.h"
 #include "desk/setup/path_loss.h"
 #include "desk/startup.h"
 #include "link/commands.h"
@@ -27,7 +28,7 @@ constexpr int LongestClose = 7;
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_Store(std::move(dataDirectory)),
       m_Receiver(m_Store, platform.visa, platform.sensor), m_Files(m_Session, m_Platform, m_Store),
-      m_List(m_Session, m_Files, m_Store),
+      m_List(m_Session, m_Files, m_Store), m_Reports(platform.pictures, m_Store), m_Series(m_Platform.timers, m_Platform.user, m_Reports),
       m_Markers(m_Session), m_Line{m_Platform.comm, m_Platform.ports, m_Platform.timers, m_Platform.clock},
       m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
       m_Activation(m_Session.working, m_Session.link.queue, m_Store),
@@ -65,6 +66,12 @@ void Program::Start(bool keepLastSession) {
 
 void Program::SearchNow() {
     m_Connection.OnSearchTimer();
+}
+
+void Program::OnMeasButton() {
+    if (Outcome off = SeriesIsOff(m_Series); !off)
+        return Tell(off);
+    m_StartButton.Press();
 }
 
 bool Program::LineIsIdle() const {
@@ -145,6 +152,7 @@ void Program::Leave() {
     if (m_Leaving)
         return;
     m_Leaving = true;
+    m_Series.End();
     m_Connection.StopSearch();
     m_Init.Abort();
     m_Measurement.Abandon(); // one that waited for its turn or for the instrument, too

@@ -18,6 +18,7 @@
 #include "receivers/level_source.h"
 #include "receivers/receiver_access.h"
 #include "results/list_panel.h"
+#include "results/page_series.h"
 #include "results/result_files.h"
 
 #include <filesystem>
@@ -44,7 +45,7 @@ public:
     void StartLine() { m_Channel.Start(); }
 
     /// The start button.
-    void OnMeasButton() { m_StartButton.Press(); }
+    void OnMeasButton();
     void StopMeas() { m_Measurement.Stop(); }
     /// A run that was asked for and has not begun does not begin any more.
     void DropStart() { m_Measurement.DropStart(); }
@@ -75,6 +76,10 @@ public:
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
     [[nodiscard]] ListPanel& List() { return m_List; }
+    [[nodiscard]] ReportMaker& Reports() { return m_Reports; }
+    [[nodiscard]] const ReportMaker& Reports() const { return m_Reports; }
+    [[nodiscard]] PageSeries& Series() { return m_Series; }
+    [[nodiscard]] const PageSeries& Series() const { return m_Series; }
     [[nodiscard]] Markers& Marks() { return m_Markers; }
     [[nodiscard]] const Platform& Parts() const { return m_Platform; }
 
@@ -106,6 +111,8 @@ private:
     ReceiverAccess m_Receiver;
     ResultFiles m_Files;
     ListPanel m_List;
+    ReportMaker m_Reports;
+    PageSeries m_Series;
     Markers m_Markers;
     LinkParts m_Line;
     RunMark m_RunMark;

@@ -61,23 +61,19 @@ void AddResultRows(MenuBuilder& menu) {
               .caption = "Auto Save On/Off(&A)\tCtrl+A",
               .checked = [](const Program&, int) { return false; }});
     menu.Line();
-    menu.Add({.id = "company_logo", .caption = "Einfuehren Firmenlogo(&I)\tCtrl+I"});
+    AddLogoRows(menu);
     menu.Add({.id = "comment",
               .caption = "Addieren Anmerkung(&C)\tCtrl+C",
               .noDialog = "Oeffnen file Misserfolg"});
     menu.Line();
-    menu.Add({.id = "save_jpg", .caption = "Speichern JPG(&J)\tCtrl+J"});
-    menu.Add({.id = "save_bmp", .caption = "Speichern BMP(&B)\tCtrl+B"});
-    menu.Add({.id = "save_graph", .caption = "Speichern Graph(&G)\tCtrl+G"});
-    menu.Add({.id = "save_pdf", .caption = "Speichern PDF(&S)\tCtrl+S"});
+    AddPictureRows(menu);
     // Ctrl+X belongs to the way out; two items on one key would leave both without it.
     menu.Add({.id = "save_excel",
               .caption = "Speichern Excel(&X)\tCtrl+E",
               .guards = {.run = true},
               .run = SaveExcel});
     menu.Line();
-    menu.Add({.id = "print", .caption = "Drucken(&V)\tCtrl+V"});
-    menu.Add({.id = "print_direct", .caption = "Drucken Direkt(&P)\tCtrl+P"});
+    AddPrintRows(menu);
     menu.Line();
     menu.Add({.id = "load_configuration",
               .caption = "Load Configure",

@@ -6,8 +6,10 @@ class CMSComm;
 class Dialogs;
 class Launcher;
 class Operator;
+class PageForms;
 class PortList;
 class PowerSensorLibrary;
+class Printers;
 class Speaker;
 class VisaLibrary;
 class WallClock;
@@ -25,6 +27,8 @@ struct Platform {
     Speaker* speaker = nullptr;           ///< none: silence
     Launcher* launcher = nullptr;         ///< none: nothing else can be started
     Dialogs* dialogs = nullptr;           ///< none: what a dialog would settle is refused
+    PageForms* pictures = nullptr;        ///< none: no pages and no pictures
+    Printers* printers = nullptr;         ///< none: nothing is printed
 };
 
 } // namespace qor

@@ -121,7 +121,8 @@ std::optional<ResultDocument> ResultFiles::Document() const {
     if (curve.IsFromFile())
         JudgeRows(document); // the operator may have entered another limit
     document.deviceSerial = OneLine(results.device.Serial());
-    document.comment = m_Store.Read("Add_comments.ccz", LongestComment).value_or("");
+    document.comment = results.device.CommentOfCall().value_or(
+        m_Store.Read("Add_comments.ccz", LongestComment).value_or(""));
     std::erase_if(document.comment, [](char c) { return c == '\r' || c == '\0'; });
     return document;
 }

@@ -27,11 +27,15 @@ public:
             m_DutSerial.clear();
     }
     void TakeComment(std::string comment) { g_comment = std::move(comment); }
+    /// A comment that goes before the stored one as long as the program runs.
+    [[nodiscard]] const std::optional<std::string>& CommentOfCall() const { return m_CommentOfCall; }
+    void CommentOfCall(std::string comment) { m_CommentOfCall = std::move(comment); }
 
 private:
     std::string m_DutSerial;    ///< serial number of the device under test
     bool g_bKeepSerial = false; ///< it stays for the next run
     std::string g_comment;      ///< comment of the next result
+    std::optional<std::string> m_CommentOfCall;
 };
 
 /// Where results go that are saved without being asked for.

@@ -47,7 +47,7 @@ TEST(Commands, DuringARunEverySetupIsRefused) {
         "skin",        "layout",    "custom_layout", "alarm",         "alarm_stamp",    "under_limit_beep",
         "alarm_level", "beep_tone", "handbook",      "device_serial", "equipment_type", "calculator",
         "side_tool",   "update",    "about",         "marker",        "path_loss",      "load_rx_loss",
-        "user_modes"};
+        "user_modes",  "print",     "print_direct",  "company_logo",  "report_language"};
     for (const MenuLine& line : MenuLines()) {
         const CommandRow& row = line.row;
         if (line.kind != MenuLine::Kind::Item || free.contains(row.id) || !rig.commands.IsEnabled(row))

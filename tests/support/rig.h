@@ -26,10 +26,12 @@ class Rig {
 public:
     explicit Rig(const sim::InstrumentConfig& config = {}, VisaLibrary* visa = nullptr,
                  PowerSensorLibrary* sensor = nullptr, Dialogs* dialogs = nullptr,
-                 Launcher* launcher = nullptr, Speaker* speaker = nullptr)
+                 Launcher* launcher = nullptr, Speaker* speaker = nullptr, PageForms* pictures = nullptr,
+                 Printers* printers = nullptr)
         : instrument(config), line(instrument), ports(time.later), port(ports, time.later), wire(time.clock),
           comm(port, wire),
-          program({comm, ports, time.timers, time.clock, user, visa, sensor, speaker, launcher, dialogs},
+          program({comm, ports, time.timers, time.clock, user, visa, sensor, speaker, launcher, dialogs,
+                   pictures, printers},
                   dir.Path()) {
         ports.Add(line, "/dev/ttySIM0");
     }

@@ -5,7 +5,9 @@
 #include "base/text_format.h"
 #include "desk/level_unit.h"
 #include "desk/panel.h"
+#include "desk/shown_page.h"
 #include "platform/serial_control.h"
+#include "tools/comment.h"
 
 #include <algorithm>
 
@@ -44,6 +46,10 @@ void Job::Start() {
     m_InPhase.start();
     m_Program.Start(true);
     ApplySettings();
+    if (!m_Options.logo.empty()) {
+        if (const Outcome logo = m_Program.Reports().UseLogo(m_Options.logo); !logo)
+            return Finish(BadRequest, logo.Text());
+    }
     m_Program.SearchNow();
     m_Timer.start(LookPeriodMs);
 }
@@ -59,6 +65,12 @@ void Job::ApplySettings() {
     if (m_Options.limitDbm) {
         curve.limit.Take(*m_Options.limitDbm - curve.scale.Reference());
     }
+    if (m_Options.comment)
+        session.results.device.CommentOfCall(StoredComment(*m_Options.comment));
+    if (m_Options.deviceSerial)
+        session.results.device.EnterSerial(*m_Options.deviceSerial);
+    if (m_Options.reportLanguage)
+        m_Program.Reports().UseLanguage(*m_Options.reportLanguage);
 }
 
 double Job::ExpectedSeconds() const {
@@ -219,11 +231,18 @@ void Job::Drain() {
 
 void Job::SaveFiles() {
     for (const std::filesystem::path& path : m_Options.out) {
-        if (m_Program.Files().DataSave(path))
+        if (const Outcome saved = Save(path); saved)
             m_Outcome.files.push_back(path.string());
         else if (m_Outcome.message.empty())
-            m_Outcome.message = m_Program.Files().LastProblem();
+            m_Outcome.message = saved.Text();
     }
+}
+
+Outcome Job::Save(const std::filesystem::path& path) {
+    if (ReportMaker::IsPageFile(path))
+        return SaveShownPage(m_Program, path, WorkingFiles::None);
+    return m_Program.Files().DataSave(path) ? Outcome::Done()
+                                            : Outcome::Refused(m_Program.Files().LastProblem());
 }
 
 /// What was on the line when contact was lost, beside the stores.

@@ -37,6 +37,7 @@ private:
     Outcome SelectAll();
     void ApplySettings();
     void SaveFiles();
+    Outcome Save(const std::filesystem::path& path);
     void KeepWire();
     void Finish(ExitStatus status, std::string message = {});
     [[nodiscard]] double ExpectedSeconds() const;

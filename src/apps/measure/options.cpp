@@ -4,9 +4,11 @@
 #include "bands/catalogue.h"
 #include "curve/curve.h"
 #include "link/working_set.h"
+#include "results/report/report_maker.h"
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cmath>
 
 namespace qor::app {
@@ -34,8 +36,14 @@ void AddOptions(QCommandLineParser& parser) {
         {"interval", "Pause between the runs of a sweep (0).", "SECONDS"},
         {"limit", "Limit in dBm, 0 to -200 (the stored limit).", "DBM"},
         {"unit", "Unit of the files: dbm or dbc (dbm).", "UNIT"},
-        {"out", "Result file, .dat, .txt, .xls, .xlsx or .csv by its ending; may be given several times.",
+        {"out",
+         "Result file, .dat, .txt, .xls, .xlsx, .csv, or report, .pdf, .bmp, .jpg, by its ending; may be given "
+         "several times.",
          "FILE"},
+        {"report-language", "Language of the report: en or de (the stored one).", "LANGUAGE"},
+        {"logo", "Company's picture on the report: .bmp, .png or .jpg (the stored one).", "FILE"},
+        {"comment", "Comment of the result (the stored one).", "TEXT"},
+        {"dut", "Serial number of the device under test.", "TEXT"},
         {"data-dir", "Directory of the stores ($XDG_DATA_HOME/qor or ~/.local/share/qor).", "DIR"},
         {"idle", "Stay ready for so long before the run.", "SECONDS"},
         {"wire", "Log every transfer to a file.", "FILE"},
@@ -119,15 +127,26 @@ void ReadSelection(Reader& reader, Options& options) {
 
 void ReadOutputs(Reader& reader, const QCommandLineParser& parser, Options& options) {
     for (const QString& file : parser.values("out")) {
-        static const QStringList Endings = {"dat", "txt", "xls", "xlsx", "csv"};
+        static const QStringList Endings = {"dat", "txt", "xls", "xlsx", "csv", "pdf", "bmp", "jpg"};
         if (!file.contains('.') || !Endings.contains(file.section('.', -1).toLower()))
             reader.Fail("--out " + file.toStdString() +
-                        ": results are saved as .dat, .txt, .xls, .xlsx or .csv.");
+                        ": results are saved as .dat, .txt, .xls, .xlsx, .csv, .pdf, .bmp or .jpg.");
         options.out.emplace_back(file.toStdString());
     }
+    if (reader.Has("report-language"))
+        options.reportLanguage = static_cast<ReportLanguage>(reader.Choice("report-language", {"de", "en"}));
+    options.logo = reader.Text("logo");
+    if (reader.Has("comment"))
+        options.comment = reader.Text("comment");
+    if (reader.Has("dut"))
+        options.deviceSerial = reader.Text("dut");
 }
 
 } // namespace
+
+bool Options::WantsPictures() const {
+    return !logo.empty() || std::any_of(out.begin(), out.end(), ReportMaker::IsPageFile);
+}
 
 ParsedOptions ParseOptions(const QStringList& arguments) {
     QCommandLineParser parser;

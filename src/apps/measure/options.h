@@ -1,5 +1,6 @@
 #pragma once
 
+#include "results/report/report_page.h"
 #include "sim/instrument.h"
 
 #include <QStringList>
@@ -25,11 +26,18 @@ struct Options {
     std::optional<float> limitDbm; ///< the stored limit otherwise
     bool dbc = false;
     std::vector<std::filesystem::path> out;
+    std::optional<ReportLanguage> reportLanguage; ///< the stored one otherwise
+    std::filesystem::path logo;                   ///< empty: the stored one
+    std::optional<std::string> comment;           ///< the stored one otherwise
+    std::optional<std::string> deviceSerial;
     std::filesystem::path dataDirectory;
     int idleSeconds = 0;
     std::string wireFile;
     bool json = false;
     std::optional<int> timeoutSeconds; ///< three times the expected length and a minute otherwise
+
+    /// Some of the files can be written by a program with graphics only.
+    [[nodiscard]] bool WantsPictures() const;
 };
 
 struct ParsedOptions {

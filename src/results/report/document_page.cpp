@@ -1,0 +1,72 @@
+#include "results/report/document_page.h"
+
+#include "base/text_format.h"
+#include "curve/curve.h"
+#include "results/document_curve.h"
+#include "results/read_document.h"
+
+namespace qor {
+
+namespace {
+
+ResultDocument Completed(ResultDocument document, const PageView& view) {
+    if (document.hasHead && document.interBand.empty()) {
+        const auto [f1, f2] = HeldTones(document);
+        document.band = BandOfTones(f1, f2, view.band);
+    }
+    if (!document.statesRemarks) {
+        document.comment = view.comment;
+        document.deviceSerial = view.deviceSerial;
+    }
+    if (!document.limit && view.limit) {
+        document.limit = view.limit;
+        JudgeRows(document);
+    }
+    return document;
+}
+
+void Plot(const ResultDocument& document, const PageView& view, Curve& curve) {
+    curve.scale.SetRange(view.top, view.bottom);
+    curve.scale.ShowBar(view.bar);
+    curve.scale.SetCarrier(document.carrier);
+    curve.scale.SetUnit(document.inDbc);
+    if (document.limit)
+        curve.limit.Take(*document.limit - curve.scale.Reference());
+    curve.limit.SetAlarm(!view.alarmOff);
+    curve.limit.SetStamp(!view.stampOff);
+    curve.Load(CurveOf(document));
+    curve.Update(true);
+    curve.SearchMaxima();
+    switch (document.verdict) {
+    case ResultVerdict::Passed:
+        return curve.verdict.Take(VerdictPassed);
+    case ResultVerdict::Failed:
+        return curve.verdict.Take(VerdictOverLimit);
+    case ResultVerdict::Error:
+        return curve.verdict.Take(static_cast<Verdict>(document.error));
+    case ResultVerdict::None:
+        return curve.verdict.Take(VerdictNone);
+    }
+}
+
+PlotFacts FactsOf(const ResultDocument& document) {
+    PlotFacts facts;
+    facts.bandSelected = document.hasHead;
+    facts.power1 = static_cast<double>(document.power1);
+    facts.power2 = static_cast<double>(document.power2);
+    if (const auto worst = WorstOf(document))
+        facts.worstLevelText = Fixed(static_cast<double>(InUnit(document, worst->level)), 1);
+    return facts;
+}
+
+} // namespace
+
+DocumentPage::DocumentPage(ResultDocument document, const PageView& view)
+    : m_Curve(std::make_unique<Curve>()),
+      m_Subject{Completed(std::move(document), view), {*m_Curve, {}, {}}, false, view.alarmOff, {}} {
+    m_Subject.keepSerial = !m_Subject.document.deviceSerial.empty();
+    m_Subject.plot.facts = FactsOf(m_Subject.document);
+    Plot(m_Subject.document, view, *m_Curve);
+}
+
+} // namespace qor
