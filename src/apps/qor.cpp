@@ -54,9 +54,9 @@ template <typename Line> int RunToEnd(const app::DesktopOptions& options, Line& 
     QtPrinters printers;
     int status = 0;
     {
-        Program program(
-            {comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher, &dialogs, &pictures, &printers},
-            options.dataDirectory);
+        Program program({comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher,
+                         &dialogs, &pictures, &printers},
+                        options.dataDirectory);
         AddXlsx(program.Files().Forms());
         ui::InstallLanguage(CurrentLanguage(program.Stores()));
         ui::ApplyLook(options.configStart ? LoadAppearance(program.Stores()).m_skin : SkinDefault);

@@ -76,7 +76,8 @@ int main(int argc, char* argv[]) {
     }
     if (parsed.options->WantsPictures() && !app::CanPaint()) {
         app::TakeOver("qor-measure", argv);
-        std::fputs("qor-measure: qor-measure-pictures is missing beside it: no .pdf, .bmp and .jpg.\n", stderr);
+        std::fputs("qor-measure: qor-measure-pictures is missing beside it: no .pdf, .bmp and .jpg.\n",
+                   stderr);
         return app::FileFailed;
     }
     const app::EndSignals ending([] { g_StopAsked = true; });

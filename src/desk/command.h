@@ -13,7 +13,8 @@ class Program;
 /// What stands in the way of a command. Some have one of their own besides: choosing a band asks whether the
 /// initialisation is over.
 struct Guards {
-    bool run = false;  ///< refused while a measurement or a series of pages runs; a start that waits is dropped
+    bool run =
+        false; ///< refused while a measurement or a series of pages runs; a start that waits is dropped
     bool port = false; ///< refused while the port is closed
 };
 

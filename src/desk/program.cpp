@@ -28,7 +28,8 @@ constexpr int LongestClose = 7;
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_Store(std::move(dataDirectory)),
       m_Receiver(m_Store, platform.visa, platform.sensor), m_Files(m_Session, m_Platform, m_Store),
-      m_List(m_Session, m_Files, m_Store), m_Reports(platform.pictures, m_Store), m_Series(m_Platform.timers, m_Platform.user, m_Reports),
+      m_List(m_Session, m_Files, m_Store), m_Reports(platform.pictures, m_Store),
+      m_Series(m_Platform.timers, m_Platform.user, m_Reports),
       m_Markers(m_Session), m_Line{m_Platform.comm, m_Platform.ports, m_Platform.timers, m_Platform.clock},
       m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
       m_Activation(m_Session.working, m_Session.link.queue, m_Store),

@@ -110,7 +110,8 @@ Outcome SavePlot(Desk& desk, const PageForm& form) {
     Program& program = desk.program;
     std::filesystem::path proposed = ProposedPath(desk, form);
     proposed.replace_filename("DATEN" + std::string(form.ending));
-    const std::filesystem::path path = program.Parts().user.FileToSave("Speichern DATen File", proposed, form.endings);
+    const std::filesystem::path path =
+        program.Parts().user.FileToSave("Speichern DATen File", proposed, form.endings);
     if (path.empty())
         return Outcome::Done();
     const std::filesystem::path whole = WithEnding(path, form.ending);

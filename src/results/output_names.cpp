@@ -36,13 +36,12 @@ std::vector<std::filesystem::path> OutputNames(const std::vector<std::filesystem
     for (std::size_t i = 0; i < sources.size(); ++i) {
         const std::string key = Key(outputs[i]);
         if (wanted[key] > 1 || taken.contains(key))
-            outputs[i] =
-                Beside(sources[i], folder, sources[i].filename().string() + std::string(ending));
+            outputs[i] = Beside(sources[i], folder, sources[i].filename().string() + std::string(ending));
         // The same name from several folders.
         const std::filesystem::path first = outputs[i];
         for (int n = 2; !taken.insert(Key(outputs[i])).second; ++n)
-            outputs[i] = first.parent_path() /
-                         (first.stem().string() + "_" + std::to_string(n) + std::string(ending));
+            outputs[i] =
+                first.parent_path() / (first.stem().string() + "_" + std::to_string(n) + std::string(ending));
     }
     return outputs;
 }

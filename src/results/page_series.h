@@ -16,9 +16,9 @@ class Operator;
 inline constexpr int SeriesTimer = 26;
 inline constexpr int SeriesPeriod = 1; ///< ms
 
-/// The pages of many result files, one file a tick, so that the window lives between them. What is shown stays
-/// as it is. The operator sees which file it is at and can end it before each; what went wrong is told once,
-/// at the end.
+/// The pages of many result files, one file a tick, so that the window lives between them. What is shown
+/// stays as it is. The operator sees which file it is at and can end it before each; what went wrong is told
+/// once, at the end.
 class PageSeries {
 public:
     /// One file and where its page goes; the form is told by the ending.

@@ -156,7 +156,7 @@ bool ResultFiles::DescribeSetup(ResultDocument& document) const {
     const int imIndex = working.ImIndex();
     // The band of the run: a reconnection may have found the instrument's switch elsewhere.
     const int number = m_Session.curve.HoldsPoints() && working.BandOfRun() != BandNone ? working.BandOfRun()
-                                                                                       : working.Band();
+                                                                                        : working.Band();
     const BandInfo* band = FindBand(number);
     if (!band || imIndex < 1 || imIndex > (IsTetra(number) ? 3 : 5))
         return false;

@@ -69,9 +69,9 @@ struct ReportDesk : Parts, Rig {
 
 TEST(ReportRows, OnePageInEachForm) {
     ReportDesk desk;
-    for (const auto& [command, name, store] :
-         {std::tuple("save_pdf", "a.pdf", "LastPdfPath.ccz"), std::tuple("save_jpg", "a.jpg", "LastJpgPath.ccz"),
-          std::tuple("save_bmp", "a.bmp", "LastBmpPath.ccz")}) {
+    for (const auto& [command, name, store] : {std::tuple("save_pdf", "a.pdf", "LastPdfPath.ccz"),
+                                               std::tuple("save_jpg", "a.jpg", "LastJpgPath.ccz"),
+                                               std::tuple("save_bmp", "a.bmp", "LastBmpPath.ccz")}) {
         desk.user.fileToSave = desk.folder / name;
         ASSERT_TRUE(desk.commands.Run(command)) << desk.user.messages.back();
         EXPECT_EQ(desk.Stored(store), (desk.folder / name).string());

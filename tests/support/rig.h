@@ -29,10 +29,9 @@ public:
                  Launcher* launcher = nullptr, Speaker* speaker = nullptr, PageForms* pictures = nullptr,
                  Printers* printers = nullptr)
         : instrument(config), line(instrument), ports(time.later), port(ports, time.later), wire(time.clock),
-          comm(port, wire),
-          program({comm, ports, time.timers, time.clock, user, visa, sensor, speaker, launcher, dialogs,
-                   pictures, printers},
-                  dir.Path()) {
+          comm(port, wire), program({comm, ports, time.timers, time.clock, user, visa, sensor, speaker,
+                                     launcher, dialogs, pictures, printers},
+                                    dir.Path()) {
         ports.Add(line, "/dev/ttySIM0");
     }
 

@@ -20,7 +20,8 @@ namespace qor::app {
 [[nodiscard]] std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv);
 [[nodiscard]] std::unique_ptr<PageForms> MakePageForms();
 
-/// The twin goes on in this program's place. Comes back only when there is none; `program` is this one's name.
+/// The twin goes on in this program's place. Comes back only when there is none; `program` is this one's
+/// name.
 void TakeOver(const char* program, char** argv);
 
 } // namespace qor::app

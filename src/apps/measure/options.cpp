@@ -37,7 +37,8 @@ void AddOptions(QCommandLineParser& parser) {
         {"limit", "Limit in dBm, 0 to -200 (the stored limit).", "DBM"},
         {"unit", "Unit of the files: dbm or dbc (dbm).", "UNIT"},
         {"out",
-         "Result file, .dat, .txt, .xls, .xlsx, .csv, or report, .pdf, .bmp, .jpg, by its ending; may be given "
+         "Result file, .dat, .txt, .xls, .xlsx, .csv, or report, .pdf, .bmp, .jpg, by its ending; may be "
+         "given "
          "several times.",
          "FILE"},
         {"report-language", "Language of the report: en or de (the stored one).", "LANGUAGE"},

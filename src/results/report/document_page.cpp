@@ -62,8 +62,11 @@ PlotFacts FactsOf(const ResultDocument& document) {
 } // namespace
 
 DocumentPage::DocumentPage(ResultDocument document, const PageView& view)
-    : m_Curve(std::make_unique<Curve>()),
-      m_Subject{Completed(std::move(document), view), {*m_Curve, {}, {}}, false, view.alarmOff, {}} {
+    : m_Curve(std::make_unique<Curve>()), m_Subject{Completed(std::move(document), view),
+                                                    {*m_Curve, {}, {}},
+                                                    false,
+                                                    view.alarmOff,
+                                                    {}} {
     m_Subject.keepSerial = !m_Subject.document.deviceSerial.empty();
     m_Subject.plot.facts = FactsOf(m_Subject.document);
     Plot(m_Subject.document, view, *m_Curve);

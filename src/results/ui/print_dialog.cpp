@@ -25,9 +25,9 @@ public:
                          static_cast<int>(picture.height / PreviewDivisor));
         auto* preview = new QLabel;
         preview->setAccessibleName(Tr("Seite"));
-        preview->setPixmap(QPixmap::fromImage(
-            whole.convertToFormat(QImage::Format_RGB32)
-                .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
+        preview->setPixmap(
+            QPixmap::fromImage(whole.convertToFormat(QImage::Format_RGB32)
+                                   .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
         auto* scroll = new QScrollArea;
         scroll->setWidget(preview);
         scroll->setAlignment(Qt::AlignCenter);
