@@ -128,7 +128,7 @@ void Channel::CommSend() {
     LineCommand& head = queue.Head();
     if (TakePseudoCommand(head))
         return;
-    if (SelectsPosition(head.text) && m_Link.carriers.MayBeOn() && !m_Run.IsRunOn()) {
+    if (SelectsPosition(head.text) && m_Link.carriers.MayBeOn()) {
         LoseContact(); // the off commands before it were not echoed: no band is selected under carriers
         return;
     }

@@ -143,6 +143,23 @@ TEST(Carriers, NoBandIsSelectedUnderThem) {
     EXPECT_FALSE(Carries(rig));
 }
 
+/// Nor by a start that comes before the echoes of what ended the run before it.
+TEST(Carriers, NoStartSelectsItsBandUnderThem) {
+    Rig rig(AtDcs("6.2"));
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));
+    RunUntilCarrying(rig);
+    rig.Sent();
+    rig.line.Add({sim::FaultKind::Garble, rig.line.CommandCount()});
+    rig.program.StopMeas();
+    rig.program.OnMeasButton();
+    rig.time.RunFor(1000);
+    const Texts sent = rig.Sent();
+    EXPECT_NE(std::find(sent.begin(), sent.end(), "#M2T0"), sent.end());
+    EXPECT_EQ(std::count_if(sent.begin(), sent.end(), [](const auto& text) { return text.starts_with("#SAB"); }), 0);
+    EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady);
+}
+
 /// Another instrument put in its place echoes what is owed to the first: that one is still owed it.
 TEST(Carriers, AreOwedToTheInstrumentThatWasLeftCarrying) {
     Rig rig(AtDcs("6.2"));
