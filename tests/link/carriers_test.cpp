@@ -155,7 +155,9 @@ TEST(Carriers, NoStartSelectsItsBandUnderThem) {
     rig.time.RunFor(1000);
     const Texts sent = rig.Sent();
     EXPECT_NE(std::find(sent.begin(), sent.end(), "#M2T0"), sent.end());
-    EXPECT_EQ(std::count_if(sent.begin(), sent.end(), [](const auto& text) { return text.starts_with("#SAB"); }), 0);
+    EXPECT_EQ(
+        std::count_if(sent.begin(), sent.end(), [](const auto& text) { return text.starts_with("#SAB"); }),
+        0);
     EXPECT_FALSE(rig.S().run.IsOn());
     EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady);
 }
