@@ -228,6 +228,10 @@
       <translation>Close Port</translation>
     </message>
     <message>
+      <source>Ausserhalb von -99.9 bis 9.9 dB, zaehlt als 0:</source>
+      <translation>Outside -99.9 to 9.9 dB, counts as 0:</translation>
+    </message>
+    <message>
       <source>Auswaehlen Breite</source>
       <translation>Select a band</translation>
     </message>
@@ -266,6 +270,10 @@
     <message>
       <source>Bereit</source>
       <translation>Ready</translation>
+    </message>
+    <message>
+      <source>Beschaedigt, zaehlt als nicht vorhanden:</source>
+      <translation>Damaged, counts as absent:</translation>
     </message>
     <message>
       <source>Bilden</source>
@@ -448,8 +456,20 @@
       <translation>The band of the instrument has changed.</translation>
     </message>
     <message>
+      <source>Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen:</source>
+      <translation>The loss table has fields without a number, it was not loaded:</translation>
+    </message>
+    <message>
+      <source>Die Verlusttabelle ist zu kurz, sie wurde nicht geladen:</source>
+      <translation>The loss table is too short, it was not loaded:</translation>
+    </message>
+    <message>
       <source>Die beiden neuen Passwoerter sind nicht gleich.</source>
       <translation>The two new passwords are not the same.</translation>
+    </message>
+    <message>
+      <source>Diese Ablagen kennt die Konfiguration nicht, sie bleiben:</source>
+      <translation>The configuration knows nothing of these stores, they stay:</translation>
     </message>
     <message>
       <source>Display Grafik Nur(&amp;I)</source>
@@ -516,6 +536,10 @@
       <translation>Setup failed</translation>
     </message>
     <message>
+      <source>Eine unterbrochene Wiederherstellung wurde zurueckgenommen.</source>
+      <translation>A restore that was broken off has been taken back.</translation>
+    </message>
+    <message>
       <source>Einen Eintrag weiter</source>
       <translation>Next entry</translation>
     </message>
@@ -542,6 +566,10 @@
     <message>
       <source>Einheit: dBm/dBc(&amp;C)</source>
       <translation>Unit: dBm/dBc(&amp;U)</translation>
+    </message>
+    <message>
+      <source>Einstellungen koennen nicht gespeichert werden:</source>
+      <translation>Settings cannot be saved:</translation>
     </message>
     <message>
       <source>Eintrag aus der Liste nehmen</source>
@@ -746,6 +774,10 @@
     <message>
       <source>Klein</source>
       <translation>Low</translation>
+    </message>
+    <message>
+      <source>Kontakt zum Geraet verloren, es wird gesucht.</source>
+      <translation>Contact with the instrument is lost, it is being looked for.</translation>
     </message>
     <message>
       <source>LTE 700 L Einbauen</source>
@@ -1614,6 +1646,10 @@
     <message>
       <source>is a folder.</source>
       <translation>is a folder.</translation>
+    </message>
+    <message>
+      <source>is a store of the program.</source>
+      <translation>is a store of the program.</translation>
     </message>
     <message>
       <source>ist keine Zahl. Bitte mit Dezimalpunkt eingeben.</source>

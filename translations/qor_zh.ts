@@ -228,6 +228,10 @@
       <translation>关闭端口</translation>
     </message>
     <message>
+      <source>Ausserhalb von -99.9 bis 9.9 dB, zaehlt als 0:</source>
+      <translation>超出 -99.9 至 9.9 dB，按 0 处理：</translation>
+    </message>
+    <message>
       <source>Auswaehlen Breite</source>
       <translation>请选择频段</translation>
     </message>
@@ -266,6 +270,10 @@
     <message>
       <source>Bereit</source>
       <translation>就绪</translation>
+    </message>
+    <message>
+      <source>Beschaedigt, zaehlt als nicht vorhanden:</source>
+      <translation>已损坏，视为不存在：</translation>
     </message>
     <message>
       <source>Bilden</source>
@@ -448,8 +456,20 @@
       <translation>仪器的频段已改变。</translation>
     </message>
     <message>
+      <source>Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen:</source>
+      <translation>损耗表中有非数字字段，未加载：</translation>
+    </message>
+    <message>
+      <source>Die Verlusttabelle ist zu kurz, sie wurde nicht geladen:</source>
+      <translation>损耗表过短，未加载：</translation>
+    </message>
+    <message>
       <source>Die beiden neuen Passwoerter sind nicht gleich.</source>
       <translation>两次输入的新密码不一致。</translation>
+    </message>
+    <message>
+      <source>Diese Ablagen kennt die Konfiguration nicht, sie bleiben:</source>
+      <translation>配置中没有以下存储文件，它们保持不变：</translation>
     </message>
     <message>
       <source>Display Grafik Nur(&amp;I)</source>
@@ -516,6 +536,10 @@
       <translation>设置失败</translation>
     </message>
     <message>
+      <source>Eine unterbrochene Wiederherstellung wurde zurueckgenommen.</source>
+      <translation>已撤销中断的恢复。</translation>
+    </message>
+    <message>
       <source>Einen Eintrag weiter</source>
       <translation>下一条</translation>
     </message>
@@ -542,6 +566,10 @@
     <message>
       <source>Einheit: dBm/dBc(&amp;C)</source>
       <translation>单位：dBm/dBc(&amp;U)</translation>
+    </message>
+    <message>
+      <source>Einstellungen koennen nicht gespeichert werden:</source>
+      <translation>无法保存设置：</translation>
     </message>
     <message>
       <source>Eintrag aus der Liste nehmen</source>
@@ -746,6 +774,10 @@
     <message>
       <source>Klein</source>
       <translation>低</translation>
+    </message>
+    <message>
+      <source>Kontakt zum Geraet verloren, es wird gesucht.</source>
+      <translation>与仪器的连接已丢失，正在搜索。</translation>
     </message>
     <message>
       <source>LTE 700 L Einbauen</source>
@@ -1614,6 +1646,10 @@
     <message>
       <source>is a folder.</source>
       <translation>是文件夹。</translation>
+    </message>
+    <message>
+      <source>is a store of the program.</source>
+      <translation>是程序的存储文件。</translation>
     </message>
     <message>
       <source>ist keine Zahl. Bitte mit Dezimalpunkt eingeben.</source>

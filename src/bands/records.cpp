@@ -3,29 +3,51 @@
 #include "base/setup_store.h"
 #include "base/tenths.h"
 
+#include <algorithm>
+
 namespace qor {
 
-PowerSetting ParsePower(std::span<const float> values) {
-    PowerSetting power;
-    if (!values.empty())
-        power.tone1 = TenthsText(values[0]);
-    if (values.size() > 1)
-        power.tone2 = TenthsText(values[1]);
-    return power;
+namespace {
+
+constexpr std::size_t GroupLength = 5;
+
+/// Tenths in a group of five digits; -1 for anything else.
+int GroupAt(std::string_view text, std::size_t n) {
+    const std::string_view group = text.substr(std::min(n * GroupLength, text.size()), GroupLength);
+    const bool digits = group.size() == GroupLength &&
+                        std::all_of(group.begin(), group.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return digits ? WholeNumberIn(group) : -1;
 }
 
-FrequencyPlan PlanIn(std::span<const float> values) {
+/// What `parse` makes of a store; one that it makes nothing of is damaged.
+template <typename Parse>
+auto ReadRecord(SetupStore& store, const std::string& name, std::size_t groups, Parse parse) {
+    const std::string text = store.ReadOrMake(name, groups * GroupLength);
+    const auto record = parse(text);
+    store.Found(name, record.has_value() || text.empty());
+    return record;
+}
+
+} // namespace
+
+std::optional<PowerSetting> ParsePower(std::string_view text) {
+    for (const std::size_t tone : {0U, 1U}) {
+        if (const int power = GroupAt(text, tone); power < LowestPower || power > HighestPower)
+            return std::nullopt;
+    }
+    return PowerSetting{std::string(text.substr(0, GroupLength)),
+                        std::string(text.substr(GroupLength, GroupLength))};
+}
+
+std::optional<FrequencyPlan> ParsePlan(std::string_view text) {
     FrequencyPlan plan;
-    for (std::size_t i = 0; i < PlanStoreOrder.size(); ++i)
-        plan.*PlanStoreOrder[i] = i < values.size() ? values[i] : 0.0f;
+    for (std::size_t i = 0; i < PlanStoreOrder.size(); ++i) {
+        const int tenths = GroupAt(text, i);
+        if (tenths <= 0) // no tone, and no step on which a sweep would end
+            return std::nullopt;
+        plan.*PlanStoreOrder[i] = static_cast<float>(tenths / 10.0);
+    }
     return plan;
-}
-
-std::optional<FrequencyPlan> ParsePlan(std::span<const float> values) {
-    if (values.size() < PlanStoreOrder.size())
-        return std::nullopt;
-    const FrequencyPlan plan = PlanIn(values);
-    return static_cast<double>(plan.step) < 0.1 ? std::nullopt : std::optional(plan);
 }
 
 std::string PlanRecord(const FrequencyPlan& plan) {
@@ -48,16 +70,20 @@ std::string DefaultPlanStoreName(std::string_view prefix, int imIndex) {
 }
 
 PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix) {
-    return ParsePower(store.ReadTenths(PowerStoreName(prefix), 2));
+    return ReadRecord(store, PowerStoreName(prefix), 2, ParsePower).value_or(PowerSetting());
+}
+
+std::optional<FrequencyPlan> ReadPlan(SetupStore& store, const std::string& name) {
+    return ReadRecord(store, name, PlanStoreOrder.size(), ParsePlan);
 }
 
 std::optional<FrequencyPlan> ReadPlanStore(SetupStore& store, std::string_view prefix, int imIndex) {
-    return ParsePlan(store.ReadTenths(PlanStoreName(prefix, imIndex), 9));
+    return ReadPlan(store, PlanStoreName(prefix, imIndex));
 }
 
 float ReadTdScdmaAF1(SetupStore& store) {
-    const auto text = store.Read("tdb_f1.ccz", 6);
-    return text && !text->empty() ? static_cast<float>(NumberIn(*text)) : 2020.0f;
+    constexpr double Standard = 2020.0;
+    return static_cast<float>(store.ReadNumber("tdb_f1.ccz", 6, 0.1).value_or(Standard));
 }
 
 } // namespace qor

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,8 +18,13 @@ struct PowerSetting {
     std::string tone2 = "00430";
 };
 
-/// Powers of tone 1 and 2 in dBm, 43.0 for one that is missing.
-[[nodiscard]] PowerSetting ParsePower(std::span<const float> values);
+/// Tenths of dBm that a tone can be set to.
+inline constexpr int LowestPower = 200;
+inline constexpr int HighestPower = 460;
+
+/// Powers of tone 1 and 2: two groups of five digits, each in range. Nothing for any other text; what stands
+/// behind them is not looked at.
+[[nodiscard]] std::optional<PowerSetting> ParsePower(std::string_view text);
 
 /// One of the nine values of a plan.
 using PlanValue = float FrequencyPlan::*;
@@ -32,10 +36,9 @@ inline constexpr std::array<PlanValue, 9> PlanStoreOrder = {
     &FrequencyPlan::f2Start, &FrequencyPlan::f1Stop, &FrequencyPlan::f2Stop,
     &FrequencyPlan::step,    &FrequencyPlan::f1Fix,  &FrequencyPlan::f2Fix};
 
-/// A plan in the store's order, 0 for a value that is missing.
-[[nodiscard]] FrequencyPlan PlanIn(std::span<const float> values);
-/// The same, but nothing with fewer than nine values, or with a step below 0.1 MHz, on which no sweep ends.
-[[nodiscard]] std::optional<FrequencyPlan> ParsePlan(std::span<const float> values);
+/// A plan in the store's order: nine groups of five digits, none of them 0. Nothing for any other text; what
+/// stands behind them is not looked at.
+[[nodiscard]] std::optional<FrequencyPlan> ParsePlan(std::string_view text);
 /// What a store holds of a plan: nine groups of five digits.
 [[nodiscard]] std::string PlanRecord(const FrequencyPlan& plan);
 
@@ -46,12 +49,14 @@ inline constexpr std::array<PlanValue, 9> PlanStoreOrder = {
 /// `<prefix>im<order>_setup_default.ccz`: the plan that "Standard" falls back on, where somebody saved one
 [[nodiscard]] std::string DefaultPlanStoreName(std::string_view prefix, int imIndex);
 
-/// The band's power store: 43.0 dBm for what it does not hold.
+/// The band's power store; 43.0 dBm when it holds none.
 [[nodiscard]] PowerSetting ReadPowerStore(SetupStore& store, std::string_view prefix);
-/// The band's plan store of an order. One that holds no usable plan counts as none and is left as it is.
+/// The plan in a store of that name; nothing when it holds none.
+[[nodiscard]] std::optional<FrequencyPlan> ReadPlan(SetupStore& store, const std::string& name);
+/// The same of the band's plan store of an order.
 [[nodiscard]] std::optional<FrequencyPlan> ReadPlanStore(SetupStore& store, std::string_view prefix,
                                                          int imIndex);
-/// f1 of TD-SCDMA-A from `tdb_f1.ccz`, 2020.0 MHz when it holds nothing.
+/// f1 of TD-SCDMA-A from `tdb_f1.ccz`, 2020.0 MHz when it holds none.
 [[nodiscard]] float ReadTdScdmaAF1(SetupStore& store);
 
 } // namespace qor

@@ -2,20 +2,29 @@
 
 #include "base/tenths.h"
 
+#include <string>
+
 namespace qor {
 
-std::array<float, 13> ParseRxLoss(std::string_view text) {
+RxLossFile ParseRxLoss(std::string_view text) {
     constexpr std::size_t FieldLength = 5;
     constexpr std::size_t FewestFields = 9; // the last four may be missing
-    std::array<float, 13> losses{};
-    if (text.size() < FewestFields * FieldLength)
-        return losses;
-    for (std::size_t i = 0; i < losses.size() && i * FieldLength < text.size(); ++i) {
-        const double loss = NumberIn(text.substr(i * FieldLength, FieldLength));
-        if (loss >= -99.9 && loss <= 9.9)
-            losses[i] = static_cast<float>(loss);
+    std::string fields(text);
+    std::erase_if(fields, [](char c) { return c == '\r' || c == '\n'; });
+    RxLossFile table;
+    table.isShort = fields.size() < FewestFields * FieldLength;
+    if (table.isShort)
+        return table;
+    for (std::size_t i = 0; i < table.losses.size() && i * FieldLength < fields.size(); ++i) {
+        const auto loss = EnteredNumber(std::string_view(fields).substr(i * FieldLength, FieldLength));
+        if (!loss)
+            table.noNumber.push_back(i);
+        else if (*loss < -99.9 || *loss > 9.9)
+            table.outside.push_back(i);
+        else
+            table.losses[i] = static_cast<float>(*loss);
     }
-    return losses;
+    return table;
 }
 
 } // namespace qor

@@ -2,10 +2,9 @@
 
 #include "base/tenths.h"
 
-#include <cmath>
 #include <fstream>
-#include <limits>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace qor {
@@ -13,6 +12,8 @@ namespace qor {
 SetupStore::SetupStore(std::filesystem::path directory) : m_Directory(std::move(directory)) {
     std::error_code ignored; // without the directory every setting has its default
     std::filesystem::create_directories(m_Directory, ignored);
+    if (::access(m_Directory.c_str(), W_OK | X_OK) != 0)
+        m_Unwritten = m_Directory.string();
 }
 
 std::filesystem::path SetupStore::PathOf(std::string_view name) const {
@@ -33,6 +34,9 @@ bool SetupStore::Write(std::string_view name, std::string_view text) {
     std::ofstream file(PathOf(name), std::ios::binary | std::ios::trunc);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
     file.close(); // a full disk may show only here
+    m_Unwritten = file.good() ? std::string() : PathOf(name).string();
+    if (file.good())
+        Found(name, true);
     return file.good();
 }
 
@@ -46,22 +50,27 @@ bool SetupStore::Exists(std::string_view name) const {
     return std::filesystem::exists(PathOf(name), ignored);
 }
 
-std::vector<float> SetupStore::ReadTenths(std::string_view name, std::size_t maxValues) {
-    const auto text = Read(name, maxValues * 5);
+std::string SetupStore::ReadOrMake(std::string_view name, std::size_t maxChars) {
+    const auto text = Read(name, maxChars);
     if (!text && !Exists(name))
         Write(name, {});
-    return ParseTenths(text.value_or(""), maxValues);
+    return text.value_or("");
 }
 
-std::vector<float> ParseTenths(std::string_view text, std::size_t maxValues) {
-    constexpr std::size_t GroupLength = 5;
-    std::vector<float> values;
-    for (std::size_t at = 0; at < text.size() && values.size() < maxValues; at += GroupLength) {
-        const double value = NumberIn(text.substr(at, GroupLength)) / 10.0;
-        values.push_back(std::abs(value) <= std::numeric_limits<float>::max() ? static_cast<float>(value)
-                                                                              : 0.0f);
-    }
-    return values;
+std::optional<double> SetupStore::ReadNumber(std::string_view name, std::size_t maxChars, double low,
+                                             double high) {
+    const std::string text = Read(name, maxChars).value_or("");
+    const auto number = EnteredNumber(text);
+    const bool sound = number && *number >= low && *number <= high;
+    Found(name, sound || text.empty());
+    return sound ? number : std::nullopt;
+}
+
+void SetupStore::Found(std::string_view name, bool sound) {
+    if (!sound)
+        m_Damaged.emplace(name);
+    else if (const auto known = m_Damaged.find(name); known != m_Damaged.end())
+        m_Damaged.erase(known);
 }
 
 bool LacksSecondPort(const SetupStore& store) {

@@ -2,15 +2,17 @@
 
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace qor {
 
 /// The directory of small text files in which all settings live, one setting or record a file.
 ///
-/// A missing store is no fault and means the default. Nothing is cached.
+/// A missing or empty store is no fault and means the default. One with something else in it than its record
+/// counts as none: its reader says so, and it stays on the list of the damaged until it is read or written
+/// sound. Nothing else is cached.
 class SetupStore {
 public:
     explicit SetupStore(std::filesystem::path directory);
@@ -24,17 +26,25 @@ public:
     bool Write(std::string_view name, std::string_view text);
     void Remove(std::string_view name);
     [[nodiscard]] bool Exists(std::string_view name) const;
-    /// Groups of five characters, each a number divided by 10, at most maxValues of them. A missing store is
-    /// made, empty. A last group of fewer than five characters counts as a group.
-    [[nodiscard]] std::vector<float> ReadTenths(std::string_view name, std::size_t maxValues);
+    /// The same, empty for one that was missing: it is made, empty.
+    [[nodiscard]] std::string ReadOrMake(std::string_view name, std::size_t maxChars);
+    /// The number that is all of a store's text, `low` to `high`; nothing when it is missing, empty or
+    /// damaged.
+    [[nodiscard]] std::optional<double> ReadNumber(std::string_view name, std::size_t maxChars,
+                                                   double low = -1e9, double high = 1e9);
+
+    /// What a reader has found in a store: its record, or something that counts as none.
+    void Found(std::string_view name, bool sound);
+    /// Names of the stores that count as none because of what is in them.
+    [[nodiscard]] const std::set<std::string, std::less<>>& Damaged() const { return m_Damaged; }
+    /// What could not be written last, the directory or a store in it; empty while everything can be.
+    [[nodiscard]] const std::string& Unwritten() const { return m_Unwritten; }
 
 private:
     std::filesystem::path m_Directory;
+    std::set<std::string, std::less<>> m_Damaged;
+    std::string m_Unwritten;
 };
-
-/// Groups of five characters, each a number divided by 10, at most maxValues of them. A last group of fewer
-/// than five characters counts as a group; what is no number reads as 0.
-[[nodiscard]] std::vector<float> ParseTenths(std::string_view text, std::size_t maxValues);
 
 /// True for an installation without a second port, by the third character of `Install_info.ccz`.
 [[nodiscard]] bool LacksSecondPort(const SetupStore& store);

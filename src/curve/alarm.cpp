@@ -99,16 +99,16 @@ void FlipUnderLimitBeep(AlarmState& alarm, SetupStore& store) {
 bool EnterLimit(std::string_view text, Session& session, const Platform& platform, SetupStore& store) {
     Curve& curve = session.curve;
     if (text.find_first_not_of(" \t") == std::string_view::npos) {
-        platform.user.Message("The value of Alarm Lever cannot be empty!");
+        platform.user.Failure("The value of Alarm Lever cannot be empty!");
         return false;
     }
     const auto entered = EnteredNumber(text);
     if (!entered) {
-        platform.user.Message(std::string(text) + ": " + std::string(NoNumber));
+        platform.user.Failure(std::string(text) + ": " + std::string(NoNumber));
         return false;
     }
     if (*entered > 0 || *entered < LowestLimit) {
-        platform.user.Message("The value of Alarm Lever should be in range 0 ~ -200");
+        platform.user.Failure("The value of Alarm Lever should be in range 0 ~ -200");
         return false;
     }
     curve.limit.Take(static_cast<float>(*entered));

@@ -42,7 +42,7 @@ bool ApplyPlotRange(const PlotRange& range, Curve& curve, const Platform& platfo
     const double top = range.top + reference;
     const double bottom = range.bottom + reference;
     if (!IsPlotRange({top, bottom})) {
-        platform.user.Message("Falsch, dichtesortierung.");
+        platform.user.Failure("Falsch, dichtesortierung.");
         return false;
     }
     Take(top, bottom, curve, store);

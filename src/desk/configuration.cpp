@@ -3,6 +3,7 @@
 #include "base/atomic_write.h"
 #include "base/setup_store.h"
 #include "base/text_format.h"
+#include "desk/restore.h"
 #include "platform/clock.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
@@ -11,6 +12,7 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <system_error>
 
 namespace qor {
@@ -21,6 +23,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view ContentsName = "contents.txt";
 constexpr std::string_view LossTable = "loss.conf"; ///< the one store with another ending
+constexpr std::string_view PasswordStore = "pin.ccz";
+constexpr std::string_view SettingsName = "qor.ini";
 constexpr std::string_view Unfinished = ".part";
 constexpr std::string_view PointerBegin = ":\\QOR\\";
 constexpr std::size_t StampLength = 14;
@@ -106,20 +110,21 @@ bool SameBytes(const fs::path& one, const fs::path& other) {
            std::equal(std::istreambuf_iterator<char>(a), end, std::istreambuf_iterator<char>(b), end);
 }
 
-/// Makes the folders that a file needs and moves it; empty on success, else the system's words.
-std::string Move(const fs::path& from, const fs::path& to) {
-    std::error_code error;
-    fs::create_directories(to.parent_path(), error);
-    if (!error)
-        fs::rename(from, to, error);
-    return error ? to.string() + ": " + error.message() : std::string();
+/// A copy is as private as what it replaces, the password always, and its owner can write it.
+void GuardCopy(const fs::path& copy, const fs::path& replaced) {
+    constexpr fs::perms Owner = fs::perms::owner_read | fs::perms::owner_write;
+    std::error_code unknown;
+    const fs::perms before =
+        fs::status(fs::exists(replaced, unknown) ? replaced : copy, unknown).permissions();
+    fs::permissions(copy, copy.filename() == PasswordStore ? Owner : before | Owner, unknown);
 }
 
 enum class Copied { All, Cancelled, Failed };
 
-/// Copies `files` from one folder into another, and looks at what has arrived.
+/// Copies `files` from one folder into another, and looks at what has arrived. They are to take the place of
+/// those in `stores`.
 Copied CopyAll(const std::vector<ConfigurationFile>& files, const fs::path& from, const fs::path& to,
-               Operator& user, std::string_view what, std::string& problem) {
+               const fs::path& stores, Operator& user, std::string_view what, std::string& problem) {
     const int total = static_cast<int>(files.size());
     for (int done = 0; done < total; ++done) {
         if (!user.Progress(what, done, total))
@@ -134,6 +139,7 @@ Copied CopyAll(const std::vector<ConfigurationFile>& files, const fs::path& from
             problem = target.string() + ": " + (error ? error.message() : "the copy differs.");
             return Copied::Failed;
         }
+        GuardCopy(target, stores / name);
     }
     return user.Progress(what, total, total) ? Copied::All : Copied::Cancelled;
 }
@@ -154,34 +160,6 @@ private:
     }
     fs::path m_Path;
 };
-
-/// Puts the new files in place. When one cannot be, those before it are taken back.
-std::string ReplaceAll(const std::vector<ConfigurationFile>& files, const fs::path& fresh,
-                       const fs::path& kept, const fs::path& stores) {
-    std::string problem;
-    std::size_t done = 0;
-    for (; done < files.size() && problem.empty(); ++done) {
-        const std::string& name = files[done].name;
-        std::error_code unknown;
-        if (fs::is_directory(stores / name, unknown))
-            problem = (stores / name).string() + ": is a folder.";
-        else if (fs::exists(stores / name, unknown))
-            problem = Move(stores / name, kept / name);
-        if (problem.empty())
-            problem = Move(fresh / name, stores / name);
-    }
-    if (problem.empty())
-        return problem;
-    while (done-- > 0) {
-        const std::string& name = files[done].name;
-        std::error_code ignored;
-        if (fs::exists(kept / name, ignored))
-            fs::rename(kept / name, stores / name, ignored);
-        else if (!fs::exists(fresh / name, ignored)) // it was not there before
-            fs::remove(stores / name, ignored);
-    }
-    return problem;
-}
 
 /// What a saved folder lacks of its contents, for the operator; empty when it is whole.
 std::string MissingIn(const fs::path& folder, const std::vector<ConfigurationFile>& files) {
@@ -207,6 +185,8 @@ std::optional<std::vector<ConfigurationFile>> WholeContents(const fs::path& fold
     std::vector<ConfigurationFile> files;
     if (!fs::exists(folder / ContentsName, unknown)) {
         files = ListStores(folder); // of another station: what is there is what was saved
+        if (files.empty())
+            problem = "\n*.ccz";
     } else {
         const auto text = ReadText(folder / ContentsName, LongestContents);
         auto listed = text ? ParseContents(*text) : std::nullopt;
@@ -217,13 +197,40 @@ std::optional<std::vector<ConfigurationFile>> WholeContents(const fs::path& fold
         files = std::move(*listed);
         problem = MissingIn(folder, files);
     }
-    if (files.empty())
-        problem = "\n*.ccz";
     if (problem.empty())
         return files;
     problem =
         "The configuration is incomplete, nothing was restored.\nMissing in: " + folder.string() + problem;
     return std::nullopt;
+}
+
+/// True when a file of that name would take a store's place.
+bool IsStore(const fs::path& path, const fs::path& stores) {
+    std::error_code unknown;
+    const fs::path name =
+        fs::weakly_canonical(path, unknown).lexically_relative(fs::weakly_canonical(stores, unknown));
+    return name == SettingsName || IsStoreName(name.generic_string());
+}
+
+/// The stores that a configuration has nothing to say of, a line each; saves within it count for themselves.
+std::string UntouchedBy(const std::vector<ConfigurationFile>& files, const fs::path& stores) {
+    std::string names;
+    for (const ConfigurationFile& store : ListStores(stores)) {
+        const auto same = [&store](const ConfigurationFile& file) { return file.name == store.name; };
+        if (store.name.find('/') == std::string::npos && std::none_of(files.begin(), files.end(), same))
+            names += "\n" + store.name;
+    }
+    return names;
+}
+
+/// Brings the new files into place, or leaves everything as it was; then the reason.
+std::string Replace(const std::vector<ConfigurationFile>& files, const fs::path& stores) {
+    for (const ConfigurationFile& file : files) {
+        std::error_code unknown;
+        if (fs::is_directory(stores / file.name, unknown))
+            return (stores / file.name).string() + ": is a folder.";
+    }
+    return RunSteps(RestoreSteps(files, stores));
 }
 
 } // namespace
@@ -243,6 +250,7 @@ std::optional<std::string> ConfigurationFolder(std::string_view pointer) {
 
 std::optional<std::vector<ConfigurationFile>> ParseContents(std::string_view text) {
     std::vector<ConfigurationFile> files;
+    std::set<std::string> names;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
         if (end == std::string_view::npos)
@@ -255,7 +263,7 @@ std::optional<std::vector<ConfigurationFile>> ParseContents(std::string_view tex
         if (size.ec != std::errc() || digits >= line.size() || line[digits] != ' ')
             return std::nullopt;
         file.name = line.substr(digits + 1);
-        if (!IsStoreName(file.name))
+        if (!IsStoreName(file.name) || !names.insert(file.name).second)
             return std::nullopt;
         files.push_back(std::move(file));
     }
@@ -267,6 +275,8 @@ Outcome SaveConfiguration(const SetupStore& store, const Platform& platform) {
         platform.user.FileToSave(SaveTitle, store.PathOf("configuration.conf"), "*.conf");
     if (pointer.empty())
         return Outcome::Refused({});
+    if (IsStore(pointer, store.Directory()))
+        return Outcome::Refused(std::string(SaveFailed) + pointer.string() + ": is a store of the program.");
     std::error_code error;
     if (fs::exists(pointer, error) &&
         !platform.user.Ask("The file has already existed. Do you want to replace it?\n\n" + pointer.string(),
@@ -286,7 +296,8 @@ Outcome SaveConfiguration(const SetupStore& store, const Platform& platform) {
         return failed(work.Path().string() + ": " + error.message());
 
     std::string problem;
-    const Copied copied = CopyAll(files, store.Directory(), work.Path(), platform.user, SaveTitle, problem);
+    const Copied copied =
+        CopyAll(files, store.Directory(), work.Path(), store.Directory(), platform.user, SaveTitle, problem);
     if (copied == Copied::Cancelled)
         return Outcome::Refused({});
     std::string contents;
@@ -295,12 +306,13 @@ Outcome SaveConfiguration(const SetupStore& store, const Platform& platform) {
     if (copied == Copied::All)
         problem = WriteAtomically(work.Path() / ContentsName, contents);
     if (problem.empty())
-        problem = WriteAtomically(pointer, std::string(PointerBegin) + stamp + "\\\n");
+        problem = WriteAtomically(pointer, std::string(PointerBegin) + stamp + "\\");
     if (!problem.empty())
         return failed(problem);
     fs::remove_all(folder, error);
-    if (const std::string unmoved = Move(work.Path(), folder); !unmoved.empty())
-        return failed(unmoved);
+    fs::rename(work.Path(), folder, error);
+    if (error)
+        return failed(folder.string() + ": " + error.message());
     return Outcome::Done();
 }
 
@@ -322,22 +334,30 @@ Outcome LoadConfiguration(const SetupStore& store, const Platform& platform, boo
         folder = pointer.parent_path() / *name;
     if (!fs::is_directory(folder, error)) {
         restart = true; // the session begins anew with the stores as they are
-        return failed(store.PathOf(*name).string() + ": the folder does not exist. Nothing was restored.");
+        platform.user.Acknowledge(std::string(LoadFailed) + store.PathOf(*name).string() +
+                                  ": the folder does not exist. Nothing was restored.");
+        return Outcome::Refused({});
     }
     std::string problem;
     const auto files = WholeContents(folder, problem);
     if (!files)
         return failed(problem);
-    const WorkFolder work(store.PathOf("restore" + std::string(Unfinished)));
-    const fs::path fresh = work.Path() / "new";
-    const Copied copied = CopyAll(*files, folder, fresh, platform.user, LoadTitle, problem);
+    const fs::path& stores = store.Directory();
+    TakeBackBrokenRestore(stores);
+    const std::string untouched = UntouchedBy(*files, stores);
+    const Copied copied =
+        CopyAll(*files, folder, FreshFolder(stores), stores, platform.user, LoadTitle, problem);
+    if (copied == Copied::All)
+        problem = Replace(*files, stores);
+    if (copied != Copied::All || !problem.empty())
+        TakeBackBrokenRestore(stores);
     if (copied == Copied::Cancelled)
         return Outcome::Refused({});
-    if (copied == Copied::All)
-        problem = ReplaceAll(*files, fresh, work.Path() / "old", store.Directory());
     if (!problem.empty())
         return failed(problem + "\nNothing was restored.");
     restart = true;
+    if (!untouched.empty())
+        platform.user.Acknowledge("Diese Ablagen kennt die Konfiguration nicht, sie bleiben:" + untouched);
     return Outcome::Done();
 }
 

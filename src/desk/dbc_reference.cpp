@@ -26,7 +26,7 @@ void FollowBandPower(Session& session, const Platform& platform, SetupStore& sto
     }
     ConvertLevelUnit(false, session);
     store.Write("unit.ccz", "0");
-    platform.user.Message("The power of Tone 1 and Tone 2 is not the same, can not use dBc.");
+    platform.user.Failure("The power of Tone 1 and Tone 2 is not the same, can not use dBc.");
 }
 
 } // namespace qor

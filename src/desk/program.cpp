@@ -5,8 +5,10 @@
 #include "desk/band_plot.h"
 #include "desk/dbc_reference.h"
 #include "desk/guards.h"
+#include "desk/restore.h"
 #include "desk/setup/path_loss.h"
 #include "desk/startup.h"
+#include "desk/tell.h"
 #include "link/commands.h"
 #include "platform/launcher.h"
 #include "platform/operator.h"
@@ -26,10 +28,10 @@ constexpr int LongestClose = 7;
 } // namespace
 
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
-    : m_Platform(platform), m_Store(std::move(dataDirectory)),
-      m_Receiver(m_Store, platform.visa, platform.sensor), m_Files(m_Session, m_Platform, m_Store),
-      m_List(m_Session, m_Files, m_Store), m_Reports(platform.pictures, m_Store),
-      m_Series(m_Platform.timers, m_Platform.user, m_Reports),
+    : m_Platform(platform), m_RestoreWasBroken(TakeBackBrokenRestore(dataDirectory)),
+      m_Store(std::move(dataDirectory)), m_Receiver(m_Store, platform.visa, platform.sensor),
+      m_Files(m_Session, m_Platform, m_Store), m_List(m_Session, m_Files, m_Store),
+      m_Reports(platform.pictures, m_Store), m_Series(m_Platform.timers, m_Platform.user, m_Reports),
       m_Markers(m_Session), m_Line{m_Platform.comm, m_Platform.ports, m_Platform.timers, m_Platform.clock},
       m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
       m_Activation(m_Session.working, m_Session.link.queue, m_Store),
@@ -63,6 +65,8 @@ void Program::Start(bool keepLastSession) {
     m_Channel.LookForOldMark();
     m_Connection.Begin();
     m_Platform.timers.SetTimer(MarkerTimer, MarkerPeriod);
+    if (m_RestoreWasBroken)
+        m_Platform.user.Message("Eine unterbrochene Wiederherstellung wurde zurueckgenommen.");
 }
 
 void Program::SearchNow() {
@@ -111,7 +115,7 @@ void Program::Initialised() {
 }
 
 void Program::Tell(const Outcome& outcome) {
-    m_Platform.user.Message(outcome.Text());
+    static_cast<void>(qor::Tell(outcome, m_Platform.user));
 }
 
 /// The losses the operator has set are in force again behind a shown file.

@@ -106,6 +106,7 @@ private:
     void RunIsOver() override { StopBeeper(m_Platform); }
 
     Platform m_Platform;
+    bool m_RestoreWasBroken; ///< one was taken back, before any store was read
     Session m_Session;
     SetupStore m_Store;
     ReceiverAccess m_Receiver;

@@ -20,7 +20,7 @@ void StartButton::Press() {
     switch (answer.needs) {
     case StartAnswer::Needs::Nothing:
         if (!answer.outcome)
-            m_Platform.user.Message(answer.outcome.Text());
+            m_Platform.user.Failure(answer.outcome.Text());
         return;
     case StartAnswer::Needs::Connection:
         Connect();
@@ -43,7 +43,7 @@ void StartButton::Connect() {
 /// and the start button acts once more. Left as they are, there is no start.
 void StartButton::AskForInterBand() {
     if (!m_Platform.dialogs || !m_Platform.dialogs->Open("inter_band")) {
-        m_Platform.user.Message("Falsch, dichtesortierung.");
+        m_Platform.user.Failure("Falsch, dichtesortierung.");
         return;
     }
     const InterBandMode& mode = m_Session.interBand;

@@ -8,6 +8,7 @@
 #include "desk/session.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace qor {
 
@@ -15,18 +16,19 @@ namespace {
 
 constexpr std::size_t LongestPath = 200;
 
-/// Whole number at the head of a store, or nothing when the store is not there.
-std::optional<int> Number(const SetupStore& store, std::string_view name, std::size_t characters) {
-    const auto text = store.Read(name, characters);
-    return text ? std::optional(WholeNumberIn(*text)) : std::nullopt;
+/// The digit of a store, 0 when it holds none.
+int Digit(SetupStore& store, std::string_view name) {
+    return static_cast<int>(store.ReadNumber(name, 1).value_or(0));
 }
 
-/// The first character as a number, 0 when the store is absent.
-int Digit(const SetupStore& store, std::string_view name) {
-    return Number(store, name, 1).value_or(0);
+/// A store of seven characters as a whole number, brought into its range.
+std::optional<int> Count(SetupStore& store, std::string_view name, int low, int high) {
+    const auto number = store.ReadNumber(name, 7);
+    return number ? std::optional(static_cast<int>(std::clamp(*number, 1.0 * low, 1.0 * high)))
+                  : std::nullopt;
 }
 
-void LoadSelection(Session& session, const SetupStore& store) {
+void LoadSelection(Session& session, SetupStore& store) {
     const int mode = Digit(store, "testmode.ccz");
     session.working.SelectMethod(mode >= ModeTwoTone && mode <= ModeSpectrum ? mode : ModeTwoTone);
     session.working.SelectPath(Digit(store, "reftrans.ccz") == 2 ? 2 : 1);
@@ -34,22 +36,29 @@ void LoadSelection(Session& session, const SetupStore& store) {
     session.curve.scale.ShowBar(Digit(store, "histogram.ccz") != 0);
 }
 
-void LoadScale(Curve& curve, const SetupStore& store) {
+/// Both ends at 0 mean the standard scale.
+bool IsStandardRange(std::string_view text) {
+    return text.find_first_not_of("-0.\r\n ") == std::string_view::npos;
+}
+
+void LoadScale(Curve& curve, SetupStore& store) {
     if (const auto text = store.Read("dbmset.ccz", 40)) {
         const std::size_t line = text->find('\n');
         const double bottom = NumberIn(*text);
         const double top = line == std::string::npos ? 0.0 : NumberIn(std::string_view(*text).substr(line));
-        if (IsPlotRange({top, bottom})) // a damaged store counts as none
+        const bool sound = IsPlotRange({top, bottom});
+        if (sound)
             curve.scale.SetRange(static_cast<float>(top), static_cast<float>(bottom));
+        store.Found("dbmset.ccz", sound || text->empty() || IsStandardRange(*text));
     }
 }
 
-void LoadAlarm(Curve& curve, const SetupStore& store) {
+void LoadAlarm(Curve& curve, SetupStore& store) {
     curve.limit.SetAlarm(Digit(store, "tagWarningOn.ccz") == 0);
     curve.limit.SetStamp(Digit(store, "tagWarningStampOn.ccz") == 0);
-    if (const auto text = store.Read("AlarmUp.ccz", 7); text && !text->empty()) {
+    if (const auto limit = store.ReadNumber("AlarmUp.ccz", 7)) {
         // The store is in dBm; a limit above 0 means 0.
-        const int tenths = CutTenths(NumberIn(*text));
+        const int tenths = CutTenths(*limit);
         curve.limit.Take(static_cast<float>(tenths >= 0 ? 0.0 : tenths / 10.0));
     }
     if (curve.scale.InDbc())
@@ -69,21 +78,24 @@ void LoadStores(Session& session, SetupStore& store) {
     Curve& curve = session.curve;
     LoadSelection(session, store);
     LoadScale(curve, store);
-    if (const auto seconds = Number(store, "2tone_time.ccz", 7))
-        curve.SetLength(std::clamp(*seconds, 1, 2147483) * 1000);
-    if (const auto runs = Number(store, "Sweeptime.ccz", 7))
-        curve.SetRuns(std::clamp(*runs, 1, static_cast<int>(CurveRuns)));
-    if (const auto interval = Number(store, "SweepInter.ccz", 7))
-        session.runs.SetInterval(std::max(*interval, 0));
+    if (const auto seconds = Count(store, "2tone_time.ccz", 1, 2147483))
+        curve.SetLength(*seconds * 1000);
+    if (const auto runs = Count(store, "Sweeptime.ccz", 1, static_cast<int>(CurveRuns)))
+        curve.SetRuns(*runs);
+    if (const auto interval = Count(store, "SweepInter.ccz", 0, 9999999))
+        session.runs.SetInterval(*interval);
     const auto loss = [&store](std::string_view name) {
-        return static_cast<float>(Number(store, name, 4).value_or(0)) / 10.0f;
+        return static_cast<float>(std::trunc(store.ReadNumber(name, 4, 0, 99).value_or(0)) / 10.0);
     };
     session.working.SetPathLosses(loss("pathloss.ccz"),
                                   LacksSecondPort(store) ? 0.0f : loss("pathloss2.ccz"));
     if (const auto path = store.Read("LastLoadPath.ccz", LongestPath);
         path && path->find('"') == std::string::npos)
         session.results.list.RememberPath(*path);
-    session.working.SetRxLosses(ParseRxLoss(store.Read("loss.conf", LongestPath).value_or("")));
+    const std::string losses = store.Read("loss.conf", LongestRxLoss).value_or("");
+    const RxLossFile table = ParseRxLoss(losses);
+    session.working.SetRxLosses(table.losses);
+    store.Found("loss.conf", losses.empty() || !table.IsDamaged());
     LoadAlarm(curve, store);
     session.alarm = LoadAlarmTones(store);
     session.appearance = LoadAppearance(store);

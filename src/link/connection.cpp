@@ -264,6 +264,7 @@ void Connection::ClosePortLater() {
     m_Working.DoubtBand();
     m_Link.chain.Lose();
     m_State.m_CloseCountdown = CloseTicks;
+    m_State.m_ContactIsLost = false; // the operator has closed it
     m_Housekeeping.Start(HousekeepingPeriod);
     m_Channel.PauseStatusPoll();
     m_Channel.StopWait();
@@ -303,6 +304,7 @@ void Connection::OnConnectWatch(int timer) {
         return;
     }
     m_State.m_AnsweredPort = m_State.g_LastPort;
+    m_State.m_ContactIsLost = false;
     m_State.m_Button = PortButton::Close;
     m_State.m_ListShown = false;
     m_State.m_ButtonShown = !(timer == commScan && m_State.g_PortList.size() == 1);

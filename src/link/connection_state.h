@@ -36,7 +36,12 @@ public:
 
     /// The entry chosen in the list box, its text.
     void Choose(std::string_view entry) { m_Chosen = entry; }
-    void CountLoss() { ++m_Losses; }
+    /// Contact with an instrument was lost, and it has not been found again.
+    [[nodiscard]] bool ContactIsLost() const { return m_ContactIsLost; }
+    void CountLoss() {
+        ++m_Losses;
+        m_ContactIsLost = m_AnsweredPort != 0;
+    }
 
 private:
     friend class Connection;
@@ -58,6 +63,7 @@ private:
     bool m_ButtonShown = false;
     bool m_ListShown = false;
     int m_Losses = 0;
+    bool m_ContactIsLost = false;
 };
 
 } // namespace qor

@@ -22,6 +22,10 @@ public:
 
     /// A message that only has to be seen. Does not wait for that.
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
+    /// The same, of something that has failed or was refused.
+    virtual void Failure(std::string_view text, std::string_view title = {}) { Message(text, title); }
+    /// A message that the program's end must not take away: waits until it was seen.
+    virtual void Acknowledge(std::string_view text, std::string_view title = {}) { Message(text, title); }
     /// A question with Yes and No; true is Yes.
     [[nodiscard]] virtual bool Ask(std::string_view text, std::string_view title) = 0;
     /// A question that can also be left open.

@@ -44,31 +44,41 @@ TEST_F(StoreTest, WithoutADirectoryEverythingHasItsDefault) {
     SetupStore lost(store.PathOf("file") / "below");
     EXPECT_FALSE(lost.Write("unit.ccz", "1"));
     EXPECT_FALSE(lost.Read("unit.ccz", 1).has_value());
-    EXPECT_TRUE(lost.ReadTenths("a.ccz", 9).empty());
+    EXPECT_EQ(lost.ReadOrMake("a.ccz", 9), "");
     EXPECT_EQ(ReadPowerStore(lost, "amps_").tone1, "00430");
     EXPECT_EQ(ReadTdScdmaAF1(lost), 2020.0f);
 }
 
-TEST_F(StoreTest, TenthsAreGroupsOfFiveAndAMissingStoreIsMade) {
-    EXPECT_TRUE(store.ReadTenths("amps_pow_setup.ccz", 2).empty());
-    EXPECT_TRUE(store.Exists("amps_pow_setup.ccz"));
-    EXPECT_EQ(FileText(store.PathOf("amps_pow_setup.ccz")), "");
-
-    store.Write("t.ccz", "0043119900x12341");
-    EXPECT_EQ(store.ReadTenths("t.ccz", 9), (std::vector<float>{43.1f, 1990.0f, 0.0f, 0.1f}));
-    EXPECT_EQ(store.ReadTenths("t.ccz", 2).size(), 2U);
-    EXPECT_EQ(ParseTenths("1e99912345", 9), (std::vector<float>{0.0f, 1234.5f}))
-        << "too large for any quantity";
-    EXPECT_EQ(ParseTenths("9e300", 9), std::vector<float>{0.0f});
+TEST_F(StoreTest, APowerStoreIsTwoPowersOrNone) {
+    EXPECT_EQ(ReadPowerStore(store, "egsm_").tone1, "00430");
+    EXPECT_EQ(FileText(store.PathOf("egsm_pow_setup.ccz")), "") << "made, empty";
+    EXPECT_TRUE(store.Damaged().empty());
+    for (const char* text : {"0020000460", "0040500399 behind it"}) {
+        store.Write("egsm_pow_setup.ccz", text);
+        const PowerSetting power = ReadPowerStore(store, "egsm_");
+        EXPECT_EQ(power.tone1 + power.tone2, std::string(text, 10));
+        EXPECT_TRUE(store.Damaged().empty());
+    }
+    for (const char* text : {"00200", "004000", "004000040", "0019900430", "0043000461", "  40000400",
+                             "abcdefghij", "-040000400", "0043.00430"}) {
+        store.Write("egsm_pow_setup.ccz", text);
+        const PowerSetting power = ReadPowerStore(store, "egsm_");
+        EXPECT_EQ(power.tone1 + power.tone2, "0043000430") << text;
+        EXPECT_EQ(store.Damaged().count("egsm_pow_setup.ccz"), 1U) << text;
+        EXPECT_EQ(FileText(store.PathOf("egsm_pow_setup.ccz")), text) << "left as it is";
+    }
+    store.Write("egsm_pow_setup.ccz", "0040000400");
+    EXPECT_TRUE(store.Damaged().empty()) << "written anew";
 }
 
-TEST_F(StoreTest, PowersFallBackOneByOne) {
-    store.Write("egsm_pow_setup.ccz", "00405");
-    EXPECT_EQ(ReadPowerStore(store, "egsm_").tone1, "00405");
-    EXPECT_EQ(ReadPowerStore(store, "egsm_").tone2, "00430");
-    store.Write("egsm_pow_setup.ccz", "  400abcde00999");
-    EXPECT_EQ(ReadPowerStore(store, "egsm_").tone1, "00400");
-    EXPECT_EQ(ReadPowerStore(store, "egsm_").tone2, "00000");
+TEST_F(StoreTest, AFailedWriteIsRemembered) {
+    EXPECT_EQ(store.Unwritten(), "");
+    std::filesystem::create_directory(store.PathOf("taken.ccz"));
+    store.Write("taken.ccz", "1");
+    EXPECT_EQ(store.Unwritten(), store.PathOf("taken.ccz"));
+    store.Write("free.ccz", "1");
+    EXPECT_EQ(store.Unwritten(), "");
+    EXPECT_EQ(SetupStore(store.PathOf("free.ccz") / "below").Unwritten(), store.PathOf("free.ccz") / "below");
 }
 
 TEST_F(StoreTest, PlansAreReadInTheStoresOrder) {
@@ -81,11 +91,15 @@ TEST_F(StoreTest, PlansAreReadInTheStoresOrder) {
 }
 
 TEST_F(StoreTest, AnUnusablePlanCountsAsNoneAndStays) {
-    std::string noStep(AmpsPlan);
-    noStep.replace(30, 5, "00000");
-    for (const std::string& text : {std::string(AmpsPlan.substr(0, 40)), noStep}) {
+    const auto with = [](std::size_t group, const char* digits) {
+        return std::string(AmpsPlan).replace(5 * group, 5, digits);
+    };
+    for (const std::string& text : {std::string(AmpsPlan.substr(0, 40)), with(6, "00000"), with(0, "86900"),
+                                    with(0, "869.0"), with(8, "rubbi")}) {
+        const bool sound = text == with(0, "86900");
         store.Write("amps_im5_setup.ccz", text);
-        EXPECT_FALSE(ReadPlanStore(store, "amps_", 2).has_value());
+        EXPECT_EQ(ReadPlanStore(store, "amps_", 2).has_value(), sound) << text;
+        EXPECT_EQ(store.Damaged().empty(), sound) << text;
         EXPECT_EQ(FileText(store.PathOf("amps_im5_setup.ccz")), text);
     }
     std::string smallest(AmpsPlan);
@@ -100,25 +114,37 @@ TEST_F(StoreTest, TdScdmaAToneIsADecimal) {
     EXPECT_EQ(ReadTdScdmaAF1(store), 2020.0f);
     store.Write("tdb_f1.ccz", "2018.59");
     EXPECT_EQ(ReadTdScdmaAF1(store), 2018.5f);
+    for (const char* text : {"f1", "0.0", "-2018", "20 18"}) {
+        store.Write("tdb_f1.ccz", text);
+        EXPECT_EQ(ReadTdScdmaAF1(store), 2020.0f) << text;
+        EXPECT_EQ(store.Damaged().count("tdb_f1.ccz"), 1U) << text;
+    }
 }
 
 TEST(RxLoss, NineFieldsAreEnoughAndEightAreNot) {
     std::string text;
     for (int i = 1; i <= 9; ++i)
-        text += "00" + std::to_string(i) + ".5";
-    EXPECT_EQ(ParseRxLoss(text.substr(0, 44)), (std::array<float, 13>{}));
-    const auto nine = ParseRxLoss(text);
-    EXPECT_EQ(nine[0], 1.5f);
-    EXPECT_EQ(nine[8], 9.5f);
-    EXPECT_EQ(nine[9], 0.0f);
-    EXPECT_EQ(ParseRxLoss(text + "-01.5000.0000.0002.5" + std::string(200, '7'))[12], 2.5f);
-    EXPECT_EQ(ParseRxLoss(text + "-01.5")[9], -1.5f);
-    EXPECT_EQ(ParseRxLoss(text + "009.9")[9], 9.9f);
-    EXPECT_EQ(ParseRxLoss(text + "010.0")[9], 0.0f);
-    EXPECT_EQ(ParseRxLoss(text + "-99.9")[9], -99.9f);
-    EXPECT_EQ(ParseRxLoss(text + "-100.")[9], 0.0f);
-    EXPECT_EQ(ParseRxLoss(text + "loss!")[9], 0.0f);
-    EXPECT_EQ(ParseRxLoss(text + "2.5")[9], 2.5f) << "a field cut short";
+        text += "00" + std::to_string(i) + (i == 5 ? ".5\r\n" : ".5");
+    EXPECT_TRUE(ParseRxLoss(text.substr(0, 46)).isShort);
+    EXPECT_EQ(ParseRxLoss(text.substr(0, 46)).losses, (std::array<float, 13>{}));
+    const RxLossFile nine = ParseRxLoss(text);
+    EXPECT_FALSE(nine.IsDamaged());
+    EXPECT_EQ(nine.losses, (std::array<float, 13>{1.5f, 2.5f, 3.5f, 4.5f, 5.5f, 6.5f, 7.5f, 8.5f, 9.5f}));
+    EXPECT_EQ(ParseRxLoss(text + "-01.5000.0000.0002.5" + std::string(200, 'x')).losses[12], 2.5f);
+    using Fields = std::vector<std::size_t>;
+    for (const auto& [field, loss, isNumber, isInside] : {std::tuple{"-01.5", -1.5f, true, true},
+                                                          {"009.9", 9.9f, true, true},
+                                                          {"010.0", 0.0f, true, false},
+                                                          {"-99.9", -99.9f, true, true},
+                                                          {"-100.", 0.0f, true, false},
+                                                          {"loss!", 0.0f, false, true},
+                                                          {"2.5", 2.5f, true, true},
+                                                          {"1.0-2", 0.0f, false, true}}) {
+        const RxLossFile table = ParseRxLoss(text + field);
+        EXPECT_EQ(table.losses[9], loss) << field;
+        EXPECT_EQ(table.noNumber, isNumber ? Fields{} : Fields{9}) << field;
+        EXPECT_EQ(table.outside, isInside ? Fields{} : Fields{9}) << field;
+    }
 }
 
 } // namespace

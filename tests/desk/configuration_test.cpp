@@ -1,4 +1,5 @@
 #include "desk/configuration.h"
+#include "desk/restore.h"
 #include "support/full_disk.h"
 #include "support/rig.h"
 
@@ -48,18 +49,24 @@ TEST(Configuration, IsSavedAndComesBackHereAndElsewhere) {
     here.Write("pin.ccz", "secret");
     fs::permissions(here.rig.dir / "pin.ccz", fs::perms::owner_read | fs::perms::owner_write);
     ASSERT_TRUE(here.Save());
-    EXPECT_EQ(FileText(stick / "a.conf"), ":\\QOR\\20260307090512\\\n");
+    EXPECT_EQ(FileText(stick / "a.conf"), ":\\QOR\\20260307090512\\");
     EXPECT_EQ(here.Text("20260307090512/contents.txt"),
               "10 egsm_pow_setup.ccz\n5 loss.conf\n6 pin.ccz\n1 unit.ccz\n");
 
     here.Write("unit.ccz", "0");
     here.Write("later.ccz", "stays");
     here.rig.program.Stores().Remove("pin.ccz");
+    fs::permissions(here.rig.dir / "20260307090512" / "pin.ccz", fs::perms::others_read,
+                    fs::perm_options::add);
+    fs::permissions(here.rig.dir / "20260307090512" / "unit.ccz", fs::perms::owner_read);
     EXPECT_TRUE(here.Load());
     EXPECT_EQ(here.Text("unit.ccz") + here.Text("pin.ccz") + here.Text("later.ccz"), "1secretstays");
     EXPECT_EQ(fs::status(here.rig.dir / "pin.ccz").permissions(),
               fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_TRUE(here.rig.user.messages.empty());
+    EXPECT_TRUE(here.rig.program.Stores().Write("unit.ccz", "1"))
+        << "carried here on a medium that is only read";
+    EXPECT_EQ(here.rig.Told(), std::vector<std::string>{
+                                   "Diese Ablagen kennt die Konfiguration nicht, sie bleiben:\nlater.ccz"});
 
     // The folder is carried to another station together with its pointer.
     fs::copy(here.rig.dir / "20260307090512", stick / "20260307090512");
@@ -67,6 +74,75 @@ TEST(Configuration, IsSavedAndComesBackHereAndElsewhere) {
     there.Write("unit.ccz", "0");
     EXPECT_TRUE(there.Load());
     EXPECT_EQ(there.Text("unit.ccz") + there.Text("egsm_pow_setup.ccz"), "10040000405");
+}
+
+TEST(Configuration, OfAStationWithoutStores) {
+    const TempDir stick;
+    Station station(stick / "a.conf");
+    ASSERT_TRUE(station.Save());
+    EXPECT_EQ(station.Text("20260307090512/contents.txt"), "");
+    station.Write("unit.ccz", "1");
+    EXPECT_TRUE(station.Load());
+    EXPECT_EQ(station.Text("unit.ccz"), "1");
+    EXPECT_TRUE(station.rig.user.WasTold("sie bleiben:\nunit.ccz"));
+}
+
+TEST(Configuration, APointerTakesNoStoresPlace) {
+    Station station({});
+    station.Write("loss.conf", "table");
+    fs::create_symlink(station.rig.dir / "loss.conf", station.rig.dir / "a.conf");
+    for (const char* name : {"loss.conf", "a.conf", "unit.ccz", "qor.ini", "new/../AlarmUp.ccz"}) {
+        station.rig.user.fileToSave = station.rig.dir / name;
+        EXPECT_FALSE(station.Save()) << name;
+        EXPECT_TRUE(station.rig.user.WasTold("is a store of the program")) << name;
+    }
+    EXPECT_EQ(station.Text("loss.conf"), "table");
+    station.rig.user.fileToSave = station.rig.dir / "mine.conf";
+    EXPECT_TRUE(station.Save());
+}
+
+/// Wherever the program dies while stores are put back, and again while that is taken back: the next start
+/// finds all of the old ones or all of the new ones.
+TEST(Configuration, ARestoreThatIsCutShortIsTakenBack) {
+    const std::vector<ConfigurationFile> files = {{"a.ccz", 5}, {"c.ccz", 5}, {"20260101000000/b.ccz", 5}};
+    const auto dies = [](const std::vector<FileStep>& steps, std::size_t after) {
+        return after < steps.size() &&
+               RunSteps({steps.begin(), steps.begin() + static_cast<std::ptrdiff_t>(after)}).empty();
+    };
+    const auto run = [&](std::size_t first, std::optional<std::size_t> second, std::string& found) {
+        const TempDir dir;
+        fs::create_directories(dir / "20260101000000");
+        std::ofstream(dir / "a.ccz") << "old a";
+        std::ofstream(dir / "20260101000000/b.ccz") << "old b";
+        for (const ConfigurationFile& file : files) {
+            fs::create_directories((FreshFolder(dir.Path()) / file.name).parent_path());
+            std::ofstream(FreshFolder(dir.Path()) / file.name)
+                << "new " + file.name.substr(file.name.size() - 5, 1);
+        }
+        bool went = dies(RestoreSteps(files, dir.Path()), first);
+        if (went && second)
+            went = dies(TakeBackSteps(dir.Path()), *second);
+        const bool begun = fs::exists(dir / "restore.part" / "journal");
+        VirtualTime time;
+        ScriptedOperator user;
+        OnePort ports;
+        DeadLine line;
+        Program program({line, ports, time.timers, time.clock, user}, dir.Path());
+        EXPECT_FALSE(fs::exists(FreshFolder(dir.Path()).parent_path()));
+        found = FileText(dir / "a.ccz") + FileText(dir / "20260101000000/b.ccz") + FileText(dir / "c.ccz");
+        program.Start(true);
+        EXPECT_EQ(user.WasTold("unterbrochene Wiederherstellung"), begun) << first;
+        return went;
+    };
+    std::string found;
+    std::size_t first = 0;
+    for (; run(first, std::nullopt, found); ++first) {
+        EXPECT_TRUE(found == "old aold b" || found == "new anew bnew c") << found << " after " << first;
+        EXPECT_EQ(found == "old aold b", first < 7) << first;
+        for (std::size_t second = 0; run(first, second, found); ++second)
+            EXPECT_EQ(found == "old aold b", first < 7) << first << ", " << second;
+    }
+    EXPECT_EQ(first, 8U) << "the journal, two files that replace, one that does not, the end of both";
 }
 
 TEST(Configuration, EarlierSavesComeAlongOnce) {
@@ -110,6 +186,8 @@ TEST(Configuration, NothingIsRestoredByHalves) {
     refused("\nb.ccz");
     std::ofstream(folder / "b.ccz") << "old b";
     std::ofstream(folder / "contents.txt") << "5 a.ccz\n5 ../b.ccz\n";
+    refused("contents.txt");
+    std::ofstream(folder / "contents.txt") << "5 a.ccz\n5 b.ccz\n5 a.ccz\n";
     refused("contents.txt");
     std::ofstream(folder / "contents.txt") << "5 a.ccz\n5 b.ccz\n";
     // A place that is taken by something else: the stores before it are taken back.
@@ -179,9 +257,10 @@ TEST(Configuration, TextsFromOutside) {
                              ":\\QOR\\2026030709051/\\", ":\\QOR\\20260307090512\\..\\"})
         EXPECT_FALSE(ConfigurationFolder(text)) << text;
     ASSERT_TRUE(ParseContents("0 a b.ccz\n7 20260307090512/loss.ccz\n5 loss.conf\n"));
-    for (const char* text : {"5 a.ccz", "5a.ccz\n", " 5 a.ccz\n", "5 \n", "5 a.txt\n", "5 /a.ccz\n",
-                             "5 ../a.ccz\n", "5 b/../../a.ccz\n", "5 ./a.ccz\n", "5 b\\..\\a.ccz\n",
-                             "99999999999999999999 a.ccz\n", "-1 a.ccz\n", "5 b/loss.conf\n"})
+    for (const char* text :
+         {"5 a.ccz", "5a.ccz\n", " 5 a.ccz\n", "5 \n", "5 a.txt\n", "5 /a.ccz\n", "5 ../a.ccz\n",
+          "5 b/../../a.ccz\n", "5 ./a.ccz\n", "5 b\\..\\a.ccz\n", "99999999999999999999 a.ccz\n",
+          "-1 a.ccz\n", "5 b/loss.conf\n", "5 a.ccz\n5 a.ccz\n"})
         EXPECT_FALSE(ParseContents(text)) << text;
 }
 

@@ -197,11 +197,21 @@ TEST(RxLoss, TheChosenTableBecomesTheStore) {
     EXPECT_TRUE(choose(nine));
     EXPECT_EQ(desk.Stored("loss.conf"), nine);
     EXPECT_EQ(desk.S().working.RxLosses(), (std::array<float, 13>{2.5f, -1.5f, 9.9f, 0, 0, 0, 0, 0, 0.3f}));
-    EXPECT_TRUE(choose(nine.substr(0, 44)));
-    EXPECT_EQ(desk.S().working.RxLosses(), (std::array<float, 13>{})) << "too short for any band";
-    EXPECT_EQ(desk.Stored("loss.conf"), nine.substr(0, 44)) << "copied as a whole";
-
-    EXPECT_TRUE(choose(nine));
+    EXPECT_EQ(desk.Told(), Texts{"Ausserhalb von -99.9 bis 9.9 dB, zaehlt als 0: EGSM 900"});
+    const auto before = desk.S().working.RxLosses();
+    for (const auto& [text, told] :
+         {std::pair<std::string, std::string>{nine.substr(0, 44),
+                                              "Die Verlusttabelle ist zu kurz, sie wurde nicht geladen: " +
+                                                  (desk.dir / "table.conf").string()},
+          {":\\QOR\\20260307090512\\ and what else a pointer may hold",
+           "Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen: LTE 700, DIG-DIV, "
+           "DCS 1800, PCS 1900, TD-SCDMA-B, UMTS 2100, UMTS2 2600, WiMax, AWS"},
+          {nine + "x", "Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen: WiMax"}}) {
+        EXPECT_FALSE(choose(text));
+        EXPECT_EQ(desk.Told(), Texts{told});
+        EXPECT_EQ(desk.Stored("loss.conf"), nine);
+        EXPECT_EQ(desk.S().working.RxLosses(), before);
+    }
     EXPECT_FALSE(choose(std::string(100000, '1'))) << "no table";
     for (const char* path : {"/dev/zero", "/", "/nowhere/at/all"}) {
         desk.user.filesToOpen = {path};

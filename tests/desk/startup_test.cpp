@@ -1,3 +1,4 @@
+#include "desk/notices.h"
 #include "desk/session.h"
 #include "desk/startup.h"
 #include "support/rig.h"
@@ -18,9 +19,10 @@ struct StoreCase {
 std::string Described(const Session& s) {
     std::ostringstream text;
     text << "plot " << s.curve.scale.Bottom() << ' ' << s.curve.scale.Top() << ", time " << s.curve.Length()
-         << ", runs " << s.curve.Runs() << ", interval " << s.runs.Interval() << ", loss " << s.working.PowerOffset() << ", loss2 "
-         << s.working.Port2Loss() << ", limit " << s.curve.limit.Level() << ' ' << PanelOf(s).m_AlarmText
-         << ", alarm off " << !s.curve.limit.AlarmOn() << ", stamp off " << !s.curve.limit.StampOn() << ", method "
+         << ", runs " << s.curve.Runs() << ", interval " << s.runs.Interval() << ", loss "
+         << s.working.PowerOffset() << ", loss2 " << s.working.Port2Loss() << ", limit "
+         << s.curve.limit.Level() << ' ' << PanelOf(s).m_AlarmText << ", alarm off "
+         << !s.curve.limit.AlarmOn() << ", stamp off " << !s.curve.limit.StampOn() << ", method "
          << s.working.Method() << ' ' << PanelOf(s).m_Mode_sel << ", path " << s.working.Path() << ' '
          << PanelOf(s).m_Path_sel << ", dBc " << s.curve.scale.InDbc() << ", bar " << s.curve.scale.ShowsBar()
          << ", from [" << s.results.list.LastPath() << "], Rx " << s.working.RxLosses()[0] << ' '
@@ -35,11 +37,7 @@ const StoreCase Cases[] = {
     {"dbmset.ccz", nullptr, "plot -150 -60,"},
     {"dbmset.ccz", "-140.0\r\n-50.0\r\n", "plot -140 -50,"},
     {"dbmset.ccz", "0\r\n0\r\n", "plot -150 -60,"},
-    {"dbmset.ccz", "rubbish", "plot -150 -60,"},
     {"dbmset.ccz", "-120", "plot -120 0,"},
-    {"dbmset.ccz", "-50.0\n-140.0", "plot -150 -60,"},
-    {"dbmset.ccz", "-60.0\n1e300", "plot -150 -60,"},
-    {"dbmset.ccz", "-250.0\n-60.0", "plot -150 -60,"},
     {"2tone_time.ccz", nullptr, "time 5000,"},
     {"2tone_time.ccz", "0000030", "time 30000,"},
     {"2tone_time.ccz", "0000000", "time 1000,"},
@@ -53,7 +51,7 @@ const StoreCase Cases[] = {
     {"SweepInter.ccz", "0000007", "interval 7,"},
     {"SweepInter.ccz", "-3", "interval 0,"},
     {"pathloss.ccz", "0012", "loss 1.2,"},
-    {"pathloss.ccz", "-005", "loss -0.5,"},
+    {"pathloss.ccz", "0099", "loss 9.9,"},
     {"pathloss2.ccz", "0015", "loss2 1.5,"},
     {"AlarmUp.ccz", nullptr, "limit -90 -90.0,"},
     {"AlarmUp.ccz", "-97.58", "limit -97.5 -97.5,"},
@@ -70,21 +68,45 @@ const StoreCase Cases[] = {
     {"reftrans.ccz", "2", "path 2 Uegerbegen Modell,"},
     {"reftrans.ccz", "0", "path 1 Reflex Modell,"},
     {"unit.ccz", "1", "dBc 1,"},
-    {"unit.ccz", "x", "dBc 0,"},
     {"histogram.ccz", nullptr, "bar 0,"},
     {"histogram.ccz", "1", "bar 1,"},
     {"LastLoadPath.ccz", "/data/a.dat", "from [/data/a.dat]"},
     {"LastLoadPath.ccz", "/data/\"a\".dat", "from []"},
-    {"loss.conf", NineLosses, "Rx 0 0 0,"}, // one character short of nine fields
     {"loss.conf", "01.0 00.0 00.0 00.0 00.0 00.0 00.0 00.0 -9.9 ", "Rx 1 -9.9 0,"},
     {"loss.conf", ThirteenLosses, "Rx -99.9 0 9.9,"},
+    {"AlarmUp.ccz", "-90.0\r\n", "limit -90 -90.0,"},
+};
+
+/// Stores with something else in them than their record: as if they were not there, and told.
+const StoreCase DamagedCases[] = {
+    {"dbmset.ccz", "rubbish", "plot -150 -60,"},
+    {"dbmset.ccz", "-50.0\n-140.0", "plot -150 -60,"},
+    {"dbmset.ccz", "-60.0\n1e300", "plot -150 -60,"},
+    {"dbmset.ccz", "-250.0\n-60.0", "plot -150 -60,"},
+    {"2tone_time.ccz", "5 s", "time 5000,"},
+    {"Sweeptime.ccz", "many", "runs 1,"},
+    {"SweepInter.ccz", "7..", "interval 0,"},
+    {"pathloss.ccz", "9999", "loss 0,"},
+    {"pathloss.ccz", "-005", "loss 0,"},
+    {"pathloss2.ccz", "0100", "loss2 0,"},
+    {"pathloss2.ccz", "1 dB", "loss2 0,"},
+    {"AlarmUp.ccz", "xyz", "limit -90 -90.0,"},
+    {"tagWarningOn.ccz", "x", "alarm off 0,"},
+    {"unit.ccz", "x", "dBc 0,"},
+    {"loss.conf", NineLosses, "Rx 0 0 0,"}, // one character short of nine fields
+    {"loss.conf", "-1.0 00.0 00.0 none ************************* ", "Rx -1 0 0,"},
 };
 
 } // namespace
 
 TEST(Startup, EachStoreGoesToItsField) {
     static_assert(sizeof NineLosses - 1 == 44);
-    for (const StoreCase& c : Cases) {
+    std::vector<std::pair<StoreCase, bool>> all;
+    for (const StoreCase& c : Cases)
+        all.emplace_back(c, false);
+    for (const StoreCase& c : DamagedCases)
+        all.emplace_back(c, true);
+    for (const auto& [c, damaged] : all) {
         SCOPED_TRACE(std::string(c.name) + ": " + (c.text ? c.text : "absent"));
         TempDir dir;
         SetupStore store(dir.Path());
@@ -94,6 +116,10 @@ TEST(Startup, EachStoreGoesToItsField) {
         LoadStores(session, store);
         EXPECT_NE(Described(session).find(c.expected), std::string::npos)
             << c.expected << " in " << Described(session);
+        const auto notices = NoticesOf(session, store);
+        EXPECT_EQ(notices,
+                  damaged ? std::vector{"Beschaedigt, zaehlt als nicht vorhanden: " + std::string(c.name)}
+                          : std::vector<std::string>());
     }
 }
 

@@ -29,7 +29,7 @@ void CheckPage(const qor::FrequencyPlan& plan, int band, int imIndex) {
         // What may be stored fills its record, and comes back as what may be stored.
         const std::string record = qor::PlanRecord(plan);
         Require(record.size() == 45 && record.find_first_not_of("0123456789") == std::string::npos);
-        Require(qor::ParsePlan(qor::ParseTenths(record, 9)).has_value());
+        Require(qor::ParsePlan(record).has_value());
     }
 }
 
@@ -38,19 +38,16 @@ void CheckPage(const qor::FrequencyPlan& plan, int band, int imIndex) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
 
-    const auto values = qor::ParseTenths(text, 9);
-    Require(values.size() == std::min<std::size_t>((size + 4) / 5, 9));
-    for (const float value : values)
-        Require(std::isfinite(value));
+    if (const auto plan = qor::ParsePlan(text))
+        Require(qor::PlanRecord(*plan) == text.substr(0, 45));
+    qor::FrequencyPlan typed;
+    for (std::size_t i = 0; i < qor::PlanStoreOrder.size() && 5 * i < size; ++i)
+        typed.*qor::PlanStoreOrder[i] = static_cast<float>(qor::NumberIn(text.substr(5 * i, 5)));
+    CheckPage(typed, static_cast<int>(size % 23), 1 + static_cast<int>(size / 23 % 5));
+    if (const auto power = qor::ParsePower(text))
+        Require(power->tone1 + power->tone2 == text.substr(0, 10));
 
-    if (const auto plan = qor::ParsePlan(values))
-        Require(static_cast<double>(plan->step) >= 0.1);
-    CheckPage(qor::PlanIn(values), static_cast<int>(size % 23), 1 + static_cast<int>(size / 23 % 5));
-    const auto power = qor::ParsePower(values);
-    Require(power.tone1.size() >= 5 && power.tone2.size() >= 5);
-    Require(power.tone1.find_first_not_of("-0123456789") == std::string::npos);
-
-    for (const float loss : qor::ParseRxLoss(text))
+    for (const float loss : qor::ParseRxLoss(text).losses)
         Require(loss >= -99.9f && loss <= 9.9f);
 
     const double number = qor::NumberIn(text);

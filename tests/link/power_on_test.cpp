@@ -103,7 +103,8 @@ TEST(PowerOn, TheBridgeIsReadFromMemoryByItsOwnBit) {
 
 TEST(PowerOn, AToneAboveFortySixStopsTheChain) {
     Rig rig(Instrument("6.2"));
-    rig.program.Stores().Write("dig-div_pow_setup.ccz", "0043000461");
+    rig.program.Stores().Write("dig-div_pow_setup.ccz", "0043000460");
+    rig.S().working.SetCompensation("0", "0.1");
     EXPECT_FALSE(rig.PowerOn());
     EXPECT_TRUE(rig.user.WasTold("f2The maximum value cannot be greater than 46dbm"));
     EXPECT_LT(rig.S().link.chain.Step(), InitEnd);

@@ -171,17 +171,6 @@ TEST(ResultFiles, AMeasurementComesBackAsItWas) {
     }
 }
 
-TEST(ResultFiles, APathLossAboveThePowerKeepsItsSign) {
-    Bench bench;
-    // More path loss than power: the sign belongs to the five characters of the store.
-    bench.S().curve.Clear(Curve::Content::Runs);
-    bench.program.Stores().Write("egsm_pow_setup.ccz", "0010000430");
-    bench.S().working.SetPathLosses(20.0f, 0);
-    ASSERT_TRUE(bench.Save("run.txt"));
-    ASSERT_TRUE(bench.Show("run.txt"));
-    EXPECT_EQ(bench.program.Stores().Read("egsm_pow_setup.ccz", 20), "-010000230");
-}
-
 TEST(ResultFiles, TheCurveShownIsJudgedByTheLimitOfItsFile) {
     Bench bench;
     bench.S().curve.limit.Take(-100.3f);
@@ -214,7 +203,8 @@ TEST(ResultFiles, AFileIsJudgedOverAllItsRowsAndComesBackNoBetterThanItWas) {
     ASSERT_TRUE(narrow.Save("again.dat"));
     EXPECT_EQ(FileText(narrow.dir / "again.dat"), FileText(wide.dir / "long.dat"));
 
-    for (const Verdict verdict : {VerdictNone, VerdictSyntaxError, VerdictOutOfRange, VerdictPllNotLocked}) { // cut short, or ended by an error of the instrument
+    for (const Verdict verdict : {VerdictNone, VerdictSyntaxError, VerdictOutOfRange,
+                                  VerdictPllNotLocked}) { // cut short, or ended by an error of the instrument
         Bench cut;
         cut.S().curve.verdict.Take(verdict);
         ASSERT_TRUE(cut.Save("cut.txt"));
@@ -279,7 +269,8 @@ TEST(ResultFiles, TheOldestFormTakesThePanelAndCanBeSavedAsItIsToday) {
     EXPECT_EQ(PanelOf(bench.S()).m_WorstFreqText, "890.0");
     ASSERT_TRUE(bench.Save("new.dat"));
     ASSERT_TRUE(bench.Show("new.dat")) << bench.program.Files().LastProblem();
-    EXPECT_EQ(bench.S().results.loaded.Document()->serial, "00000") << "the instrument connected did not measure it";
+    EXPECT_EQ(bench.S().results.loaded.Document()->serial, "00000")
+        << "the instrument connected did not measure it";
 }
 
 /// Everything of a session that a load sets.
@@ -287,8 +278,8 @@ std::string Everything(const Session& s) {
     std::string text = PanelOf(s).m_Band_sel + '|' + PanelOf(s).m_IM_sel + '|' + PanelOf(s).m_Mode_sel + '|' +
                        PanelOf(s).m_f1_text + '|' + PanelOf(s).m_f2_text + '|' + PanelOf(s).m_WorstFreqText +
                        '|' + PanelOf(s).m_WorstLevelText + '|' + PanelOf(s).m_AlarmText + '|' +
-                       s.results.device.Serial() + '|' + s.curve.WorstText() + '|' +
-                       s.working.Power1() + s.working.Power2();
+                       s.results.device.Serial() + '|' + s.curve.WorstText() + '|' + s.working.Power1() +
+                       s.working.Power2();
     if (s.results.loaded.IsShown())
         text += '|' + FormatResult(*s.results.loaded.Document());
     for (const int number :

@@ -17,6 +17,11 @@ void Console::Message(std::string_view text, std::string_view) {
     std::fprintf(stderr, "%s\n", shown.c_str());
 }
 
+void Console::Notice(std::string_view text) {
+    EndProgress();
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
+}
+
 bool Console::Ask(std::string_view, std::string_view) {
     return true;
 }

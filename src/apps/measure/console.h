@@ -16,6 +16,8 @@ public:
     void Message(std::string_view text, std::string_view title = {}) override;
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
 
+    /// A line beside the messages.
+    void Notice(std::string_view text);
     /// Replaces the progress line; nothing on a pipe.
     void ShowProgress(const std::string& line);
     void EndProgress();

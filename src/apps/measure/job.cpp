@@ -100,6 +100,7 @@ void Job::Look() {
             return Finish(NoInstrument, "The time of " + Fixed(limit, 0) +
                                             " s was up before the measurement was complete.");
     }
+    TellDamaged();
     switch (m_Phase) {
     case Phase::Search:
         return LookForInstrument();
@@ -115,6 +116,14 @@ void Job::Look() {
         return Drain();
     case Phase::Exit:
         return;
+    }
+}
+
+/// A line for each store that counts as none, as soon as it is found so.
+void Job::TellDamaged() {
+    for (const std::string& name : m_Program.Stores().Damaged()) {
+        if (m_ToldDamaged.insert(name).second)
+            m_Console.Notice((m_Options.dataDirectory / name).string() + ": damaged, counts as none.");
     }
 }
 

@@ -10,6 +10,8 @@
 #include <QTimer>
 
 #include <functional>
+#include <set>
+#include <string>
 
 namespace qor::app {
 
@@ -28,6 +30,7 @@ private:
     enum class Phase { Search, Idle, Select, Settle, Measure, Drain, Exit };
 
     void Look();
+    void TellDamaged();
     void LookForInstrument();
     void WaitIdle();
     void Choose();
@@ -55,6 +58,7 @@ private:
     Phase m_Phase = Phase::Search;
     CallResult m_Outcome;
     int m_LossesAtStart = 0;
+    std::set<std::string> m_ToldDamaged;
 };
 
 } // namespace qor::app

@@ -18,6 +18,7 @@
 #include <iterator>
 #include <optional>
 #include <system_error>
+#include <vector>
 
 namespace qor {
 
@@ -32,16 +33,13 @@ bool InRange(double loss) {
     return loss >= 0 && loss <= HighestPathLoss;
 }
 
-/// Powers of the selected band in dBm; those of the session where its store holds none.
+/// Powers of the selected band; those of the session where its store holds none.
 void TakeStoredPowers(Session& session, SetupStore& store) {
     const BandInfo* const band = FindBand(session.working.Band());
     if (!band)
         return;
-    const auto values = store.ReadTenths(PowerStoreName(band->prefix), 2);
-    if (values.empty())
-        return;
-    const PowerSetting power = ParsePower(values);
-    session.working.SetPower(power);
+    if (!store.ReadOrMake(PowerStoreName(band->prefix), 1).empty())
+        session.working.SetPower(ReadPowerStore(store, band->prefix));
 }
 
 /// In dBc the reference is the power of tone 1 that reaches the device.
@@ -57,6 +55,13 @@ void FollowPathLoss(const BandInfo& band, Session& session, SetupStore& store) {
 bool Compensable(const std::string& stored, double compensation) {
     const double dBm = NumberIn(stored) / 10.0 + compensation;
     return dBm < 100 && ToTenths(dBm) <= HighestTenths;
+}
+
+std::string NamesOf(const std::vector<std::size_t>& fields) {
+    std::string names;
+    for (const std::size_t field : fields)
+        names += (names.empty() ? "" : ", ") + std::string(RxLossNames[field]);
+    return names;
 }
 
 std::optional<std::string> TableIn(const std::filesystem::path& path) {
@@ -147,10 +152,21 @@ Outcome LoadRxLoss(Session& session, const Platform& platform, SetupStore& store
     const auto chosen = platform.user.FilesToOpen("Load Rx Loss", store.Directory(), "*.conf");
     if (chosen.empty())
         return Outcome::Refused({});
-    const auto table = TableIn(chosen.front());
-    if (!table || !store.Write("loss.conf", *table))
+    const auto text = TableIn(chosen.front());
+    if (!text)
         return Outcome::Refused("Oeffnen file Misserfolg");
-    session.working.SetRxLosses(ParseRxLoss(std::string_view(*table).substr(0, LongestRxLoss)));
+    const RxLossFile table = ParseRxLoss(std::string_view(*text).substr(0, LongestRxLoss));
+    if (table.isShort)
+        return Outcome::Refused("Die Verlusttabelle ist zu kurz, sie wurde nicht geladen: " +
+                                chosen.front().string());
+    if (!table.noNumber.empty())
+        return Outcome::Refused("Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen: " +
+                                NamesOf(table.noNumber));
+    if (!store.Write("loss.conf", *text))
+        return Outcome::Refused("Oeffnen file Misserfolg");
+    session.working.SetRxLosses(table.losses);
+    if (!table.outside.empty())
+        return Outcome::DoneWith("Ausserhalb von -99.9 bis 9.9 dB, zaehlt als 0: " + NamesOf(table.outside));
     return Outcome::Done();
 }
 

@@ -39,8 +39,9 @@ void RestorePathLoss(Session& session, SetupStore& store);
 /// and where a tone would exceed 46.0 dBm.
 Outcome ApplyCompensation(std::string_view f1, std::string_view f2, Session& session, SetupStore& store);
 
-/// Lets the operator choose a receive loss table, makes it `loss.conf` and reads it. Refused when it
-/// cannot be copied, and without words when none was chosen.
+/// Lets the operator choose a receive loss table, makes it `loss.conf` and reads it. Refused, with
+/// nothing changed, for a file that is no table and when it cannot be kept, and without words when none was
+/// chosen. A loss out of range counts as 0, and its band is named.
 Outcome LoadRxLoss(Session& session, const Platform& platform, SetupStore& store);
 
 } // namespace qor

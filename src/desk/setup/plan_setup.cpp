@@ -17,18 +17,12 @@ bool HasOwnDefault(int band) {
     return FindBand(band) && band != BandTetra390 && band != BandTetra392;
 }
 
-/// Values of a plan store, all nine as soon as it holds one.
-std::optional<FrequencyPlan> StoredPlan(SetupStore& store, const std::string& name) {
-    const auto values = store.ReadTenths(name, PlanStoreOrder.size());
-    return values.empty() ? std::nullopt : std::optional(PlanIn(values));
-}
-
 } // namespace
 
 PlanSetup::PlanSetup(int band, int imIndex, Session& session, SetupStore& store)
     : m_Band(band), m_IMIndex(imIndex), m_Session(session), m_Store(store) {
     const BandInfo* const info = FindBand(band);
-    const auto stored = info ? StoredPlan(store, PlanStoreName(info->prefix, imIndex)) : std::nullopt;
+    const auto stored = info ? ReadPlanStore(store, info->prefix, imIndex) : std::nullopt;
     Edit(stored ? *stored : DefaultPlan(band, imIndex, session.working.Bridge()).value_or(FrequencyPlan{}));
 }
 
@@ -49,7 +43,7 @@ void PlanSetup::Edit(const FrequencyPlan& plan) {
 void PlanSetup::Standard() {
     std::optional<FrequencyPlan> plan;
     if (HasOwnDefault(m_Band))
-        plan = StoredPlan(m_Store, DefaultPlanStoreName(FindBand(m_Band)->prefix, m_IMIndex));
+        plan = ReadPlan(m_Store, DefaultPlanStoreName(FindBand(m_Band)->prefix, m_IMIndex));
     if (!plan)
         plan = DefaultPlan(m_Band, m_IMIndex, m_Session.working.Bridge());
     Edit(plan.value_or(m_Plan)); // the TETRA bands have none at IM11

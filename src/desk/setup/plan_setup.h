@@ -15,8 +15,7 @@ struct Session;
 /// check says of it, and what saving does.
 class PlanSetup {
 public:
-    /// Takes the stored plan of the band and order (index 1 IM3 to 5 IM11), else the built-in one. A store
-    /// with some values but not all shows 0 for the rest, so that the operator sees what is missing.
+    /// Takes the stored plan of the band and order (index 1 IM3 to 5 IM11), else the built-in one.
     PlanSetup(int band, int imIndex, Session& session, SetupStore& store);
 
     [[nodiscard]] const FrequencyPlan& Plan() const { return m_Plan; }

@@ -113,7 +113,7 @@ private:
             return false;
         Session& session = m_Program.State();
         const Outcome outcome = SwitchInterBandOn(setup, session.working, session.interBand);
-        m_Program.Parts().user.Message(outcome.Text());
+        m_Program.Parts().user.Failure(outcome.Text());
         return outcome.IsDone();
     }
 
