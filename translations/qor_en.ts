@@ -252,8 +252,16 @@
       <translation>Select transmission or reflection mode.</translation>
     </message>
     <message>
+      <source>Auto Save Namen(&amp;N)</source>
+      <translation>Auto-save names(&amp;N)</translation>
+    </message>
+    <message>
       <source>Auto Save On/Off(&amp;A)</source>
       <translation>Auto Save On/Off(&amp;A)</translation>
+    </message>
+    <message>
+      <source>Auto Save Setup</source>
+      <translation>Auto-save setup</translation>
     </message>
     <message>
       <source>Beginnen Messung</source>
@@ -352,6 +360,10 @@
       <translation>Width:</translation>
     </message>
     <message>
+      <source>Browse...</source>
+      <translation>Browse...</translation>
+    </message>
+    <message>
       <source>Cable loss for Rx:</source>
       <translation>Cable loss for Rx:</translation>
     </message>
@@ -412,6 +424,10 @@
       <translation>Continuous measurement setup</translation>
     </message>
     <message>
+      <source>DAT</source>
+      <translation>DAT</translation>
+    </message>
+    <message>
       <source>DCS Einbauen</source>
       <translation>DCS Setup</translation>
     </message>
@@ -444,6 +460,10 @@
       <translation>Default</translation>
     </message>
     <message>
+      <source>Der Name darf weder / noch \ enthalten.</source>
+      <translation>The name must not contain / or \.</translation>
+    </message>
+    <message>
       <source>Deutsch</source>
       <translation>German</translation>
     </message>
@@ -454,6 +474,10 @@
     <message>
       <source>Die Breite des Geraets hat sich geaendert.</source>
       <translation>The band of the instrument has changed.</translation>
+    </message>
+    <message>
+      <source>Die Messung wird noch gespeichert.</source>
+      <translation>The measurement is still being saved.</translation>
     </message>
     <message>
       <source>Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen:</source>
@@ -608,6 +632,14 @@
       <translation>Europe</translation>
     </message>
     <message>
+      <source>Excel Vorlagen</source>
+      <translation>Excel templates</translation>
+    </message>
+    <message>
+      <source>Excel Vorlagen(&amp;V)</source>
+      <translation>Excel templates(&amp;V)</translation>
+    </message>
+    <message>
       <source>Exit</source>
       <translation>Exit</translation>
     </message>
@@ -622,6 +654,10 @@
     <message>
       <source>F2 Compensation</source>
       <translation>F2 compensation</translation>
+    </message>
+    <message>
+      <source>Failed to create folder!</source>
+      <translation>Failed to create folder!</translation>
     </message>
     <message>
       <source>Falsch, dichtesortierung.</source>
@@ -654,6 +690,18 @@
     <message>
       <source>Fixed f2:</source>
       <translation>Fixed f2:</translation>
+    </message>
+    <message>
+      <source>Format Select</source>
+      <translation>Format</translation>
+    </message>
+    <message>
+      <source>Frefix Set</source>
+      <translation>Prefix</translation>
+    </message>
+    <message>
+      <source>Frefix Set(&amp;F)</source>
+      <translation>Prefix(&amp;F)</translation>
     </message>
     <message>
       <source>Freq Schritt:</source>
@@ -766,6 +814,10 @@
     <message>
       <source>Keine Messpunkte zum Speichern!</source>
       <translation>There are no measured points to save.</translation>
+    </message>
+    <message>
+      <source>Keine Nummer ist mehr frei.</source>
+      <translation>No number is free any more.</translation>
     </message>
     <message>
       <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
@@ -890,6 +942,14 @@
     <message>
       <source>Multi-times</source>
       <translation>Multiple</translation>
+    </message>
+    <message>
+      <source>Naechste freie Nummer</source>
+      <translation>Next free number</translation>
+    </message>
+    <message>
+      <source>Name:</source>
+      <translation>Name:</translation>
     </message>
     <message>
       <source>New Password:</source>
@@ -1028,8 +1088,24 @@
       <translation>Operator Mode</translation>
     </message>
     <message>
+      <source>Ordner der Serie</source>
+      <translation>Folder of the series</translation>
+    </message>
+    <message>
+      <source>Ordner der Serie(&amp;O)</source>
+      <translation>Folder of the series(&amp;O)</translation>
+    </message>
+    <message>
+      <source>Ordner:</source>
+      <translation>Folder:</translation>
+    </message>
+    <message>
       <source>PCS Einbauen</source>
       <translation>PCS Setup</translation>
+    </message>
+    <message>
+      <source>PDF</source>
+      <translation>PDF</translation>
     </message>
     <message>
       <source>PIM</source>
@@ -1046,6 +1122,10 @@
     <message>
       <source>Path Cable Loss(&amp;L)</source>
       <translation>Path Cable Loss(&amp;P)</translation>
+    </message>
+    <message>
+      <source>Path:</source>
+      <translation>Path:</translation>
     </message>
     <message>
       <source>Pause zwischen zwei Durchlaeufen</source>
@@ -1072,8 +1152,16 @@
       <translation>Please make sure that these settings are valid for the device.</translation>
     </message>
     <message>
+      <source>Please select auto-save file path from [Auto-Save] menu at first!</source>
+      <translation>Please select the auto-save file path in the [Auto-Save] menu first!</translation>
+    </message>
+    <message>
       <source>Please select band after initailization completed.</source>
       <translation>Please select the band after the initialization is complete.</translation>
+    </message>
+    <message>
+      <source>Please select the correct directory for saving!</source>
+      <translation>Please select the correct directory for saving!</translation>
     </message>
     <message>
       <source>Port 1 To DUT Path Cable Loss:</source>
@@ -1176,12 +1264,20 @@
       <translation>With spectrum</translation>
     </message>
     <message>
+      <source>SN:</source>
+      <translation>SN:</translation>
+    </message>
+    <message>
       <source>Save Configure</source>
       <translation>Save Configuration</translation>
     </message>
     <message>
       <source>Save ERR</source>
       <translation>Saving failed</translation>
+    </message>
+    <message>
+      <source>Save FAIL  file?</source>
+      <translation>Save FAIL file?</translation>
     </message>
     <message>
       <source>Save all graphs?</source>
@@ -1416,6 +1512,10 @@
       <translation>TD-SCDMA 2000</translation>
     </message>
     <message>
+      <source>TXT</source>
+      <translation>TXT</translation>
+    </message>
+    <message>
       <source>Test</source>
       <translation>Test</translation>
     </message>
@@ -1478,6 +1578,10 @@
     <message>
       <source>The result is too long for this form.</source>
       <translation>The result is too long for this form.</translation>
+    </message>
+    <message>
+      <source>The start value of SN should be number symbol!</source>
+      <translation>The start value of SN must be a number!</translation>
     </message>
     <message>
       <source>The value of Alarm Lever cannot be empty!</source>
@@ -1672,6 +1776,10 @@
       <translation>not replaced.</translation>
     </message>
     <message>
+      <source>ok</source>
+      <translation>OK</translation>
+    </message>
+    <message>
       <source>switch to lower screen setting (e.g. 256-color mode), and try again.</source>
       <translation>switch to lower screen setting (e.g. 256-color mode), and try again.</translation>
     </message>
@@ -1682,6 +1790,14 @@
     <message>
       <source>the folder does not exist. Nothing was restored.</source>
       <translation>the folder does not exist. Nothing was restored.</translation>
+    </message>
+    <message>
+      <source>xls(Details Templates)</source>
+      <translation>xls (details template)</translation>
+    </message>
+    <message>
+      <source>xls(Sweep  Templates)</source>
+      <translation>xls (sweep template)</translation>
     </message>
   </context>
 </TS>

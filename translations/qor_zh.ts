@@ -252,8 +252,16 @@
       <translation>请选择传输模式或反射模式。</translation>
     </message>
     <message>
+      <source>Auto Save Namen(&amp;N)</source>
+      <translation>自动保存名称(&amp;N)</translation>
+    </message>
+    <message>
       <source>Auto Save On/Off(&amp;A)</source>
       <translation>自动保存开/关(&amp;A)</translation>
+    </message>
+    <message>
+      <source>Auto Save Setup</source>
+      <translation>自动保存设置</translation>
     </message>
     <message>
       <source>Beginnen Messung</source>
@@ -352,6 +360,10 @@
       <translation>宽度：</translation>
     </message>
     <message>
+      <source>Browse...</source>
+      <translation>浏览...</translation>
+    </message>
+    <message>
       <source>Cable loss for Rx:</source>
       <translation>接收线缆损耗：</translation>
     </message>
@@ -412,6 +424,10 @@
       <translation>连续测量设置</translation>
     </message>
     <message>
+      <source>DAT</source>
+      <translation>DAT</translation>
+    </message>
+    <message>
       <source>DCS Einbauen</source>
       <translation>DCS 设置</translation>
     </message>
@@ -444,6 +460,10 @@
       <translation>默认</translation>
     </message>
     <message>
+      <source>Der Name darf weder / noch \ enthalten.</source>
+      <translation>名称不得包含 / 或 \。</translation>
+    </message>
+    <message>
       <source>Deutsch</source>
       <translation>德语</translation>
     </message>
@@ -454,6 +474,10 @@
     <message>
       <source>Die Breite des Geraets hat sich geaendert.</source>
       <translation>仪器的频段已改变。</translation>
+    </message>
+    <message>
+      <source>Die Messung wird noch gespeichert.</source>
+      <translation>测量仍在保存中。</translation>
     </message>
     <message>
       <source>Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen:</source>
@@ -608,6 +632,14 @@
       <translation>欧洲</translation>
     </message>
     <message>
+      <source>Excel Vorlagen</source>
+      <translation>Excel 模板</translation>
+    </message>
+    <message>
+      <source>Excel Vorlagen(&amp;V)</source>
+      <translation>Excel 模板(&amp;V)</translation>
+    </message>
+    <message>
       <source>Exit</source>
       <translation>退出</translation>
     </message>
@@ -622,6 +654,10 @@
     <message>
       <source>F2 Compensation</source>
       <translation>F2 补偿</translation>
+    </message>
+    <message>
+      <source>Failed to create folder!</source>
+      <translation>创建文件夹失败！</translation>
     </message>
     <message>
       <source>Falsch, dichtesortierung.</source>
@@ -654,6 +690,18 @@
     <message>
       <source>Fixed f2:</source>
       <translation>固定 f2：</translation>
+    </message>
+    <message>
+      <source>Format Select</source>
+      <translation>格式选择</translation>
+    </message>
+    <message>
+      <source>Frefix Set</source>
+      <translation>前缀设置</translation>
+    </message>
+    <message>
+      <source>Frefix Set(&amp;F)</source>
+      <translation>前缀设置(&amp;F)</translation>
     </message>
     <message>
       <source>Freq Schritt:</source>
@@ -766,6 +814,10 @@
     <message>
       <source>Keine Messpunkte zum Speichern!</source>
       <translation>没有可保存的测量点！</translation>
+    </message>
+    <message>
+      <source>Keine Nummer ist mehr frei.</source>
+      <translation>已无可用编号。</translation>
     </message>
     <message>
       <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
@@ -890,6 +942,14 @@
     <message>
       <source>Multi-times</source>
       <translation>多次</translation>
+    </message>
+    <message>
+      <source>Naechste freie Nummer</source>
+      <translation>下一个可用编号</translation>
+    </message>
+    <message>
+      <source>Name:</source>
+      <translation>名称：</translation>
     </message>
     <message>
       <source>New Password:</source>
@@ -1028,8 +1088,24 @@
       <translation>操作员模式</translation>
     </message>
     <message>
+      <source>Ordner der Serie</source>
+      <translation>系列文件夹</translation>
+    </message>
+    <message>
+      <source>Ordner der Serie(&amp;O)</source>
+      <translation>系列文件夹(&amp;O)</translation>
+    </message>
+    <message>
+      <source>Ordner:</source>
+      <translation>文件夹：</translation>
+    </message>
+    <message>
       <source>PCS Einbauen</source>
       <translation>PCS 设置</translation>
+    </message>
+    <message>
+      <source>PDF</source>
+      <translation>PDF</translation>
     </message>
     <message>
       <source>PIM</source>
@@ -1046,6 +1122,10 @@
     <message>
       <source>Path Cable Loss(&amp;L)</source>
       <translation>路径线缆损耗(&amp;P)</translation>
+    </message>
+    <message>
+      <source>Path:</source>
+      <translation>路径：</translation>
     </message>
     <message>
       <source>Pause zwischen zwei Durchlaeufen</source>
@@ -1072,8 +1152,16 @@
       <translation>请确认所设数值适用于该仪器。</translation>
     </message>
     <message>
+      <source>Please select auto-save file path from [Auto-Save] menu at first!</source>
+      <translation>请先在 [自动保存] 菜单中选择文件路径！</translation>
+    </message>
+    <message>
       <source>Please select band after initailization completed.</source>
       <translation>请在初始化完成后选择频段。</translation>
+    </message>
+    <message>
+      <source>Please select the correct directory for saving!</source>
+      <translation>请选择正确的保存目录！</translation>
     </message>
     <message>
       <source>Port 1 To DUT Path Cable Loss:</source>
@@ -1176,12 +1264,20 @@
       <translation>含频谱分析</translation>
     </message>
     <message>
+      <source>SN:</source>
+      <translation>序列号：</translation>
+    </message>
+    <message>
       <source>Save Configure</source>
       <translation>保存配置</translation>
     </message>
     <message>
       <source>Save ERR</source>
       <translation>保存出错</translation>
+    </message>
+    <message>
+      <source>Save FAIL  file?</source>
+      <translation>保存失败的结果文件？</translation>
     </message>
     <message>
       <source>Save all graphs?</source>
@@ -1416,6 +1512,10 @@
       <translation>TD-SCDMA 2000</translation>
     </message>
     <message>
+      <source>TXT</source>
+      <translation>TXT</translation>
+    </message>
+    <message>
       <source>Test</source>
       <translation>测试</translation>
     </message>
@@ -1478,6 +1578,10 @@
     <message>
       <source>The result is too long for this form.</source>
       <translation>结果过长，此格式无法容纳。</translation>
+    </message>
+    <message>
+      <source>The start value of SN should be number symbol!</source>
+      <translation>序列号起始值必须为数字！</translation>
     </message>
     <message>
       <source>The value of Alarm Lever cannot be empty!</source>
@@ -1672,6 +1776,10 @@
       <translation>未替换。</translation>
     </message>
     <message>
+      <source>ok</source>
+      <translation>确定</translation>
+    </message>
+    <message>
       <source>switch to lower screen setting (e.g. 256-color mode), and try again.</source>
       <translation>降低屏幕设置（例如256色模式）后重试。</translation>
     </message>
@@ -1682,6 +1790,14 @@
     <message>
       <source>the folder does not exist. Nothing was restored.</source>
       <translation>文件夹不存在，未恢复任何设置。</translation>
+    </message>
+    <message>
+      <source>xls(Details Templates)</source>
+      <translation>xls（明细模板）</translation>
+    </message>
+    <message>
+      <source>xls(Sweep  Templates)</source>
+      <translation>xls（扫描模板）</translation>
     </message>
   </context>
 </TS>

@@ -26,7 +26,7 @@ TOKENS = re.compile(r'(R"(\w*)\(.*?\)\2")|("(?:[^"\\\n]|\\.)*")|(\'(?:[^\'\\\n]|
 NOT_IN_WINDOW = re.compile(
     r'QStringLiteral\s*\([^()]*\)|DialogEntry \w+\([^()]*\)|m_Commands\.Run\([^()]*\)|FindCommand\([^()]*\)|QLatin1String\s*\([^()]*\)|(?:setObjectName|setProperty|property|SetFlag)\s*\([^()]*\)')
 # What shows a text to the operator in the engine.
-SHOWN = re.compile(r'\b(?:Message|Failure|Acknowledge|Ask|AskOrCancel|Tell|[Rr]efused?|DoneWith|failed|FilesToOpen|FileToSave|Folder|Progress|Menu|'
+SHOWN = re.compile(r'\b(?:Message|Failure|Acknowledge|Ask|AskOrCancel|AskOrElse|Tell|[Rr]efused?|DoneWith|failed|FilesToOpen|FileToSave|Folder|Progress|Menu|'
                    r'Shown|Translated)\s*\(')
 # Of a command's row: its caption, and what is said when its dialog does not open.
 FIELD = re.compile(r'\.(?:caption|noDialog) = (' + LITERAL + r')')

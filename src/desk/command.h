@@ -69,6 +69,7 @@ private:
 };
 
 // Parts of the first menu that have a file of their own.
+void AddAutoSaveRows(MenuBuilder& menu);
 void AddLogoRows(MenuBuilder& menu);
 void AddPictureRows(MenuBuilder& menu);
 void AddPrintRows(MenuBuilder& menu);

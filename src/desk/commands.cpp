@@ -36,7 +36,7 @@ Outcome Commands::Try(const CommandRow& row) {
     if (row.guards.run) {
         if (Outcome off = RunIsOff(program.State()); !off)
             return off;
-        if (Outcome off = SeriesIsOff(program.Series()); !off)
+        if (Outcome off = NothingIsSaved(program); !off)
             return off;
     }
     if (row.guards.port) {

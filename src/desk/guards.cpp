@@ -1,9 +1,9 @@
 #include "desk/guards.h"
 
+#include "desk/program.h"
 #include "desk/session.h"
 #include "platform/platform.h"
 #include "platform/serial_control.h"
-#include "results/page_series.h"
 
 namespace qor {
 
@@ -11,8 +11,12 @@ Outcome RunIsOff(const Session& session) {
     return session.run.IsOn() ? Outcome::Refused("\nHalten Messung erst!") : Outcome::Done();
 }
 
-Outcome SeriesIsOff(const PageSeries& series) {
-    return series.IsOn() ? Outcome::Refused("Die Berichte werden noch gespeichert.") : Outcome::Done();
+Outcome NothingIsSaved(const Program& program) {
+    if (program.Series().IsOn())
+        return Outcome::Refused("Die Berichte werden noch gespeichert.");
+    if (program.Saver().IsBusy())
+        return Outcome::Refused("Die Messung wird noch gespeichert.");
+    return Outcome::Done();
 }
 
 Outcome PortIsOpen(const Platform& platform) {

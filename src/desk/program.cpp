@@ -44,6 +44,7 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
                     m_Platform, m_Store, m_Channel, m_Instrument, *this),
       m_StartButton(m_Session, m_Platform, m_Measurement, m_Connection),
       m_Selection(m_Session, m_Platform, m_Store, m_Instrument, m_Connection),
+      m_AutoSaver(*this, m_Channel, [this] { OnMeasButton(); }),
       m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }) {
     WindowTimers& timers = m_Platform.timers;
     timers.OnTick(MarkerTimer, [this] { m_Markers.OnMarkerTimer(); });
@@ -74,8 +75,10 @@ void Program::SearchNow() {
 }
 
 void Program::OnMeasButton() {
-    if (Outcome off = SeriesIsOff(m_Series); !off)
-        return Tell(off);
+    if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn())
+        return m_AutoSaver.StartAfterwards();
+    if (Outcome free = NothingIsSaved(*this); !free)
+        return Tell(free);
     m_StartButton.Press();
 }
 
@@ -123,6 +126,13 @@ void Program::RunBegins() {
     RestorePathLoss(m_Session, m_Store);
     FollowBandPower(m_Session, m_Platform, m_Store);
     ClearMarkers(m_Session.markers);
+    m_RunHasBegun = true;
+}
+
+void Program::RunIsOver() {
+    StopBeeper(m_Platform);
+    if (std::exchange(m_RunHasBegun, false))
+        m_AutoSaver.RunHasEnded();
 }
 
 /// The run that has just ended becomes the next numbered file of the series, and stands in the list.
@@ -161,6 +171,7 @@ void Program::Leave() {
     m_Connection.StopSearch();
     m_Init.Abort();
     m_Measurement.Abandon(); // one that waited for its turn or for the instrument, too
+    m_AutoSaver.SaveAtEnd();
     m_Channel.PauseStatusPoll();
     m_Receiver.Close();
     m_CloseTicks = 0;

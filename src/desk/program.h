@@ -2,6 +2,7 @@
 
 #include "base/setup_store.h"
 #include "curve/markers.h"
+#include "desk/auto_saver.h"
 #include "desk/selection.h"
 #include "desk/session.h"
 #include "desk/start_button.h"
@@ -78,6 +79,7 @@ public:
     [[nodiscard]] ListPanel& List() { return m_List; }
     [[nodiscard]] ReportMaker& Reports() { return m_Reports; }
     [[nodiscard]] const ReportMaker& Reports() const { return m_Reports; }
+    [[nodiscard]] const AutoSaver& Saver() const { return m_AutoSaver; }
     [[nodiscard]] PageSeries& Series() { return m_Series; }
     [[nodiscard]] const PageSeries& Series() const { return m_Series; }
     [[nodiscard]] Markers& Marks() { return m_Markers; }
@@ -103,7 +105,7 @@ private:
     bool SaveNumbered() override;
     void RunIsAskedFor() override { StartBeeper(m_Session, m_Platform); }
     void LevelIsShown() override { LevelShown(m_Session); }
-    void RunIsOver() override { StopBeeper(m_Platform); }
+    void RunIsOver() override;
 
     Platform m_Platform;
     bool m_RestoreWasBroken; ///< one was taken back, before any store was read
@@ -126,12 +128,14 @@ private:
     Measurement m_Measurement;
     StartButton m_StartButton;
     Selection m_Selection;
+    AutoSaver m_AutoSaver;
     Timer m_CloseTimer;
 
     std::function<void(int)> m_Quit;
     int m_CloseTicks = 0;
     bool m_CarriersOff = false;
     bool m_Leaving = false;
+    bool m_RunHasBegun = false; ///< and its end was not seen yet
 };
 
 } // namespace qor

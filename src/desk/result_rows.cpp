@@ -57,9 +57,7 @@ void AddResultRows(MenuBuilder& menu) {
         {.id = "load", .caption = "Einfuehren Daten(&L)\tCtrl+L", .guards = {.run = true}, .run = LoadData});
     menu.Add(
         {.id = "save", .caption = "Speichern Daten(&T)\tCtrl+T", .guards = {.run = true}, .run = SaveData});
-    menu.Add({.id = "auto_save",
-              .caption = "Auto Save On/Off(&A)\tCtrl+A",
-              .checked = [](const Program&, int) { return false; }});
+    AddAutoSaveRows(menu);
     menu.Line();
     AddLogoRows(menu);
     menu.Add({.id = "comment",

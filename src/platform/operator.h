@@ -6,7 +6,7 @@
 
 namespace qor {
 
-enum class Answer { Yes, No, Cancel };
+enum class Answer { Yes, No, Cancel, Other };
 
 /// The person in front of the program. Nothing else in the program ever asks or tells anybody anything.
 /// Where nobody sits, as in a script, choices that need a window come back empty.
@@ -31,6 +31,11 @@ public:
     /// A question that can also be left open.
     [[nodiscard]] virtual Answer AskOrCancel(std::string_view /*text*/, std::string_view /*title*/) {
         return Answer::Cancel;
+    }
+    /// A question with a third way besides Yes and No, `other`; never Cancel.
+    [[nodiscard]] virtual Answer AskOrElse(std::string_view text, std::string_view title,
+                                           std::string_view /*other*/) {
+        return Ask(text, title) ? Answer::Yes : Answer::No;
     }
     /// Files to open, beginning in `folder`; `endings` as "*.dat *.txt". None: the operator has thought
     /// better of it.

@@ -26,6 +26,7 @@ public:
 
     /// The forms that results are saved in; a program adds those that it alone can write.
     [[nodiscard]] ResultForms& Forms() { return m_Forms; }
+    [[nodiscard]] const ResultForms& Forms() const { return m_Forms; }
 
     /// Why the last DataSave or CurrentShow gave up, with the path; empty after a success.
     [[nodiscard]] const std::string& LastProblem() const { return m_LastProblem; }

@@ -91,7 +91,8 @@ bool ResultFiles::DataSave(const std::filesystem::path& path) {
     if (IsDatName(path) && !document->genuine)
         return Refuse("Nur was aus einer .dat stammt, wird wieder eine .dat.");
     std::string bytes;
-    if (const Outcome written = m_Forms.Write(*document, path, SheetTemplates{}, bytes); !written)
+    if (const Outcome written = m_Forms.Write(*document, path, m_Session.results.autoSave.Templates(), bytes);
+        !written)
         return Refuse(written.Text());
     if (const std::string problem = WriteAtomically(path, bytes); !problem.empty())
         return Refuse("Speichern file misserfolg\n" + problem);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "results/auto_save.h"
 #include "results/result_document.h"
 #include "results/result_list.h"
 
@@ -21,6 +22,8 @@ public:
         m_DutSerial = std::move(serial);
         g_bKeepSerial = !m_DutSerial.empty();
     }
+    /// A serial number that a run was given: the next one gets its own.
+    void Number(std::string serial) { m_DutSerial = std::move(serial); }
     /// The start button was pressed.
     void ForgetSerialUnlessKept() {
         if (!g_bKeepSerial)
@@ -36,25 +39,6 @@ private:
     bool g_bKeepSerial = false; ///< it stays for the next run
     std::string g_comment;      ///< comment of the next result
     std::optional<std::string> m_CommentOfCall;
-};
-
-/// Where results go that are saved without being asked for.
-class AutoSave {
-public:
-    void SetPath(std::string path) { g_autoSavePath = std::move(path); }
-    void SetSeries(std::string folder, std::string name) {
-        g_autoSaveFolder = std::move(folder);
-        g_autoSaveName = std::move(name);
-    }
-    /// Path of the numbered file of a repeated measurement: in the folder of a 2-tone series when one is set,
-    /// else in `stores`.
-    [[nodiscard]] std::filesystem::path NumberedFile(int number, bool twoTone,
-                                                     const std::filesystem::path& stores) const;
-
-private:
-    std::string g_autoSavePath;   ///< a path whose folder takes the numbered files of a 2-tone series
-    std::string g_autoSaveFolder; ///< overrides it when not empty
-    std::string g_autoSaveName;   ///< in front of the number, in that folder
 };
 
 /// The file whose curve is shown.

@@ -30,6 +30,12 @@ public:
         questions.emplace_back(text);
         return choice;
     }
+    [[nodiscard]] Answer AskOrElse(std::string_view text, std::string_view, std::string_view) override {
+        questions.emplace_back(text);
+        if (whileAsked)
+            whileAsked();
+        return choice;
+    }
     [[nodiscard]] std::vector<std::filesystem::path>
     FilesToOpen(std::string_view, const std::filesystem::path&, std::string_view) override {
         return filesToOpen;

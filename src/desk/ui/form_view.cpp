@@ -264,6 +264,11 @@ void CTestSDIFormView::RefreshCells() {
     Show(m_Serial, Plain(session.results.device.Serial()));
     m_Serial->setVisible(session.appearance.serialShown);
     m_SerialLabel->setVisible(session.appearance.serialShown);
+    if (const unsigned saved = session.results.autoSave.Saved(); saved != m_SavedRuns) {
+        m_SavedRuns = saved; // the next device's number can be scanned in
+        m_Serial->setFocus(Qt::OtherFocusReason);
+        m_Serial->selectAll();
+    }
     m_Path->Show(session.working.Path() == 1);
     m_Lamp->Show(ShownLamp(), state);
     m_Start->Show(session.run.IsOn(), m_Layout.picture == StartPicture::Small,

@@ -119,6 +119,7 @@ private:
     QLabel* m_AlarmUnit;
     QLabel* m_SerialLabel;
     QLineEdit* m_Serial;
+    unsigned m_SavedRuns = 0; ///< by auto-save, when this was refreshed last
     std::array<MarkerRow, 3> m_Marker{};
     QLabel* m_PortLabel;
     QComboBox* m_PortList;

@@ -88,6 +88,20 @@ Answer WindowOperator::AskOrCancel(std::string_view text, std::string_view title
                                         : Answer::Cancel;
 }
 
+Answer WindowOperator::AskOrElse(std::string_view text, std::string_view title, std::string_view other) {
+    QMessageBox box(QMessageBox::Question, TitleOr(title), TrText(text), QMessageBox::Yes | QMessageBox::No,
+                    Parent());
+    box.setTextFormat(Qt::PlainText);
+    box.button(QMessageBox::Yes)->setText(Tr("&Ja"));
+    box.button(QMessageBox::No)->setText(Tr("&Nein"));
+    const QPushButton* third = box.addButton(Tr(other), QMessageBox::ActionRole);
+    box.setEscapeButton(QMessageBox::No);
+    box.exec();
+    if (box.clickedButton() == third)
+        return Answer::Other;
+    return box.clickedButton() == box.button(QMessageBox::Yes) ? Answer::Yes : Answer::No;
+}
+
 std::vector<std::filesystem::path> WindowOperator::FilesToOpen(std::string_view title,
                                                                const std::filesystem::path& folder,
                                                                std::string_view endings) {

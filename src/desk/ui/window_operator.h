@@ -20,6 +20,8 @@ public:
     void Message(std::string_view text, std::string_view title = {}) override;
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
     [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view title) override;
+    [[nodiscard]] Answer AskOrElse(std::string_view text, std::string_view title,
+                                   std::string_view other) override;
     [[nodiscard]] std::vector<std::filesystem::path> FilesToOpen(std::string_view title,
                                                                  const std::filesystem::path& folder,
                                                                  std::string_view endings) override;

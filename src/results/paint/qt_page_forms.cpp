@@ -7,6 +7,7 @@
 #include "results/paint/logo_file.h"
 #include "results/paint/page_painter.h"
 #include "results/paint/pdf.h"
+#include "results/paint/series_report.h"
 
 namespace qor {
 
@@ -64,6 +65,10 @@ std::string QtPageForms::Jpeg(const Picture16& picture) const {
 
 std::string QtPageForms::Pdf(std::string_view jpeg, std::span<const LayerText> texts) const {
     return FormatPdf(jpeg, texts);
+}
+
+std::string QtPageForms::SeriesPdf(const SeriesSummary& summary, ReportLanguage language) const {
+    return FormatSeriesPdf(summary, language);
 }
 
 std::optional<PictureRgb> QtPageForms::ReadPicture(std::string_view bytes) const {

@@ -16,6 +16,7 @@ public:
     [[nodiscard]] Picture16 PaintPlot(const PlotSubject& plot) const override;
     [[nodiscard]] std::string Jpeg(const Picture16& picture) const override;
     [[nodiscard]] std::string Pdf(std::string_view jpeg, std::span<const LayerText> texts) const override;
+    [[nodiscard]] std::string SeriesPdf(const SeriesSummary& summary, ReportLanguage language) const override;
     [[nodiscard]] std::optional<PictureRgb> ReadPicture(std::string_view bytes) const override;
 
 private:

@@ -14,6 +14,7 @@
 namespace qor {
 
 class Curve;
+struct SeriesSummary;
 
 /// A plot that is to be painted for paper: a picture of 956 x 606, whatever the window's size.
 struct PlotSubject {
@@ -57,6 +58,9 @@ public:
     [[nodiscard]] virtual std::string Jpeg(const Picture16& picture) const = 0;
     /// The bytes of a PDF of one sheet with the page as a .jpg and its texts unseen over it.
     [[nodiscard]] virtual std::string Pdf(std::string_view jpeg, std::span<const LayerText> texts) const = 0;
+    /// The bytes of a PDF with the statistics of a series; empty without a run.
+    [[nodiscard]] virtual std::string SeriesPdf(const SeriesSummary& summary,
+                                                ReportLanguage language) const = 0;
     /// A company's picture in any of its forms; nothing when it cannot be read.
     [[nodiscard]] virtual std::optional<PictureRgb> ReadPicture(std::string_view bytes) const = 0;
 };

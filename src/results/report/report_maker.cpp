@@ -138,25 +138,38 @@ Outcome ReportMaker::PaintPage(const ReportSubject& subject, PaintedPage& page) 
     return page.picture.pixels.empty() ? Outcome::Refused(std::string(NoBitmap)) : Outcome::Done();
 }
 
-Outcome ReportMaker::WritePage(const ReportSubject& subject, const std::filesystem::path& path,
-                               WorkingFiles working) {
+Outcome ReportMaker::FormPage(const ReportSubject& subject, const std::filesystem::path& name,
+                              std::string& bytes) const {
     PaintedPage page;
     if (Outcome painted = PaintPage(subject, page); !painted)
         return painted;
-    const bool kept = working == WorkingFiles::Kept;
+    const std::string ending = EndingOf(name);
+    bytes = ending == ".bmp" ? FormatBitmap(page.picture) : m_Forms->Jpeg(page.picture);
+    if (ending == ".pdf" && !bytes.empty())
+        bytes = m_Forms->Pdf(bytes, page.texts);
+    return bytes.empty() ? Outcome::Refused(std::string(NoBitmap)) : Outcome::Done();
+}
+
+Outcome ReportMaker::WritePage(const ReportSubject& subject, const std::filesystem::path& path,
+                               WorkingFiles working) {
+    if (working == WorkingFiles::None) {
+        std::string bytes;
+        const Outcome formed = FormPage(subject, path, bytes);
+        return formed ? Write(path, bytes) : formed;
+    }
+    PaintedPage page;
+    if (Outcome painted = PaintPage(subject, page); !painted)
+        return painted;
     const std::string ending = EndingOf(path);
-    if (kept)
-        Keep(PlotFile, FormatBitmap(PlotOn(page.picture)));
-    const std::string bitmap = kept || ending == ".bmp" ? FormatBitmap(page.picture) : std::string();
+    Keep(PlotFile, FormatBitmap(PlotOn(page.picture)));
+    const std::string bitmap = FormatBitmap(page.picture);
     if (ending == ".bmp")
         return Write(path, bitmap);
-    if (kept)
-        Keep(PageFile, bitmap);
+    Keep(PageFile, bitmap);
     const std::string jpeg = m_Forms->Jpeg(page.picture);
     if (ending == ".jpg")
         return Write(path, jpeg);
-    if (kept)
-        Keep(PageJpeg, jpeg);
+    Keep(PageJpeg, jpeg);
     return Write(path, jpeg.empty() ? jpeg : m_Forms->Pdf(jpeg, page.texts));
 }
 

@@ -49,6 +49,9 @@ public:
     /// Writes the page; .pdf, .jpg or .bmp by the ending.
     Outcome WritePage(const ReportSubject& subject, const std::filesystem::path& path,
                       WorkingFiles working = WorkingFiles::None);
+    /// The bytes of such a file.
+    Outcome FormPage(const ReportSubject& subject, const std::filesystem::path& name,
+                     std::string& bytes) const;
     /// Writes the plot alone; .jpg or .bmp by the ending.
     Outcome WritePlot(const PlotSubject& plot, const std::filesystem::path& path,
                       WorkingFiles working = WorkingFiles::None);
