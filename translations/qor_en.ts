@@ -96,6 +96,10 @@
       <translation>Cancel</translation>
     </message>
     <message>
+      <source>Abstand dB</source>
+      <translation>Margin dB</translation>
+    </message>
+    <message>
       <source>Abtasten Nummer(1-10):</source>
       <translation>Number of sweeps (1-10):</translation>
     </message>
@@ -456,6 +460,10 @@
       <translation>Data folder:</translation>
     </message>
     <message>
+      <source>Datum</source>
+      <translation>Date</translation>
+    </message>
+    <message>
       <source>Default</source>
       <translation>Default</translation>
     </message>
@@ -664,6 +672,10 @@
       <translation>Invalid value, please check the input.</translation>
     </message>
     <message>
+      <source>Fehler</source>
+      <translation>Error</translation>
+    </message>
+    <message>
       <source>Firmware:</source>
       <translation>Firmware:</translation>
     </message>
@@ -718,6 +730,10 @@
     <message>
       <source>Geraet:</source>
       <translation>Device:</translation>
+    </message>
+    <message>
+      <source>Grenze dBm</source>
+      <translation>Limit dBm</translation>
     </message>
     <message>
       <source>Grenzwert, 0 bis -200</source>
@@ -920,6 +936,10 @@
       <translation>Measurement(&amp;M)</translation>
     </message>
     <message>
+      <source>Messungen:</source>
+      <translation>Measurements:</translation>
+    </message>
+    <message>
       <source>Mesurement Einbauen</source>
       <translation>Measurement Setup</translation>
     </message>
@@ -954,6 +974,10 @@
     <message>
       <source>New Password:</source>
       <translation>New password:</translation>
+    </message>
+    <message>
+      <source>Nicht gelesene Dateien:</source>
+      <translation>Files that could not be read:</translation>
     </message>
     <message>
       <source>Nicht verbunden</source>
@@ -1208,6 +1232,14 @@
       <translation>Exiting</translation>
     </message>
     <message>
+      <source>Pruefling</source>
+      <translation>Device</translation>
+    </message>
+    <message>
+      <source>Prueflinge</source>
+      <translation>Devices</translation>
+    </message>
+    <message>
       <source>QOR Device SN(&amp;Z)</source>
       <translation>Device Serial Number(&amp;S)</translation>
     </message>
@@ -1428,6 +1460,10 @@
       <translation>Cannot save the file</translation>
     </message>
     <message>
+      <source>Speichern...</source>
+      <translation>Save...</translation>
+    </message>
+    <message>
       <source>Sprache des Berichts(&amp;R)</source>
       <translation>Language of the report(&amp;R)</translation>
     </message>
@@ -1462,6 +1498,14 @@
     <message>
       <source>Start/Stop Measurement(&amp;M)</source>
       <translation>Start/Stop Measurement(&amp;M)</translation>
+    </message>
+    <message>
+      <source>Statistik</source>
+      <translation>Statistics</translation>
+    </message>
+    <message>
+      <source>Statistik(&amp;K)</source>
+      <translation>Statistics(&amp;K)</translation>
     </message>
     <message>
       <source>Stelle des Markers: Zeit oder Frequenz</source>
@@ -1658,6 +1702,10 @@
     <message>
       <source>Update(&amp;U)</source>
       <translation>Update(&amp;U)</translation>
+    </message>
+    <message>
+      <source>Urteil</source>
+      <translation>Verdict</translation>
     </message>
     <message>
       <source>User Mode</source>

@@ -96,6 +96,10 @@
       <translation>取消</translation>
     </message>
     <message>
+      <source>Abstand dB</source>
+      <translation>裕量 dB</translation>
+    </message>
+    <message>
       <source>Abtasten Nummer(1-10):</source>
       <translation>扫频次数（1-10）：</translation>
     </message>
@@ -456,6 +460,10 @@
       <translation>数据文件夹：</translation>
     </message>
     <message>
+      <source>Datum</source>
+      <translation>日期</translation>
+    </message>
+    <message>
       <source>Default</source>
       <translation>默认</translation>
     </message>
@@ -664,6 +672,10 @@
       <translation>输入有误，请检查。</translation>
     </message>
     <message>
+      <source>Fehler</source>
+      <translation>错误</translation>
+    </message>
+    <message>
       <source>Firmware:</source>
       <translation>固件版本：</translation>
     </message>
@@ -718,6 +730,10 @@
     <message>
       <source>Geraet:</source>
       <translation>仪器：</translation>
+    </message>
+    <message>
+      <source>Grenze dBm</source>
+      <translation>门限 dBm</translation>
     </message>
     <message>
       <source>Grenzwert, 0 bis -200</source>
@@ -920,6 +936,10 @@
       <translation>测量(&amp;M)</translation>
     </message>
     <message>
+      <source>Messungen:</source>
+      <translation>测量：</translation>
+    </message>
+    <message>
       <source>Mesurement Einbauen</source>
       <translation>测量设置</translation>
     </message>
@@ -954,6 +974,10 @@
     <message>
       <source>New Password:</source>
       <translation>新密码：</translation>
+    </message>
+    <message>
+      <source>Nicht gelesene Dateien:</source>
+      <translation>未能读取的文件：</translation>
     </message>
     <message>
       <source>Nicht verbunden</source>
@@ -1208,6 +1232,14 @@
       <translation>正在退出</translation>
     </message>
     <message>
+      <source>Pruefling</source>
+      <translation>被测件</translation>
+    </message>
+    <message>
+      <source>Prueflinge</source>
+      <translation>被测件</translation>
+    </message>
+    <message>
       <source>QOR Device SN(&amp;Z)</source>
       <translation>仪器序列号(&amp;S)</translation>
     </message>
@@ -1428,6 +1460,10 @@
       <translation>保存文件失败</translation>
     </message>
     <message>
+      <source>Speichern...</source>
+      <translation>保存...</translation>
+    </message>
+    <message>
       <source>Sprache des Berichts(&amp;R)</source>
       <translation>报告语言(&amp;R)</translation>
     </message>
@@ -1462,6 +1498,14 @@
     <message>
       <source>Start/Stop Measurement(&amp;M)</source>
       <translation>开始/停止测量(&amp;M)</translation>
+    </message>
+    <message>
+      <source>Statistik</source>
+      <translation>统计</translation>
+    </message>
+    <message>
+      <source>Statistik(&amp;K)</source>
+      <translation>统计(&amp;K)</translation>
     </message>
     <message>
       <source>Stelle des Markers: Zeit oder Frequenz</source>
@@ -1658,6 +1702,10 @@
     <message>
       <source>Update(&amp;U)</source>
       <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+      <source>Urteil</source>
+      <translation>判定</translation>
     </message>
     <message>
       <source>User Mode</source>

@@ -1,5 +1,6 @@
 // Commands of the report: its pictures and its PDF, single or for a whole list, paper, logo, language.
 #include "desk/command.h"
+#include "desk/list_statistics.h"
 #include "desk/program.h"
 #include "desk/replace.h"
 #include "desk/shown_page.h"
@@ -51,15 +52,6 @@ std::filesystem::path AskPath(Desk& desk, const PageForm& form, const std::files
     path = WithEnding(path, form.ending);
     desk.program.Stores().Write(form.store, path.string());
     return path;
-}
-
-std::vector<std::filesystem::path> FilesOf(const ResultList& list) {
-    std::vector<std::filesystem::path> files;
-    for (int entry = 0; entry <= list.LastEntry(); ++entry) {
-        if (!list.Name(entry).empty())
-            files.push_back(list.Folder() / list.Name(entry));
-    }
-    return files;
 }
 
 /// Drops the pages that are there already unless the operator wants them replaced; false: he wants none.
@@ -157,6 +149,11 @@ void AddPictureRows(MenuBuilder& menu) {
               .caption = "Speichern PDF(&S)\tCtrl+S",
               .guards = {.run = true},
               .run = [](Desk& desk, int) { return SavePage(desk, Pdf); }});
+    menu.Add({.id = "statistics",
+              .caption = "Statistik(&K)",
+              .guards = {.run = true},
+              .enabled = [](const Program& program, int) { return program.State().results.list.IsOpen(); },
+              .noDialog = "Einbauen misserfolg"});
 }
 
 void AddPrintRows(MenuBuilder& menu) {
