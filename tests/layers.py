@@ -25,11 +25,6 @@ curve/marker_place.cpp desk/session.h
 curve/markers.cpp desk/session.h
 curve/plot_scene.cpp desk/session.h
 curve/run_view.cpp desk/session.h
-results/list_panel.cpp desk/session.h
-results/list_panel.cpp desk/setup/path_loss.h
-results/result_save.cpp desk/session.h
-results/result_show.cpp desk/level_unit.h
-results/result_show.cpp desk/session.h
 '''.split('\n')) - {''}
 
 

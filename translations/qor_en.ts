@@ -4,6 +4,10 @@
   <context>
     <name>qor</name>
     <message>
+      <source>%1 von %2</source>
+      <translation>%1 of %2</translation>
+    </message>
+    <message>
       <source>&amp;Ja</source>
       <translation>&amp;Yes</translation>
     </message>
@@ -484,6 +488,22 @@
       <translation>The band of the instrument has changed.</translation>
     </message>
     <message>
+      <source>Die Datei nennt ihren Plan nicht genau.</source>
+      <translation>The file does not state its plan exactly.</translation>
+    </message>
+    <message>
+      <source>Die Datei nennt keine Einstellungen.</source>
+      <translation>The file states no settings.</translation>
+    </message>
+    <message>
+      <source>Die Datei nennt keine Grenze, es gilt die eingestellte.</source>
+      <translation>The file states no limit, the one set holds.</translation>
+    </message>
+    <message>
+      <source>Die Messkurve ist nicht gespeichert. Soll die Datei sie ersetzen?</source>
+      <translation>The measured curve is not saved. Shall the file replace it?</translation>
+    </message>
+    <message>
       <source>Die Messung wird noch gespeichert.</source>
       <translation>The measurement is still being saved.</translation>
     </message>
@@ -554,6 +574,10 @@
     <message>
       <source>ERR2 - PLL not locket.</source>
       <translation>ERR2 - PLL not locked.</translation>
+    </message>
+    <message>
+      <source>Eigene Einstellungen(&amp;E)</source>
+      <translation>Own Settings(&amp;E)</translation>
     </message>
     <message>
       <source>Ein anderes Geraet als vorher ist angeschlossen.</source>
@@ -932,6 +956,10 @@
       <translation>Measuring</translation>
     </message>
     <message>
+      <source>Messung wie Datei(&amp;W)</source>
+      <translation>Measure as File(&amp;W)</translation>
+    </message>
+    <message>
       <source>Messung(&amp;M)</source>
       <translation>Measurement(&amp;M)</translation>
     </message>
@@ -990,6 +1018,22 @@
     <message>
       <source>Nichts auswaehlen das breite.</source>
       <translation>This band cannot be selected.</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Frequenzen gehoeren zu keiner Breite.</source>
+      <translation>Nothing of the file is in force: its frequencies belong to no band.</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Grenze liegt ausserhalb des Bereichs.</source>
+      <translation>Nothing of the file is in force: its limit is out of range.</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Leistung liegt ausserhalb des Bereichs.</source>
+      <translation>Nothing of the file is in force: its power is out of range.</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Ordnung ist unbekannt.</source>
+      <translation>Nothing of the file is in force: its order is unknown.</translation>
     </message>
     <message>
       <source>Nichts einbauen AMPS.</source>
@@ -1420,16 +1464,8 @@
       <translation>Save Data File</translation>
     </message>
     <message>
-      <source>Speichern Daten</source>
-      <translation>Save Data</translation>
-    </message>
-    <message>
       <source>Speichern Daten(&amp;T)</source>
       <translation>Save Data(&amp;D)</translation>
-    </message>
-    <message>
-      <source>Speichern Excel</source>
-      <translation>Save Excel</translation>
     </message>
     <message>
       <source>Speichern Excel(&amp;X)</source>
@@ -1818,10 +1854,6 @@
     <message>
       <source>not a saved configuration.</source>
       <translation>not a saved configuration.</translation>
-    </message>
-    <message>
-      <source>not replaced.</source>
-      <translation>not replaced.</translation>
     </message>
     <message>
       <source>ok</source>

@@ -4,6 +4,10 @@
   <context>
     <name>qor</name>
     <message>
+      <source>%1 von %2</source>
+      <translation>%1 / %2</translation>
+    </message>
+    <message>
       <source>&amp;Ja</source>
       <translation>是(&amp;Y)</translation>
     </message>
@@ -484,6 +488,22 @@
       <translation>仪器的频段已改变。</translation>
     </message>
     <message>
+      <source>Die Datei nennt ihren Plan nicht genau.</source>
+      <translation>文件未准确给出其频率方案。</translation>
+    </message>
+    <message>
+      <source>Die Datei nennt keine Einstellungen.</source>
+      <translation>文件未给出任何设置。</translation>
+    </message>
+    <message>
+      <source>Die Datei nennt keine Grenze, es gilt die eingestellte.</source>
+      <translation>文件未给出门限，以当前设置为准。</translation>
+    </message>
+    <message>
+      <source>Die Messkurve ist nicht gespeichert. Soll die Datei sie ersetzen?</source>
+      <translation>测量曲线尚未保存。是否用文件替换它？</translation>
+    </message>
+    <message>
       <source>Die Messung wird noch gespeichert.</source>
       <translation>测量仍在保存中。</translation>
     </message>
@@ -554,6 +574,10 @@
     <message>
       <source>ERR2 - PLL not locket.</source>
       <translation>ERR2 - 锁相环未锁定。</translation>
+    </message>
+    <message>
+      <source>Eigene Einstellungen(&amp;E)</source>
+      <translation>恢复自己的设置(&amp;E)</translation>
     </message>
     <message>
       <source>Ein anderes Geraet als vorher ist angeschlossen.</source>
@@ -932,6 +956,10 @@
       <translation>正在测量</translation>
     </message>
     <message>
+      <source>Messung wie Datei(&amp;W)</source>
+      <translation>按文件测量(&amp;W)</translation>
+    </message>
+    <message>
       <source>Messung(&amp;M)</source>
       <translation>测量(&amp;M)</translation>
     </message>
@@ -990,6 +1018,22 @@
     <message>
       <source>Nichts auswaehlen das breite.</source>
       <translation>无法选择该频段。</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Frequenzen gehoeren zu keiner Breite.</source>
+      <translation>文件设置均未生效：其频率不属于任何频段。</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Grenze liegt ausserhalb des Bereichs.</source>
+      <translation>文件设置均未生效：其门限超出范围。</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Leistung liegt ausserhalb des Bereichs.</source>
+      <translation>文件设置均未生效：其功率超出范围。</translation>
+    </message>
+    <message>
+      <source>Nichts der Datei ist in Kraft: ihre Ordnung ist unbekannt.</source>
+      <translation>文件设置均未生效：其阶数未知。</translation>
     </message>
     <message>
       <source>Nichts einbauen AMPS.</source>
@@ -1420,16 +1464,8 @@
       <translation>保存数据文件</translation>
     </message>
     <message>
-      <source>Speichern Daten</source>
-      <translation>保存数据</translation>
-    </message>
-    <message>
       <source>Speichern Daten(&amp;T)</source>
       <translation>保存数据(&amp;D)</translation>
-    </message>
-    <message>
-      <source>Speichern Excel</source>
-      <translation>保存 Excel</translation>
     </message>
     <message>
       <source>Speichern Excel(&amp;X)</source>
@@ -1818,10 +1854,6 @@
     <message>
       <source>not a saved configuration.</source>
       <translation>不是已保存的配置。</translation>
-    </message>
-    <message>
-      <source>not replaced.</source>
-      <translation>未替换。</translation>
     </message>
     <message>
       <source>ok</source>

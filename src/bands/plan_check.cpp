@@ -275,4 +275,16 @@ bool SubBandTest(const FrequencyPlan& plan, int band, int imIndex, bool forDefau
            holdsAll(f2, {plan.f2, plan.f2Start, plan.f2Stop, plan.f2Fix});
 }
 
+bool TonesFit(float f1, float f2, int band) {
+    if (band == BandTdScdmaA)
+        return true; // it is told by its two tones
+    const auto ranges = RangesOf(band);
+    if (!ranges)
+        return false;
+    Range tones = ranges->tones;
+    if (band == BandUmts2)
+        tones.high = 2695; // as far as its plans reach
+    return tones.Holds(f1) && tones.Holds(f2);
+}
+
 } // namespace qor

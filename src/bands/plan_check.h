@@ -44,4 +44,8 @@ struct PlanVerdict {
 /// has none.
 [[nodiscard]] bool SubBandTest(const FrequencyPlan& plan, int band, int imIndex, bool forDefault);
 
+/// True when both tones lie in the carrier range of the band, bounds included, MHz. False for a band without
+/// one.
+[[nodiscard]] bool TonesFit(float f1, float f2, int band);
+
 } // namespace qor

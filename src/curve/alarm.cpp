@@ -96,6 +96,10 @@ void FlipUnderLimitBeep(AlarmState& alarm, SetupStore& store) {
     store.Write("UnderBeepVolume.ccz", ZeroPadded(alarm.g_underBeepTone, ToneDigits));
 }
 
+bool IsLimit(double level) {
+    return level <= 0 && level >= LowestLimit;
+}
+
 bool EnterLimit(std::string_view text, Session& session, const Platform& platform, SetupStore& store) {
     Curve& curve = session.curve;
     if (text.find_first_not_of(" \t") == std::string_view::npos) {
@@ -107,7 +111,7 @@ bool EnterLimit(std::string_view text, Session& session, const Platform& platfor
         platform.user.Failure(std::string(text) + ": " + std::string(NoNumber));
         return false;
     }
-    if (*entered > 0 || *entered < LowestLimit) {
+    if (!IsLimit(*entered)) {
         platform.user.Failure("The value of Alarm Lever should be in range 0 ~ -200");
         return false;
     }

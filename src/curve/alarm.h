@@ -33,6 +33,9 @@ void FlipStamp(Session& session, SetupStore& store);
 void ChooseBeepTone(int hz, AlarmState& alarm, SetupStore& store);
 void FlipUnderLimitBeep(AlarmState& alarm, SetupStore& store);
 
+/// True for a limit that can be set, in the unit shown: 0 to -200.
+[[nodiscard]] bool IsLimit(double level);
+
 /// Takes a limit as it was typed, 0 to -200 in the unit shown, and keeps it in `AlarmUp.ccz` in dBm. A
 /// verdict about the curve is given anew. False, with a message and nothing changed, for anything else.
 bool EnterLimit(std::string_view text, Session& session, const Platform& platform, SetupStore& store);

@@ -27,7 +27,11 @@ Outcome SetLevelUnit(bool dbc, Session& session, SetupStore& store) {
     Curve& curve = session.curve;
     if (dbc == curve.scale.InDbc())
         return Outcome::Done();
-    if (dbc) {
+    if (const ResultDocument* const file = ShownFile(session); dbc && file && file->hasHead) {
+        if (std::abs(file->power1 - file->power2) >= 0.05f)
+            return Outcome::Refused("The power of Tone 1 and Tone 2 is not the same, can not use dBc.");
+        curve.scale.SetCarrier(file->carrier); // the levels are those at the device, and so is its power
+    } else if (dbc) {
         const BandInfo* band = FindBand(session.working.Band());
         if (!band)
             return Outcome::Refused("Auswaehlen Breite");

@@ -57,6 +57,20 @@ std::string LossText(const WorkingSet& working) {
            Fixed(static_cast<double>(working.Port2Loss()), 1) + " dB";
 }
 
+/// In the words of the files, which are of no language.
+std::string NextText(const Session& session) {
+    const WorkingSet& working = session.working;
+    const auto dBm = [](const std::string& tenths) { return Fixed(NumberIn(tenths) / 10.0, 1); };
+    std::string text = std::string(BandText(working.Band())) + " " + OrderText(session);
+    text += working.Method() == ModeTwoTone ? " 2-TON "
+            : working.Method() == ModeSweep ? " SWEEP "
+                                            : " SPECTRUM ";
+    text += dBm(working.Power1()) + " / " + dBm(working.Power2()) + " dBm";
+    if (working.Method() == ModeTwoTone)
+        text += " " + std::to_string(session.curve.Length() / 1000) + " s";
+    return text;
+}
+
 Lamp LampOf(const Session& session) {
     if (session.run.IsOn())
         return Lamp::Running;
@@ -84,6 +98,11 @@ Panel PanelOf(const Session& session) {
     if (session.lossInfoShown)
         panel.m_lossInfo = LossText(session.working);
     panel.unit = curve.scale.InDbc() ? "dBc" : "dBm";
+    if (const ResultDocument* const file = ShownFile(session)) {
+        panel.m_FileText = file->source;
+        panel.m_NextText = NextText(session);
+        panel.m_FileNote = session.results.loaded.Note();
+    }
     panel.lamp = LampOf(session);
     panel.portButtonShown = session.link.connection.ButtonIsShown();
     panel.portListShown = session.link.connection.ListIsShown();

@@ -29,6 +29,10 @@ struct Panel {
     std::string m_AlarmText;
     std::string m_lossInfo; ///< compensation and cable loss, empty until one is set
     std::string unit;
+    // Of a file that is shown; empty without one.
+    std::string m_FileText; ///< its name
+    std::string m_NextText; ///< what the next start measures: "EGSM IM3 2-TON 43.0 / 43.0 dBm 5 s"
+    std::string m_FileNote; ///< why nothing of it is in force, or what it does not state
     Lamp lamp = Lamp::NotReady;
     bool portButtonShown = false;
     bool portListShown = false;

@@ -5,6 +5,7 @@
 #include "desk/band_plot.h"
 #include "desk/dbc_reference.h"
 #include "desk/guards.h"
+#include "desk/replace.h"
 #include "desk/restore.h"
 #include "desk/setup/path_loss.h"
 #include "desk/startup.h"
@@ -30,7 +31,8 @@ constexpr int LongestClose = 7;
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_RestoreWasBroken(TakeBackBrokenRestore(dataDirectory)),
       m_Store(std::move(dataDirectory)), m_Receiver(m_Store, platform.visa, platform.sensor),
-      m_Files(m_Session, m_Platform, m_Store), m_List(m_Session, m_Files, m_Store),
+      m_Files({m_Session.run, m_Session.curve, m_Session.working, m_Session.results}, m_Platform.clock,
+              m_Store),
       m_Reports(platform.pictures, m_Store), m_Series(m_Platform.timers, m_Platform.user, m_Reports),
       m_Markers(m_Session), m_Line{m_Platform.comm, m_Platform.ports, m_Platform.timers, m_Platform.clock},
       m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
@@ -38,6 +40,8 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_Init(m_Session.link, m_Session.working, m_Channel, m_Activation, m_Line, *this, *this),
       m_Connection(m_Session.link, m_Session.working, m_Line, m_Channel, m_Init, *this, *this),
       m_Instrument(m_Session.link, m_Session.working, m_Platform.comm, m_Channel, m_Init, *this),
+      m_FileSettings(m_Session, m_Platform, m_Store, m_Instrument),
+      m_Show(m_Session, m_Store, m_FileSettings), m_List(m_Session, m_Platform, m_Store, m_Files, m_Show),
       m_Sources(m_Session.receiver, m_Receiver),
       m_Measurement({m_Session.run, m_Session.runs, m_Session.working, m_Session.interBand, m_Session.link,
                      m_Session.curve, m_Session.readout, m_Sources},
@@ -79,7 +83,8 @@ void Program::OnMeasButton() {
         return m_AutoSaver.StartAfterwards();
     if (Outcome free = NothingIsSaved(*this); !free)
         return Tell(free);
-    m_StartButton.Press();
+    if (MayWriteSeries())
+        m_StartButton.Press();
 }
 
 bool Program::LineIsIdle() const {
@@ -124,6 +129,7 @@ void Program::Tell(const Outcome& outcome) {
 /// The losses the operator has set are in force again behind a shown file.
 void Program::RunBegins() {
     RestorePathLoss(m_Session, m_Store);
+    m_Session.results.loaded.Clear();
     FollowBandPower(m_Session, m_Platform, m_Store);
     ClearMarkers(m_Session.markers);
     m_RunHasBegun = true;
@@ -135,14 +141,35 @@ void Program::RunIsOver() {
         m_AutoSaver.RunHasEnded();
 }
 
-/// The run that has just ended becomes the next numbered file of the series, and stands in the list.
+/// The run that has just ended becomes the next numbered file of the series, and stands in the list. Whether
+/// files that are there may go was asked at the press.
 bool Program::SaveNumbered() {
-    ResultState& results = m_Session.results;
-    const std::filesystem::path path = results.autoSave.NumberedFile(
-        results.list.NextNumber(), m_Session.run.Record().method == ModeTwoTone, m_Store.Directory());
-    if (!m_Files.DataSave(path))
+    const std::filesystem::path path = NumberedFile(m_Session.results.list.NextNumber());
+    if (!qor::Tell(m_Files.DataSave(path), m_Platform.user))
         return false;
-    results.list.AddNumbered(path);
+    m_List.AddNumbered(path);
+    return true;
+}
+
+std::filesystem::path Program::NumberedFile(int number) const {
+    return m_Session.results.autoSave.NumberedFile(number, m_Session.working.Method() == ModeTwoTone,
+                                                   m_Store.Directory());
+}
+
+/// Both carriers are off yet: no question stands under them.
+bool Program::MayWriteSeries() const {
+    const RunSettings& runs = m_Session.runs;
+    if (m_Session.run.IsOn() || !runs.IsContinuous() || runs.ReplacesData() ||
+        m_Session.working.Method() == ModeSpectrum)
+        return true;
+    const int times = runs.ContinuousTimes();
+    const int count = times == 0 ? ResultList::Length : std::min(times, ResultList::Length);
+    for (int number = 0; number < count; ++number) {
+        const std::filesystem::path path = NumberedFile(number);
+        std::error_code ignored;
+        if (std::filesystem::exists(path, ignored))
+            return MayReplace(m_Platform.user, path); // one answer for all of them
+    }
     return true;
 }
 

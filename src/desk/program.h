@@ -3,6 +3,9 @@
 #include "base/setup_store.h"
 #include "curve/markers.h"
 #include "desk/auto_saver.h"
+#include "desk/file_settings.h"
+#include "desk/file_show.h"
+#include "desk/list_panel.h"
 #include "desk/selection.h"
 #include "desk/session.h"
 #include "desk/start_button.h"
@@ -18,7 +21,6 @@
 #include "platform/timers.h"
 #include "receivers/level_source.h"
 #include "receivers/receiver_access.h"
-#include "results/list_panel.h"
 #include "results/page_series.h"
 #include "results/result_files.h"
 
@@ -76,6 +78,9 @@ public:
     [[nodiscard]] InstrumentSelection& Instrument() { return m_Instrument; }
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
+    [[nodiscard]] FileShow& Show() { return m_Show; }
+    [[nodiscard]] FileSettings& FileInForce() { return m_FileSettings; }
+    [[nodiscard]] const FileSettings& FileInForce() const { return m_FileSettings; }
     [[nodiscard]] ListPanel& List() { return m_List; }
     [[nodiscard]] ReportMaker& Reports() { return m_Reports; }
     [[nodiscard]] const ReportMaker& Reports() const { return m_Reports; }
@@ -86,6 +91,8 @@ public:
     [[nodiscard]] const Platform& Parts() const { return m_Platform; }
 
 private:
+    [[nodiscard]] bool MayWriteSeries() const;
+    [[nodiscard]] std::filesystem::path NumberedFile(int number) const;
     void OnCloseTimer();
     void Quit();
 
@@ -113,7 +120,6 @@ private:
     SetupStore m_Store;
     ReceiverAccess m_Receiver;
     ResultFiles m_Files;
-    ListPanel m_List;
     ReportMaker m_Reports;
     PageSeries m_Series;
     Markers m_Markers;
@@ -124,6 +130,9 @@ private:
     Initialisation m_Init;
     Connection m_Connection;
     InstrumentSelection m_Instrument;
+    FileSettings m_FileSettings;
+    FileShow m_Show;
+    ListPanel m_List;
     LevelSources m_Sources;
     Measurement m_Measurement;
     StartButton m_StartButton;

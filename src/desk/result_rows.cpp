@@ -1,8 +1,12 @@
 // Commands of the results: files, pictures, paper, saved configurations, and the way out.
+#include "bands/catalogue.h"
 #include "desk/command.h"
 #include "desk/configuration.h"
 #include "desk/program.h"
+#include "desk/replace.h"
 #include "platform/operator.h"
+
+#include <algorithm>
 
 namespace qor {
 
@@ -16,29 +20,48 @@ Outcome LoadData(Desk& desk, int) {
     return Outcome::Done();
 }
 
-std::filesystem::path ProposedPath(const Desk& desk) {
-    const ResultState& results = desk.program.State().results;
-    const std::string& serial = results.device.Serial();
-    return results.list.Folder() / (serial.empty() ? "qor" : serial);
+/// What a file dialog takes for a name: of the device under test; without one by what was measured with which
+/// instrument and when.
+std::string ProposedName(const Desk& desk) {
+    std::string name = desk.program.State().results.device.Serial();
+    if (const auto document = name.empty() ? desk.program.Files().Document() : std::nullopt) {
+        for (const std::string& part : {document->serial, std::string(BandText(document->band)),
+                                        "IM" + std::to_string(document->order), document->date})
+            name += (name.empty() || part.empty() ? "" : "_") + part;
+    }
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == '/' || c == '\\' || c == '\0'; }, '-');
+    return name.empty() ? "qor" : name;
 }
 
-/// Saves in the form of the ending; an empty path was not chosen.
-Outcome SaveTo(Desk& desk, const std::filesystem::path& path) {
-    if (!path.empty())
-        static_cast<void>(desk.program.Files().DataSave(path));
-    return Outcome::Done();
+/// Saves in the form of the ending; an empty path was not chosen. The folder is where the next dialog begins.
+Outcome SaveTo(Desk& desk, std::string_view title, std::string_view endings) {
+    Operator& user = desk.program.Parts().user;
+    ResultState& results = desk.program.State().results;
+    const std::filesystem::path folder =
+        results.saveFolder.empty() ? results.list.Folder() : results.saveFolder;
+    const std::filesystem::path path = user.FileToSave(title, folder / ProposedName(desk), endings);
+    if (path.empty())
+        return Outcome::Done();
+    if (!MayReplace(user, path))
+        return Outcome::Refused({});
+    Outcome saved = desk.program.Files().DataSave(path);
+    if (saved) {
+        results.saveFolder = path.parent_path();
+        desk.program.Stores().Write("LastSavePath.ccz", path.string());
+    }
+    return saved;
 }
 
+/// A curve that came from anything else than a .dat can be passed on, not turned into an original.
 Outcome SaveData(Desk& desk, int) {
-    // A curve that came from a file can be passed on in another form, not turned into an original.
-    const bool fromFile = desk.program.State().curve.IsFromFile();
-    const std::string_view endings = fromFile ? "*.txt *.xls *.xlsx *.csv" : "*.dat *.txt *.xls *.xlsx *.csv";
-    return SaveTo(desk, desk.program.Parts().user.FileToSave("Speichern Daten", ProposedPath(desk), endings));
+    const ResultDocument* const file = ShownFile(desk.program.State());
+    return SaveTo(desk, "Speichern Daten",
+                  file && !file->genuine ? "*.txt *.xls *.xlsx *.csv" : "*.txt *.dat *.xls *.xlsx *.csv");
 }
 
 Outcome SaveExcel(Desk& desk, int) {
-    return SaveTo(desk, desk.program.Parts().user.FileToSave("Speichern Excel", ProposedPath(desk),
-                                                             "*.xls *.xlsx *.csv"));
+    return SaveTo(desk, "Speichern Excel", "*.xls *.xlsx *.csv");
 }
 
 Outcome RestoreConfiguration(Desk& desk, int) {
@@ -55,6 +78,16 @@ void AddResultRows(MenuBuilder& menu) {
     menu.Menu("Datei(&D)");
     menu.Add(
         {.id = "load", .caption = "Einfuehren Daten(&L)\tCtrl+L", .guards = {.run = true}, .run = LoadData});
+    menu.Add({.id = "own_settings",
+              .caption = "Eigene Einstellungen(&E)",
+              .guards = {.run = true},
+              .run = [](Desk& desk, int) { return desk.program.FileInForce().BringBackOwn(); },
+              .enabled = [](const Program& program, int) { return program.FileInForce().HasOwn(); }});
+    menu.Add({.id = "measure_as_file",
+              .caption = "Messung wie Datei(&W)",
+              .guards = {.run = true},
+              .run = [](Desk& desk, int) { return desk.program.FileInForce().MeasureAsFile(); },
+              .enabled = [](const Program& program, int) { return ShownFile(program.State()) != nullptr; }});
     menu.Add(
         {.id = "save", .caption = "Speichern Daten(&T)\tCtrl+T", .guards = {.run = true}, .run = SaveData});
     AddAutoSaveRows(menu);

@@ -39,4 +39,9 @@ struct Session {
     return IsInitialised(session.link);
 }
 
+/// The file whose curve is in the plot; null when that was measured, or is empty.
+[[nodiscard]] inline const ResultDocument* ShownFile(const Session& session) {
+    return session.curve.IsFromFile() ? session.results.loaded.Document() : nullptr;
+}
+
 } // namespace qor

@@ -92,6 +92,8 @@ void LoadStores(Session& session, SetupStore& store) {
     if (const auto path = store.Read("LastLoadPath.ccz", LongestPath);
         path && path->find('"') == std::string::npos)
         session.results.list.RememberPath(*path);
+    if (const auto path = store.Read("LastSavePath.ccz", LongestPath))
+        session.results.saveFolder = std::filesystem::path(*path).parent_path();
     const std::string losses = store.Read("loss.conf", LongestRxLoss).value_or("");
     const RxLossFile table = ParseRxLoss(losses);
     session.working.SetRxLosses(table.losses);

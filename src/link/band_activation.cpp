@@ -52,7 +52,7 @@ Outcome BandActivation::Activate(float firmware) {
     if (!band) // nothing to set, and the others can still be chosen
         return m_Working.Band() != BandNone ? Outcome::Done() : Outcome::Refused({});
     m_Working.SetPower(ReadPowerStore(m_Store, band->prefix));
-    TakeFrequencies(band->number, band->prefix);
+    TakeFrequencies(band->number);
     if (HasRecut(firmware))
         m_Queue.Append(command::SettingsLoaded);
     const std::string power1 = PowerCommand(command::Power1, m_Working.Power1(), m_Working.Compensation1());
@@ -66,23 +66,24 @@ Outcome BandActivation::Activate(float firmware) {
     return Outcome::Done();
 }
 
-void BandActivation::TakeFrequencies(int band, std::string_view prefix) {
+void BandActivation::TakeFrequencies(int band) {
     if (const auto& product = m_Working.InterBand()) {
         m_Working.SetCoefficients(*product);
         return;
     }
     const int imIndex = m_Working.ImIndex();
     m_Working.SetCoefficients(CoefficientsOf(imIndex));
+    const auto wanted = OperatorsPlan(m_Working, m_Store, band, imIndex);
     if (band == BandTdScdmaA) {
-        m_Working.SetTones(ReadTdScdmaAF1(m_Store), 2025.0f);
+        m_Working.SetTones(wanted->f1, wanted->f2);
         return; // measured at these two tones only
     }
     const auto builtIn = ActivationPlan(band, imIndex, m_Working.Bridge());
     m_HasOrder = builtIn.has_value();
     if (builtIn)
         m_Working.SetPlan(*builtIn);
-    if (const auto stored = ReadPlanStore(m_Store, prefix, imIndex)) {
-        m_Working.SetPlan(*stored);
+    if (wanted) {
+        m_Working.SetPlan(*wanted);
         QueuePlan();
     }
 }

@@ -35,7 +35,7 @@ public:
                                                   std::string_view compensation);
 
 private:
-    void TakeFrequencies(int band, std::string_view prefix);
+    void TakeFrequencies(int band);
     void QueuePlan();
 
     WorkingSet& m_Working;

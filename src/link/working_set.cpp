@@ -1,5 +1,7 @@
 #include "link/working_set.h"
 
+#include "bands/catalogue.h"
+
 namespace qor {
 
 void WorkingSet::SetPathLosses(float port1, float port2) {
@@ -27,6 +29,16 @@ bool WorkingSet::TakeLossesBack() {
     g_port2Loss = m_Aside->port2;
     m_Aside.reset();
     return true;
+}
+
+std::optional<FrequencyPlan> OperatorsPlan(const WorkingSet& working, SetupStore& store, int band,
+                                           int imIndex) {
+    if (const auto plan = working.SessionPlan(band, imIndex))
+        return plan;
+    if (band == BandTdScdmaA)
+        return FrequencyPlan{.f1 = ReadTdScdmaAF1(store), .f2 = 2025.0f};
+    const BandInfo* const info = FindBand(band);
+    return info ? ReadPlanStore(store, info->prefix, imIndex) : std::nullopt;
 }
 
 } // namespace qor

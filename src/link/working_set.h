@@ -52,6 +52,16 @@ public:
         m_Plan.f2 = f2;
     }
     void SetStep(float step) { m_Plan.step = step; }
+    /// A plan that goes before the stored one of a band and order, until the program ends.
+    void SetSessionPlan(int band, int imIndex, const FrequencyPlan& plan) {
+        m_SessionPlan = BandPlan{band, imIndex, plan};
+    }
+    void DropSessionPlan() { m_SessionPlan.reset(); }
+    [[nodiscard]] std::optional<FrequencyPlan> SessionPlan(int band, int imIndex) const {
+        const bool ofThese =
+            m_SessionPlan && m_SessionPlan->band == band && m_SessionPlan->imIndex == imIndex;
+        return ofThese ? std::optional(m_SessionPlan->plan) : std::nullopt;
+    }
     /// While the inter-band mode is on: its product. Its plan belongs to no order of a band and stays in
     /// force.
     [[nodiscard]] const std::optional<ImCoefficients>& InterBand() const { return m_InterBand; }
@@ -114,6 +124,12 @@ public:
     void ClearBandLossOfRun() { g_BandRxLoss = 0; }
 
 private:
+    struct BandPlan {
+        int band;
+        int imIndex;
+        FrequencyPlan plan;
+    };
+
     int m_BandId = BandNone; ///< band of the operator's selection
     bool bandIsSet = false;  ///< m_BandId stands at the instrument, or a file's is shown
     int m_IMIndex = 1;       ///< 1 IM3 to 5 IM11, the order is twice this and one; 6 in the inter-band mode
@@ -124,6 +140,7 @@ private:
     int g_IMCoefHigh = 2; ///< coefficients of the product that is measured
     int g_IMCoefLow = 1;
 
+    std::optional<BandPlan> m_SessionPlan;     ///< of a file that is measured again
     std::optional<ImCoefficients> m_InterBand; ///< product of the inter-band mode while it is on
 
     std::string strpow1 = "00430";           ///< set power of tone 1
@@ -140,5 +157,10 @@ private:
     float g_BandRxLoss = 0;            ///< added to each reading of the run
     int g_MeasBand = BandNone;         ///< band of the run
 };
+
+/// The plan that the operator wants of a band and order: that of this session, else the stored one; nothing
+/// where he has said nothing. Of TD-SCDMA-A it has the two tones alone.
+[[nodiscard]] std::optional<FrequencyPlan> OperatorsPlan(const WorkingSet& working, SetupStore& store,
+                                                         int band, int imIndex);
 
 } // namespace qor

@@ -76,10 +76,7 @@ void Measurement::BeginFurtherPass() {
     }
     run.CountPass(m_Shape->Tally());
     run.GoOn();
-    const bool saved = m_Events.SaveNumbered();
-    if (!run.IsOn())
-        return; // contact was lost while the operator was asked about the file
-    if (!saved)
+    if (!m_Events.SaveNumbered())
         EndRun();
     else if (run.HasFurther(m_Rooms.settings))
         BeginFurtherRun();

@@ -219,10 +219,11 @@ Outcome Measurement::TakePlan(const BandInfo& band, RunRecord& record) {
         return Refuse("Auswaehlen IM");
     if (builtIn)
         working.SetPlan(*builtIn);
+    const auto wanted = OperatorsPlan(working, m_Store, band.number, imIndex);
     if (band.number == BandTdScdmaA)
-        working.SetTones(ReadTdScdmaAF1(m_Store), 2025.0f);
-    else if (const auto stored = ReadPlanStore(m_Store, band.prefix, imIndex))
-        working.SetPlan(*stored);
+        working.SetTones(wanted->f1, wanted->f2);
+    else if (wanted)
+        working.SetPlan(*wanted);
     working.SetCoefficients(CoefficientsOf(imIndex));
     record.order = OrderOf(imIndex);
     return Outcome::Done();

@@ -1,5 +1,7 @@
 #include "results/document_curve.h"
 
+#include <algorithm>
+
 namespace qor {
 
 namespace {
@@ -15,8 +17,12 @@ void PlaceSweep(const ResultRun& run, LoadedCurve& curve) {
     const auto place = [&](const std::vector<ResultPoint>& points, std::vector<float>& levels) {
         levels.resize(length);
         for (const ResultPoint& point : points) {
-            if (const int index = FindInGrid(curve.grid, static_cast<float>(point.x)); index >= 0)
-                levels[static_cast<std::size_t>(index)] = point.level;
+            const int index = FindInGrid(curve.grid, static_cast<float>(point.x));
+            if (index < 0)
+                continue;
+            // Where the halves meet, both may stand in the first one: what is worse stays in view.
+            float& level = levels[static_cast<std::size_t>(index)];
+            level = level == 0.0f ? point.level : std::max(level, point.level);
         }
     };
     place(run.up, curve.up);

@@ -17,15 +17,6 @@ bool IsOver(float level, float limit) {
     return static_cast<double>(level) - static_cast<double>(limit) > 0.01 + 0.0005;
 }
 
-/// The band, and how its product follows from the tones.
-void TakeBand(ResultDocument& document) {
-    const auto [f1, f2] = HeldTones(document);
-    document.band = BandOfTones(f1, f2, BandNone);
-    document.product = CoefficientsOf(document.order / 2);
-    const auto inLte = [](float f) { return f > 744.9f && f < 793.1f; };
-    document.upperProduct = !(f1 > 868.9f || (inLte(f1) && inLte(f2)));
-}
-
 /// The reference of dBc is the power that both tones have.
 void TakeReference(ResultDocument& document) {
     const int tenths1 = ToTenths(static_cast<double>(document.power1));
@@ -115,9 +106,19 @@ ResultTones HeldTones(const ResultDocument& document) {
     return {twoTone ? plan.f1 : plan.f1Fix, twoTone ? plan.f2 : plan.f2Fix};
 }
 
+void TakeBand(ResultDocument& document, int selected) {
+    const auto [f1, f2] = HeldTones(document);
+    document.band = BandOfTones(f1, f2, selected);
+    document.product = CoefficientsOf(document.order / 2);
+    const auto inLte = [](float f) { return f > 744.9f && f < 793.1f; };
+    const bool half = document.band == BandLte700L || document.band == BandLte700U;
+    document.upperProduct =
+        half ? UsesUpperProduct(document.band) : !(f1 > 868.9f || (inLte(f1) && inLte(f2)));
+}
+
 void CompleteRead(ResultDocument& document) {
     if (document.hasHead) {
-        TakeBand(document);
+        TakeBand(document, BandNone);
         TakeReference(document);
     }
     if (document.method == ResultMethod::TwoTone && !document.runs.empty())

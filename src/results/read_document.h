@@ -20,5 +20,7 @@ void JudgeRows(ResultDocument& document);
 /// Band of a result by its two fixed tones, MHz. The two LTE 700 half bands share their tones with others, so
 /// one that is selected stays.
 [[nodiscard]] int BandOfTones(float f1, float f2, int selected);
+/// The band of a result that was read, with the one selected to help: band and product.
+void TakeBand(ResultDocument& document, int selected);
 
 } // namespace qor

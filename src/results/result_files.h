@@ -7,47 +7,52 @@
 
 namespace qor {
 
-struct Platform;
-struct Session;
+class Curve;
+class Run;
 class SetupStore;
+class WallClock;
+class WorkingSet;
+struct ResultState;
+struct RunRecord;
 
-/// Saving the curve store to a file and showing a file again.
+/// What a result is made of.
+struct ResultRooms {
+    const Run& run;
+    const Curve& curve;
+    const WorkingSet& working;
+    ResultState& results;
+};
+
+/// The measurement in the curve store as a result, and its files.
 class ResultFiles {
 public:
-    ResultFiles(Session& session, const Platform& platform, SetupStore& store);
+    ResultFiles(const ResultRooms& rooms, const WallClock& clock, SetupStore& store)
+        : m_Rooms(rooms), m_Clock(clock), m_Store(store) {}
 
-    /// Writes the measurement in the form of the name's ending. Asks before an existing file is replaced.
-    /// False when nothing was written; the operator has been told why.
-    bool DataSave(const std::filesystem::path& path);
-    /// Reads a result and sets the panel as if that measurement had just run. An empty path does nothing.
-    /// False when the file cannot be read as a result: the operator has been told why, and the shown curve,
-    /// the stores and the panel are as before.
-    bool CurrentShow(const std::filesystem::path& path);
+    /// What the curve is a measurement of, as it was when the run began; of a shown file, what that states.
+    /// Nothing where there was no run.
+    [[nodiscard]] std::optional<ResultDocument> Document() const;
+    /// Writes the measurement in the form of the name's ending; an existing file is replaced. Refused, with
+    /// the file as it was: no point was measured, the form has no place for the result, a .dat of what came
+    /// from anything else than a .dat, and a path that cannot be written.
+    Outcome DataSave(const std::filesystem::path& path);
+    /// The curve was measured, and no file holds it yet.
+    [[nodiscard]] bool HoldsUnsaved() const;
 
     /// The forms that results are saved in; a program adds those that it alone can write.
     [[nodiscard]] ResultForms& Forms() { return m_Forms; }
     [[nodiscard]] const ResultForms& Forms() const { return m_Forms; }
-
-    /// Why the last DataSave or CurrentShow gave up, with the path; empty after a success.
-    [[nodiscard]] const std::string& LastProblem() const { return m_LastProblem; }
-
-    /// What the shown curve is a measurement of; nothing when the band does not have the order.
-    [[nodiscard]] std::optional<ResultDocument> Document() const;
+    [[nodiscard]] const ResultForms& Forms() const { return m_Forms; }
 
 private:
-    [[nodiscard]] bool DescribeSetup(ResultDocument& document) const;
+    [[nodiscard]] RunRecord SetupInForce() const;
     void TakeCurve(ResultDocument& document) const;
-    void Apply(const ResultDocument& document);
-    void TakeVerdict(ResultDocument document);
-    void ApplyHead(const ResultDocument& document);
-    void ApplyUnit(const ResultDocument& document);
-    bool Refuse(std::string text);
 
-    Session& m_Session;
-    const Platform& m_Platform;
+    ResultRooms m_Rooms;
+    const WallClock& m_Clock;
     SetupStore& m_Store;
     ResultForms m_Forms;
-    std::string m_LastProblem;
+    std::vector<ResultRun> m_Saved; ///< the runs of the last result that was written
 };
 
 } // namespace qor

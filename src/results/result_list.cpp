@@ -27,6 +27,7 @@ void ResultList::Take(const std::vector<std::filesystem::path>& paths) {
     LastLoadPath = paths.front().string();
     for (std::size_t n = 0; n < g_fileList.size(); ++n)
         g_fileList[n] = n < paths.size() ? paths[n].filename().string() : std::string();
+    m_Notes.fill({});
     g_FileFirst = 0;
     g_FileShown = 0;
     g_FileLast = std::max(static_cast<int>(std::min(paths.size(), g_fileList.size())) - 1, LastRow);
@@ -38,12 +39,14 @@ void ResultList::Clear() {
     g_listPanelOpen = false;
     for (std::string& name : g_fileList)
         name.clear();
+    m_Notes.fill({});
     g_FileNo = 0;
 }
 
 void ResultList::AddNumbered(const std::filesystem::path& path) {
     LastLoadPath = path.string();
     g_fileList[static_cast<std::size_t>(g_FileNo)] = path.filename().string();
+    m_Notes[static_cast<std::size_t>(g_FileNo)].reset();
     g_listPanelOpen = true;
     if (g_FileNo < LastRow) {
         g_FileShown = g_FileNo + 1;
@@ -100,6 +103,8 @@ bool ResultList::Remove() {
     const auto gone = g_fileList.begin() + place;
     std::move(gone + 1, g_fileList.end(), gone);
     g_fileList.back().clear();
+    std::move(m_Notes.begin() + place + 1, m_Notes.end(), m_Notes.begin() + place);
+    m_Notes.back().reset();
     g_FileLast = std::max(g_FileLast - 1, LastRow);
     g_FileFirst = std::min(g_FileFirst, g_FileLast - LastRow);
     FillRows();

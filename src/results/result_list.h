@@ -3,10 +3,18 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace qor {
+
+/// "n of m points".
+struct PartialResult {
+    std::size_t taken = 0;
+    std::size_t asked = 0;
+    bool operator==(const PartialResult&) const = default;
+};
 
 /// The files of a series, as the strip under the plot shows them: seven rows of a list of 2048, one row
 /// marked.
@@ -20,6 +28,11 @@ public:
     [[nodiscard]] const std::string& Row(int row) const { return m_FileRow[static_cast<std::size_t>(row)]; }
     /// The row in use; outside of 0 to 6 none is marked.
     [[nodiscard]] int MarkedRow() const { return g_FileShown; }
+    /// Points of the row's file, where they are not all there; nothing for a whole one.
+    [[nodiscard]] std::optional<PartialResult> RowNote(int row) const {
+        return m_Notes[Entry(row)].value_or(std::nullopt);
+    }
+    [[nodiscard]] bool IsNoted(int row) const { return m_Notes[Entry(row)].has_value(); }
     /// Name of an entry, 0 to 2047; empty behind the last one.
     [[nodiscard]] const std::string& Name(int entry) const {
         return g_fileList[static_cast<std::size_t>(entry)];
@@ -40,6 +53,8 @@ public:
     /// Puts a numbered file just written at its place, moves the rows to the end and counts on.
     void AddNumbered(const std::filesystem::path& path);
     void Mark(int row) { g_FileShown = row; }
+    /// What is known of the row's file from now on.
+    void Note(int row, std::optional<PartialResult> partial) { m_Notes[Entry(row)].emplace(partial); }
     /// The strip's buttons: false where the list goes no further. First and last mark the top row; back and
     /// forward leave the mark on its file.
     bool ToFirst();
@@ -50,16 +65,19 @@ public:
     bool Remove();
 
 private:
+    [[nodiscard]] std::size_t Entry(int row) const { return static_cast<std::size_t>(g_FileFirst + row); }
     void FillRows();
 
     std::array<std::string, Length> g_fileList; ///< names without their folder
-    std::array<std::string, Rows> m_FileRow;    ///< the rows of the strip
-    int g_FileNo = 0;                           ///< number of the next file of a repeated measurement
-    int g_FileFirst = 0;                        ///< entry in the top row
-    int g_FileShown = 0;                        ///< row in use
-    int g_FileLast = Rows - 1;                  ///< last entry, at least 6
-    bool g_listPanelOpen = false;               ///< the strip is shown
-    std::string LastLoadPath;                   ///< `LastLoadPath.ccz`
+    /// Of each entry; the outer one is empty as long as nobody has looked.
+    std::array<std::optional<std::optional<PartialResult>>, Length> m_Notes;
+    std::array<std::string, Rows> m_FileRow; ///< the rows of the strip
+    int g_FileNo = 0;                        ///< number of the next file of a repeated measurement
+    int g_FileFirst = 0;                     ///< entry in the top row
+    int g_FileShown = 0;                     ///< row in use
+    int g_FileLast = Rows - 1;               ///< last entry, at least 6
+    bool g_listPanelOpen = false;            ///< the strip is shown
+    std::string LastLoadPath;                ///< `LastLoadPath.ccz`
 };
 
 /// Name of a file of a repeated measurement: "12.dat".

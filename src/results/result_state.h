@@ -47,12 +47,22 @@ public:
     [[nodiscard]] bool IsShown() const { return m_Document.has_value(); }
     /// What the file holds: a further save states it again. Null when no file is shown.
     [[nodiscard]] const ResultDocument* Document() const { return m_Document ? &*m_Document : nullptr; }
+    /// Band, order, method, powers and limit of the file are those of the next measurement.
+    [[nodiscard]] bool IsInForce() const { return m_InForce; }
+    /// What the operator has to know of it: why nothing of it is in force, or what it does not state.
+    [[nodiscard]] const std::string& Note() const { return m_Note; }
 
-    void Show(ResultDocument document) { m_Document = std::move(document); }
-    void Clear() { m_Document.reset(); }
+    void Show(ResultDocument document, bool inForce, std::string note) {
+        m_Document = std::move(document);
+        m_InForce = inForce;
+        m_Note = std::move(note);
+    }
+    void Clear() { *this = {}; }
 
 private:
     std::optional<ResultDocument> m_Document;
+    bool m_InForce = false;
+    std::string m_Note;
 };
 
 /// What leaves the program, or came back.
@@ -61,6 +71,7 @@ struct ResultState {
     DeviceNotes device;
     AutoSave autoSave;
     LoadedResult loaded;
+    std::filesystem::path saveFolder; ///< where the operator has saved last; empty: nowhere yet
 };
 
 } // namespace qor

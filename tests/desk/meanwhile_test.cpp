@@ -22,27 +22,44 @@ class Series : public testing::TestWithParam<int> {};
 
 } // namespace
 
-TEST_P(Series, EndsWhenContactIsLostWhileItAsksAboutAFile) {
+TEST_P(Series, AsksOnceAtThePressBeforeAnyCarrierIsOn) {
+    for (const bool yes : {false, true}) {
+        Rig rig;
+        ASSERT_TRUE(rig.PowerOn());
+        ASSERT_TRUE(rig.program.Select().SelectMethod(GetParam()) && rig.RunUntilIdle());
+        rig.S().curve.SetLength(1000);
+        rig.S().runs.SetContinuous(true);
+        rig.S().runs.SetContinuousTimes(3);
+        for (const char* name : {"1.dat", "2.dat", "3.dat"})
+            rig.Store().Write(name, "an earlier one");
+        rig.user.answer = yes;
+        rig.user.whileAsked = [&rig] {
+            EXPECT_FALSE(rig.S().run.IsOn());
+            EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
+        };
+        EXPECT_EQ(rig.Measure(), yes);
+        EXPECT_EQ(rig.user.questions,
+                  std::vector{"The file has already existed. Do you want to replace it?\n\n" +
+                              (rig.dir / "1.dat").string()});
+        EXPECT_EQ(rig.Stored("2.dat") == "an earlier one", !yes);
+        EXPECT_EQ(rig.Stored("3.dat"), "an earlier one") << "three further passes save three files";
+        EXPECT_EQ(rig.S().results.list.NextNumber(), yes ? 3 : 0);
+    }
+}
+
+TEST_P(Series, EndsWithTheFirstFileThatCannotBeWritten) {
     Rig rig;
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.program.Select().SelectMethod(GetParam()) && rig.RunUntilIdle());
     rig.S().curve.SetLength(1000);
     rig.S().runs.SetContinuous(true);
-    rig.program.Stores().Write("0.dat", "an earlier one");
-    bool wasOn = false;
-    rig.user.whileAsked = [&] {
-        wasOn = rig.S().run.IsOn();
-        rig.port.Unplug();
-        rig.time.RunFor(5000);
-        rig.port.Replug();
-        rig.time.RunFor(15000);
-    };
-    rig.program.OnMeasButton();
-    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.user.questions.empty(); }, 120000));
-    EXPECT_TRUE(wasOn);
-    rig.time.RunFor(5000);
-    EXPECT_FALSE(rig.S().run.IsOn()) << "nobody has asked for another run of the series";
-    EXPECT_TRUE(rig.RunUntilReady(1000));
+    std::filesystem::create_directory(rig.dir / "1.dat");
+    ASSERT_TRUE(rig.Measure());
+    EXPECT_EQ(rig.user.messages, std::vector{"Speichern file misserfolg\n" + (rig.dir / "1.dat").string() +
+                                             ": not a regular file"});
+    EXPECT_EQ(rig.S().results.list.Name(0), "0.dat");
+    EXPECT_EQ(rig.S().results.list.Name(1), "") << "no entry of a file that is not there";
+    EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Methods, Series, testing::Values(ModeTwoTone, ModeSweep));

@@ -34,7 +34,7 @@ TEST(PathLoss, IsKeptInWholeTenths) {
                                              {0.29, "0002", 0.2f}}) {
         EXPECT_TRUE(desk.Apply(loss, 0.7));
         EXPECT_EQ(desk.Losses(), std::string(stored) + "0007");
-        EXPECT_EQ(desk.S().working.PowerOffset(), static_cast<float>(loss));
+        EXPECT_EQ(desk.S().working.PowerOffset(), back) << "what is in force is what is stored";
         LoadStores(desk.S(), desk.Store());
         EXPECT_EQ(desk.S().working.PowerOffset(), back);
         EXPECT_EQ(desk.S().working.Port2Loss(), 0.7f);
@@ -124,16 +124,16 @@ TEST(PathLoss, IsSetAsideWhileAFileIsShown) {
         EXPECT_EQ(desk.S().working.OperatorsLosses().powerOffset + desk.S().working.OperatorsLosses().port2,
                   3.5f);
         EXPECT_EQ(desk.S().curve.scale.Carrier(), 41.0f) << "what reached the device";
-        EXPECT_EQ(CompensationTitle(desk.S(), desk.Store()), "39.0dBm        41.0dBm");
+        EXPECT_EQ(CompensationTitle(desk.S(), desk.Store()), "41.0dBm        43.0dBm");
 
         way(desk);
         EXPECT_EQ(working.PowerOffset(), 2.0f);
         EXPECT_EQ(working.Port2Loss(), port2);
-        EXPECT_EQ(desk.S().curve.scale.Carrier(), 39.0f) << "the file's 41 dBm are the band's power now";
-        EXPECT_EQ(PanelOf(desk.S()).m_AlarmText, "-129.0") << "-90 dBm as before";
+        EXPECT_EQ(desk.S().curve.scale.Carrier(), 41.0f) << "43 dBm leave the instrument, as before";
+        EXPECT_EQ(PanelOf(desk.S()).m_AlarmText, "-131.0") << "-90 dBm as before";
         if (std::string_view(name).starts_with("run")) {
             EXPECT_EQ(desk.S().run.Record().rxLoss, port2);
-            EXPECT_EQ(desk.program.Files().Document()->power1, 39.0f);
+            EXPECT_EQ(desk.program.Files().Document()->power1, 41.0f);
         }
         EXPECT_EQ(desk.Losses(), std::string(name) == "entry" ? "00200030" : "00200015");
     }

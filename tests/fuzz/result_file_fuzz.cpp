@@ -1,13 +1,10 @@
 // Any bytes as a result file: refused with a reason, or read as something that can be shown and written
 // again.
-#include "base/setup_store.h"
 #include "curve/curve.h"
 #include "curve/plot_geometry.h"
-#include "desk/session.h"
+#include "desk/program.h"
 #include "fuzz/fuzz.h"
-#include "platform/platform.h"
 #include "results/data_file.h"
-#include "results/result_files.h"
 #include "support/doubles.h"
 #include "support/virtual_time.h"
 
@@ -97,20 +94,19 @@ struct Desk {
     DeadLine line;
     OnePort ports;
     SilentOperator user;
-    Platform platform{line, ports, time.timers, time.clock, user};
-    SetupStore store{dir.Path()};
-    Session session;
-    ResultFiles files{session, platform, store};
+    Program program{{line, ports, time.timers, time.clock, user}, dir.Path()};
+    Session& session = program.State();
 
     void Show(const std::string& bytes) {
         std::ofstream(dir / "shown.dat", std::ios::binary) << bytes;
-        Require(files.CurrentShow(dir / "shown.dat"));
+        Require(program.Show().CurrentShow(dir / "shown.dat").IsDone());
         const Curve& curve = session.curve;
         Require(std::is_sorted(curve.Grid().begin(),
-                               curve.Grid().begin() +
-                                   static_cast<std::ptrdiff_t>(curve.Steps())));
-        Require(curve.TimePerPoint() > 0 && curve.Length() > 0 && std::isfinite(ComputeLayout(curve, 800, 600).pxPerStep));
-        Require(files.DataSave(dir / "saved.dat") || !session.results.loaded.Document()->hasHead);
+                               curve.Grid().begin() + static_cast<std::ptrdiff_t>(curve.Steps())));
+        Require(curve.TimePerPoint() > 0 && curve.Length() > 0 &&
+                std::isfinite(ComputeLayout(curve, 800, 600).pxPerStep));
+        Require(program.Files().DataSave(dir / "saved.dat").IsDone() ||
+                !session.results.loaded.Document()->hasHead);
     }
 };
 

@@ -209,7 +209,7 @@ TEST(Start, WhatAFileHasChangedIsToldToTheInstrumentFirst) {
     ASSERT_TRUE(rig.RunUntilIdle());
     ASSERT_TRUE(rig.Measure());
 
-    ASSERT_TRUE(rig.program.Files().CurrentShow(rig.dir / "dcs.dat"));
+    ASSERT_TRUE(rig.program.Show().CurrentShow(rig.dir / "dcs.dat"));
     const auto sent = Joined(SentDuring(rig, [&] { ASSERT_TRUE(rig.Measure()); }));
     EXPECT_EQ(sent.find("#M2T1"), sent.rfind("#M2T1"));
     const std::string told = sent.substr(0, sent.find("#M2T1"));

@@ -1,6 +1,7 @@
 #include "curve/curve.h"
 #include "desk/level_unit.h"
 #include "results/data_file.h"
+#include "results/read_document.h"
 #include "support/full_disk.h"
 #include "support/rig.h"
 
@@ -16,6 +17,8 @@ using test::Rig;
 
 /// A program that holds a measured EGSM curve: 935 and 960 MHz, or the sweep of the standard plan.
 struct Bench : Rig {
+    RunRecord record; ///< of the run that the curve is taken for
+
     /// The instrument connected is an RT-DB22 with this serial number.
     void Identify(std::string_view serial) {
         Identity& identity = S().link.identity;
@@ -29,10 +32,18 @@ struct Bench : Rig {
     explicit Bench(int mode = ModeTwoTone, int imIndex = 1, bool dbc = false) {
         Session& s = S();
         s.working.SelectBand(BandEgsm);
-        s.working.SetBandOfRun(BandEgsm);
         s.working.SelectOrder(imIndex);
         s.working.SelectMethod(mode);
-        Identify("SIM01");
+        record.band = BandEgsm;
+        record.imIndex = imIndex;
+        record.order = OrderOf(imIndex);
+        record.product = CoefficientsOf(imIndex);
+        record.method = mode;
+        record.plan = *StartPlan(BandEgsm, imIndex, 0);
+        record.model = "RT-DB22";
+        record.firmware = 6.2f;
+        record.serial = "SIM01";
+        Ran();
         s.results.device.EnterSerial("A17");
         s.curve.scale.SetUnit(dbc);
         s.curve.limit.Take(dbc ? -133.0f : -90.0f);
@@ -49,8 +60,13 @@ struct Bench : Rig {
             s.curve.Put(i, -100.5f - static_cast<float>(i));
         s.curve.Put(0, -97.75f, CurveSide::Down);
     }
-    bool Save(const std::string& name) { return program.Files().DataSave(dir / name); }
-    bool Show(const std::string& name) { return program.Files().CurrentShow(dir / name); }
+    void Ran() {
+        S().run.Begin(record);
+        S().run.EndByItself();
+    }
+    bool Save(const std::string& name) { return Done(program.Files().DataSave(dir / name)); }
+    bool Show(const std::string& name) { return Done(program.Show().CurrentShow(dir / name)); }
+    [[nodiscard]] std::string Last() const { return user.messages.empty() ? "" : user.messages.back(); }
     void Put(const std::string& name, std::string_view bytes) {
         std::ofstream(dir / name, std::ios::binary) << bytes;
     }
@@ -64,8 +80,9 @@ struct Bench : Rig {
 
 TEST(ResultFiles, ASavedMeasurementStatesWhatWasMeasured) {
     Bench bench;
-    bench.program.Stores().Write("egsm_pow_setup.ccz", "0042500415");
-    bench.S().working.SetPathLosses(0.5f, 0);
+    bench.record.power = {"00425", "00415"};
+    bench.record.powerOffset = 0.5f;
+    bench.Ran();
     ASSERT_TRUE(bench.Save("run.txt"));
     EXPECT_EQ(FileText(bench.dir / "run.txt"),
               "f1 0935.0 MHz START 0925.0 MHz STOP 0937.0 MHz POWER +42.0 dBm\r\n"
@@ -82,7 +99,13 @@ TEST(ResultFiles, ASavedMeasurementStatesWhatWasMeasured) {
 
     // A plan of the operator's own, of the order measured.
     Bench swept(ModeSweep, 5, true);
-    swept.program.Stores().Write("egsm_im11_setup.ccz", "095000960009475096000952509595000100925009599");
+    swept.record.plan = {.f1Start = 947.5f,
+                         .f1Stop = 952.5f,
+                         .f2Fix = 959.9f,
+                         .f2Start = 960.0f,
+                         .f2Stop = 959.5f,
+                         .f1Fix = 925.0f};
+    swept.Ran();
     ASSERT_TRUE(swept.Save("run.txt"));
     const std::string text = FileText(swept.dir / "run.txt");
     EXPECT_EQ(text.substr(0, 63), "f1 0925.0 MHz START 0947.5 MHz STOP 0952.5 MHz POWER +43.0 dBm\r");
@@ -127,7 +150,7 @@ void SaveAndShow(int mode, int imIndex, bool dbc, const std::string& name) {
     s.results.device.EnterSerial("another");
     loaded.Store().Write("Add_comments.ccz", "of another");
     loaded.Put(name, FileText(saved.dir / name));
-    ASSERT_TRUE(loaded.Show(name)) << loaded.program.Files().LastProblem();
+    ASSERT_TRUE(loaded.Show(name)) << loaded.Last();
 
     const Curve& was = saved.S().curve;
     EXPECT_EQ(s.curve.IsSweep(), mode == ModeSweep);
@@ -218,28 +241,21 @@ TEST(ResultFiles, AFileIsJudgedOverAllItsRowsAndComesBackNoBetterThanItWas) {
 
 TEST(ResultFiles, ThePairOfTonesTellsTheBand) {
     struct Case {
-        const char* f1;
-        const char* f2;
+        float f1;
+        float f2;
         int selected;
         int band;
     };
     for (const Case& c :
-         {Case{"0750.0", "0793.0", BandEgsm, BandLte}, Case{"0750.0", "0793.1", BandEgsm, BandDigDiv},
-          Case{"0728.0", "0760.0", BandLte700U, BandLte700U}, Case{"0869.0", "0894.0", BandNone, BandAmps},
-          Case{"0816.0", "0822.0", BandNone, BandDigDiv}, Case{"1799.9", "1850.0", BandNone, BandEgsm},
-          Case{"1805.0", "1880.0", BandNone, BandDcs}, Case{"1900.0", "1920.0", BandNone, BandTdScdmaF},
-          Case{"1930.0", "1990.0", BandNone, BandPcs}, Case{"1930.0", "2155.0", BandNone, BandAws},
-          Case{"2020.0", "2025.0", BandNone, BandTdScdmaA}, Case{"2020.0", "2026.0", BandNone, BandAws},
-          Case{"2110.0", "2170.0", BandNone, BandUmts}, Case{"2350.0", "2400.0", BandNone, BandTdScdmaE},
-          Case{"2620.0", "2690.0", BandNone, BandUmts2}, Case{"3510.0", "3594.0", BandNone, BandWiMax}}) {
-        Bench bench;
-        ASSERT_TRUE(bench.Save("run.txt"));
-        std::string text = FileText(bench.dir / "run.txt");
-        text.replace(3, 6, c.f1).replace(67, 6, c.f2);
-        bench.Put("run.txt", text);
-        bench.S().working.SelectBand(c.selected);
-        ASSERT_TRUE(bench.Show("run.txt"));
-        EXPECT_EQ(bench.S().working.Band(), c.band) << c.f1 << " " << c.f2;
+         {Case{750.0f, 793.0f, BandEgsm, BandLte}, Case{750.0f, 793.1f, BandEgsm, BandDigDiv},
+          Case{728.0f, 760.0f, BandLte700U, BandLte700U}, Case{869.0f, 894.0f, BandNone, BandAmps},
+          Case{816.0f, 822.0f, BandNone, BandDigDiv}, Case{1799.9f, 1850.0f, BandNone, BandEgsm},
+          Case{1805.0f, 1880.0f, BandNone, BandDcs}, Case{1900.0f, 1920.0f, BandNone, BandTdScdmaF},
+          Case{1930.0f, 1990.0f, BandNone, BandPcs}, Case{1930.0f, 2155.0f, BandNone, BandAws},
+          Case{2020.0f, 2025.0f, BandNone, BandTdScdmaA}, Case{2020.0f, 2026.0f, BandNone, BandAws},
+          Case{2110.0f, 2170.0f, BandNone, BandUmts}, Case{2350.0f, 2400.0f, BandNone, BandTdScdmaE},
+          Case{2620.0f, 2690.0f, BandNone, BandUmts2}, Case{3510.0f, 3594.0f, BandNone, BandWiMax}}) {
+        EXPECT_EQ(BandOfTones(c.f1, c.f2, c.selected), c.band) << c.f1 << " " << c.f2;
     }
 }
 
@@ -261,14 +277,14 @@ TEST(ResultFiles, TheOldestFormTakesThePanelAndCanBeSavedAsItIsToday) {
     Bench bench(ModeTwoTone, 1, true);
     bench.Put("old.dat",
               EncodeResult("8 chars 0890.0;0891.0;\n  -100.1;-100.2;123456789-110.1;-110.2;", true));
-    ASSERT_TRUE(bench.Show("old.dat")) << bench.program.Files().LastProblem();
+    ASSERT_TRUE(bench.Show("old.dat")) << bench.Last();
     const Curve& curve = bench.S().curve;
     EXPECT_EQ(curve.scale.InDbc(), 0);
     EXPECT_EQ(curve.Up()[1], -100.2f);
     EXPECT_EQ(curve.Down()[1], -110.2f);
     EXPECT_EQ(PanelOf(bench.S()).m_WorstFreqText, "890.0");
     ASSERT_TRUE(bench.Save("new.dat"));
-    ASSERT_TRUE(bench.Show("new.dat")) << bench.program.Files().LastProblem();
+    ASSERT_TRUE(bench.Show("new.dat")) << bench.Last();
     EXPECT_EQ(bench.S().results.loaded.Document()->serial, "00000")
         << "the instrument connected did not measure it";
 }
@@ -350,15 +366,14 @@ TEST(ResultFiles, AFileThatIsNoWholeResultChangesNothing) {
         EXPECT_FALSE(bench.Show("broken.dat")) << what;
         EXPECT_TRUE(Everything(bench.S()) == session) << what;
         EXPECT_TRUE(bench.Disk() == disk) << what;
-        EXPECT_EQ(bench.user.messages, std::vector{bench.program.Files().LastProblem()}) << what;
+        EXPECT_EQ(bench.user.messages.size(), 1U) << what;
         EXPECT_TRUE(bench.user.WasTold((bench.dir / "broken.dat").string())) << what;
     }
     EXPECT_TRUE(good.Show("run.txt")) << "what they were made of is whole";
-    EXPECT_EQ(good.program.Files().LastProblem(), "");
     EXPECT_FALSE(good.Show("nowhere.dat"));
     EXPECT_TRUE(good.user.WasTold("nowhere.dat: No such file or directory"));
-    EXPECT_FALSE(good.program.Files().CurrentShow(good.dir.Path()));
-    EXPECT_TRUE(good.program.Files().CurrentShow({})) << "an empty path is no request";
+    EXPECT_FALSE(good.program.Show().CurrentShow(good.dir.Path()));
+    EXPECT_TRUE(good.program.Show().CurrentShow({})) << "an empty path is no request";
 }
 
 TEST(ResultFiles, ASaveThatFailsSaysWhyAndLeavesTheDiskAsItWas) {
@@ -368,42 +383,31 @@ TEST(ResultFiles, ASaveThatFailsSaysWhyAndLeavesTheDiskAsItWas) {
     const auto refused = [&](const std::string& name, const std::string& told) {
         EXPECT_FALSE(bench.Save(name)) << name;
         EXPECT_TRUE(bench.user.WasTold(told)) << bench.user.messages.back();
-        EXPECT_EQ(bench.user.messages.back(), bench.program.Files().LastProblem());
         EXPECT_TRUE(bench.Disk() == disk) << name;
     };
     refused("no/run.dat",
             "Speichern file misserfolg\n" + (bench.dir / "no/run.dat").string() + ": No such file");
     refused("run.dat/run.txt", ": Not a directory");
-    EXPECT_FALSE(bench.program.Files().DataSave("/proc/run.dat")) << "nobody writes there, root neither";
+    EXPECT_FALSE(bench.Done(bench.program.Files().DataSave("/proc/run.dat")))
+        << "nobody writes there, root neither";
     EXPECT_TRUE(bench.user.WasTold("Speichern file misserfolg\n/proc/run.dat: "));
     const auto levels = bench.S().curve.Up();
     bench.S().curve.Clear(Curve::Content::Levels);
     refused("run.dat", "Keine Messpunkte zum Speichern!");
     for (std::size_t i = 0; i < levels.size(); ++i)
         bench.S().curve.Put(i, levels[i]);
-    bench.S().working.SelectBand(BandTetra390);
-    bench.S().working.SetBandOfRun(BandTetra390);
-    bench.S().working.SelectOrder(4);
+    bench.record.interBand = "DCS 1800";
+    bench.Ran();
     refused("other.dat", "Does not support the current selection!");
-    bench.S().working.SelectBand(BandEgsm);
-    bench.S().working.SetBandOfRun(BandEgsm);
-    bench.S().working.SelectOrder(1);
+    bench.record.interBand.clear();
+    bench.Ran();
 
     {
         const test::FullDisk full;
         refused("run.dat",
                 "Speichern file misserfolg\n" + (bench.dir / "run.dat").string() + ": File too large");
     }
-
-    bench.user.answer = false;
-    const std::size_t told = bench.user.messages.size();
-    EXPECT_FALSE(bench.Save("run.dat"));
-    EXPECT_EQ(bench.user.questions.back(), "The file has already existed. Do you want to replace it?\n\n" +
-                                               (bench.dir / "run.dat").string());
-    EXPECT_EQ(bench.user.messages.size(), told) << "the operator said No and knows";
-    bench.user.answer = true;
     EXPECT_TRUE(bench.Save("run.dat"));
-    EXPECT_EQ(bench.program.Files().LastProblem(), "");
 }
 
 } // namespace

@@ -21,7 +21,7 @@ void Put(const Rig& rig, const std::string& name, const std::string& bytes) {
 std::unique_ptr<Rig> Showing(const ResultDocument& document) {
     auto rig = std::make_unique<Rig>();
     Put(*rig, "run.dat", EncodeResult(FormatResult(document), true));
-    EXPECT_TRUE(rig->program.Files().CurrentShow(rig->dir / "run.dat"));
+    EXPECT_TRUE(rig->program.Show().CurrentShow(rig->dir / "run.dat"));
     return rig;
 }
 
@@ -43,8 +43,8 @@ TEST(ResultForms, AResultSavedInAnyFormIsShownAsItsDatIs) {
             ASSERT_TRUE(rig->program.Files().DataSave(rig->dir / name));
             rig->program.Stores().Write("Add_comments.ccz", "in force");
             s.results.device.EnterSerial("B18");
-            ASSERT_TRUE(rig->program.Files().CurrentShow(rig->dir / name))
-                << rig->program.Files().LastProblem();
+            const Outcome shows = rig->program.Show().CurrentShow(rig->dir / name);
+            ASSERT_TRUE(shows) << shows.Text();
 
             const ResultDocument& shown = *s.results.loaded.Document();
             EXPECT_EQ(shown.runs, first.runs);
@@ -80,20 +80,21 @@ TEST(ResultForms, TheNameTellsTheFormAndTheBytesTellItAgain) {
                                       {"a.xlsx", "PK"},
                                       {"a.csv", "run,half,"},
                                       {"a.cs", "\"f1: "}}) {
-        ASSERT_TRUE(files.DataSave(rig->dir / name)) << name << files.LastProblem();
+        const Outcome saved = files.DataSave(rig->dir / name);
+        ASSERT_TRUE(saved) << name << saved.Text();
         EXPECT_EQ(FileText(rig->dir / name).substr(0, std::string_view(begin).size()), begin) << name;
     }
     // Renamed, a file is what its bytes are; only what is a .dat in both is an original.
     Put(*rig, "b.dat", FileText(rig->dir / "a.xls"));
-    ASSERT_TRUE(files.CurrentShow(rig->dir / "b.dat"));
+    ASSERT_TRUE(rig->program.Show().CurrentShow(rig->dir / "b.dat"));
     EXPECT_FALSE(rig->S().results.loaded.Document()->genuine);
     const auto before = rig->S().results.loaded.Document()->source;
     for (const auto& [name, reason] :
          {std::pair{"a.xlsx", "This is not a result file, or its header is damaged."},
           {"none.xls", "No such file or directory."}}) {
-        EXPECT_FALSE(files.CurrentShow(rig->dir / name));
-        EXPECT_EQ(files.LastProblem(),
-                  (rig->dir / name).string() + ": " + reason + " Please choose another file.");
+        const Outcome shown = rig->program.Show().CurrentShow(rig->dir / name);
+        EXPECT_FALSE(shown);
+        EXPECT_EQ(shown.Text(), (rig->dir / name).string() + ": " + reason + " Please choose another file.");
         EXPECT_EQ(rig->S().results.loaded.Document()->source, before);
     }
 }
@@ -107,8 +108,8 @@ TEST(ResultForms, ASheetIsJudgedByTheLimitInForce) {
     ASSERT_TRUE(rig->program.Files().DataSave(rig->dir / "run.xls"));
     document.limit = -100.5f;
     Put(*rig, "strict.dat", EncodeResult(FormatResult(document), true));
-    ASSERT_TRUE(rig->program.Files().CurrentShow(rig->dir / "strict.dat"));
-    ASSERT_TRUE(rig->program.Files().CurrentShow(rig->dir / "run.xls"));
+    ASSERT_TRUE(rig->program.Show().CurrentShow(rig->dir / "strict.dat"));
+    ASSERT_TRUE(rig->program.Show().CurrentShow(rig->dir / "run.xls"));
     EXPECT_EQ(PanelOf(rig->S()).m_AlarmText, "-100.5");
     EXPECT_EQ(rig->S().curve.verdict.Value(), VerdictOverLimit);
     EXPECT_FALSE(rig->S().results.loaded.Document()->limit);

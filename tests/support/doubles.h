@@ -41,8 +41,9 @@ public:
         return filesToOpen;
     }
     [[nodiscard]] std::filesystem::path FileToSave(std::string_view, const std::filesystem::path& suggestion,
-                                                   std::string_view) override {
+                                                   std::string_view offered) override {
         suggestions.push_back(suggestion);
+        endings = offered;
         return fileToSave;
     }
     [[nodiscard]] std::filesystem::path Folder(std::string_view, const std::filesystem::path&) override {
@@ -61,6 +62,7 @@ public:
     Answer choice = Answer::Yes;
     std::vector<std::filesystem::path> filesToOpen;
     std::filesystem::path fileToSave;
+    std::string endings; ///< offered last
     std::vector<std::filesystem::path> suggestions;
     std::filesystem::path folder;
     int cancelAt = 1 << 30; ///< step at which a long work is given up

@@ -250,8 +250,7 @@ void Job::SaveFiles() {
 Outcome Job::Save(const std::filesystem::path& path) {
     if (ReportMaker::IsPageFile(path))
         return SaveShownPage(m_Program, path, WorkingFiles::None);
-    return m_Program.Files().DataSave(path) ? Outcome::Done()
-                                            : Outcome::Refused(m_Program.Files().LastProblem());
+    return m_Program.Files().DataSave(path);
 }
 
 /// What was on the line when contact was lost, beside the stores.

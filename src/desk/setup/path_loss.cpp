@@ -85,11 +85,14 @@ Outcome ApplyPathLoss(double port1, double port2, Session& session, SetupStore& 
     const BandInfo* const band = FindBand(session.working.Band());
     if (session.curve.scale.InDbc() && !band)
         return Outcome::Refused("Auswaehlen Breite");
-    session.working.SetPathLosses(static_cast<float>(port1), static_cast<float>(port2));
+    // In tenths, as the stores keep them and a result states its powers.
+    const int tenths1 = CutTenths(port1);
+    const int tenths2 = CutTenths(port2);
+    session.working.SetPathLosses(static_cast<float>(tenths1) / 10.0f, static_cast<float>(tenths2) / 10.0f);
     if (band)
         FollowPathLoss(*band, session, store);
-    store.Write("pathloss.ccz", ZeroPadded(CutTenths(port1), LossDigits));
-    store.Write("pathloss2.ccz", ZeroPadded(CutTenths(port2), LossDigits));
+    store.Write("pathloss.ccz", ZeroPadded(tenths1, LossDigits));
+    store.Write("pathloss2.ccz", ZeroPadded(tenths2, LossDigits));
     return Outcome::Done();
 }
 

@@ -51,8 +51,10 @@ void PlanSetup::Standard() {
 
 Outcome PlanSetup::Save() {
     Outcome stored = Store(false);
-    if (stored)
+    if (stored) {
+        m_Session.working.DropSessionPlan(); // of a file: this one is newer
         QueuePlan();
+    }
     return stored;
 }
 

@@ -52,6 +52,10 @@ double DbmIn(std::string_view text, PowerUnit unit) {
 
 } // namespace
 
+bool IsPowerToSet(double dBm) {
+    return dBm >= LowestDbm && dBm <= HighestDbm;
+}
+
 PowerSetup::PowerSetup(int band, Session& session, SetupStore& store)
     : m_Band(band), m_Session(session), m_Store(store) {
     const BandInfo* const info = FindBand(band);
@@ -105,7 +109,7 @@ Outcome PowerSetup::Save() {
     const double tone1 = DbmIn(m_Fields.m_powF1, m_Fields.m_unit);
     const double tone2 = DbmIn(m_Fields.m_powF2, m_Fields.m_unit);
     for (const double power : {tone1, tone2})
-        if (!band || !(power >= LowestDbm && power <= HighestDbm))
+        if (!band || !IsPowerToSet(power))
             return Outcome::Refused("Falsch, dichtesortierung.");
     const std::string digits1 = TenthsText(tone1);
     const std::string digits2 = TenthsText(tone2);

@@ -22,6 +22,9 @@ struct PowerFields {
     bool canSave = true;
 };
 
+/// True for a power in dBm that can be set, 19.99 to 46.01.
+[[nodiscard]] bool IsPowerToSet(double dBm);
+
 /// The power group of a band's set-up dialog: what each control does, and what saving does.
 class PowerSetup {
 public:

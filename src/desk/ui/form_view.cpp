@@ -360,8 +360,13 @@ void CTestSDIFormView::RefreshList() {
     const ResultList& list = m_Program.State().results.list;
     for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
         QLineEdit* field = m_ListRow[row];
-        Show(field, Plain(list.Row(static_cast<int>(row))));
-        field->setToolTip(Plain(list.Row(static_cast<int>(row))));
+        const int number = static_cast<int>(row);
+        QString text = Plain(list.Row(number));
+        const QString path = text.isEmpty() ? text : Plain((list.Folder() / list.Row(number)).string());
+        if (const auto partial = list.RowNote(number))
+            text += QStringLiteral(" (") + Tr("%1 von %2").arg(partial->taken).arg(partial->asked) + ')';
+        Show(field, text);
+        field->setToolTip(path);
         SetFlag(field, "shown", list.MarkedRow() == static_cast<int>(row));
     }
 }

@@ -1,5 +1,5 @@
+#include "desk/list_panel.h"
 #include "desk/setup/path_loss.h"
-#include "results/list_panel.h"
 #include "support/rig.h"
 
 #include <gtest/gtest.h>
@@ -14,10 +14,14 @@ struct ListDesk : Rig {
         Curve& curve = S().curve;
         curve.Add(-100.0f);
         curve.Add(-100.0f);
-        S().working.SelectBand(BandEgsm);
+        RunRecord record;
+        record.band = BandEgsm;
+        record.plan = *StartPlan(BandEgsm, 1, 0);
+        S().run.Begin(record);
+        S().run.EndByItself();
         const auto first = folder / "0.dat";
-        if (!program.Files().DataSave(first))
-            ADD_FAILURE() << program.Files().LastProblem();
+        if (const Outcome saved = program.Files().DataSave(first); !saved)
+            ADD_FAILURE() << saved.Text();
         for (int n = 0; n < count; ++n) {
             paths.push_back(folder / (std::to_string(n) + ".dat"));
             if (n > 0)
