@@ -14,11 +14,7 @@ struct ListDesk : Rig {
         Curve& curve = S().curve;
         curve.Add(-100.0f);
         curve.Add(-100.0f);
-        RunRecord record;
-        record.band = BandEgsm;
-        record.plan = *StartPlan(BandEgsm, 1, 0);
-        S().run.Begin(record);
-        S().run.EndByItself();
+        AsIfMeasuredOn(BandEgsm);
         const auto first = folder / "0.dat";
         if (const Outcome saved = program.Files().DataSave(first); !saved)
             ADD_FAILURE() << saved.Text();

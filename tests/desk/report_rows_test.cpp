@@ -38,7 +38,7 @@ struct ReportDesk : Parts, Rig {
         std::filesystem::create_directory(folder.Path());
         for (const float level : {-100.0f, -98.5f, -101.0f})
             S().curve.Add(level);
-        S().working.SelectBand(BandEgsm);
+        AsIfMeasuredOn(BandEgsm);
     }
     /// Files "0.dat", "1.dat", ... in the list panel, the first one shown.
     void LoadList(int count) {

@@ -67,6 +67,16 @@ public:
         return (S().working.Band() == band || program.Select().SelectBand(band)) && RunUntilIdle();
     }
 
+    /// The curve that a test puts in by hand is a run on this band, by the method in force.
+    void AsIfMeasuredOn(int band) {
+        RunRecord record;
+        record.band = band;
+        record.method = S().working.Method();
+        record.plan = StartPlan(band, 1, 0).value_or(FrequencyPlan{});
+        S().working.SelectBand(band);
+        S().run.Begin(record);
+        S().run.EndByItself();
+    }
     /// Ready to measure EGSM by the method, for so long in 2-tone.
     bool ReadyFor(int method, int seconds = 5) {
         Store().Write("2tone_time.ccz", std::to_string(seconds));
