@@ -42,7 +42,6 @@ public:
     /// The forms that results are saved in; a program adds those that it alone can write.
     [[nodiscard]] ResultForms& Forms() { return m_Forms; }
     [[nodiscard]] const ResultForms& Forms() const { return m_Forms; }
-    [[nodiscard]] const ResultForms& Forms() const { return m_Forms; }
 
 private:
     [[nodiscard]] RunRecord SetupInForce() const;

@@ -96,7 +96,7 @@ TEST(ReportRows, OnePageInEachForm) {
     EXPECT_NE(FileText(desk.folder / "a.pdf"), before);
     desk.user.fileToSave.clear();
     EXPECT_TRUE(desk.commands.Run("save_pdf")) << "thought better of it";
-    desk.S().working.SelectOrder(0);
+    desk.AsIfMeasuredOn(BandNone);
     desk.user.fileToSave = desk.folder / "b.pdf";
     desk.commands.Run("save_pdf");
     EXPECT_TRUE(desk.user.WasTold("Does not support the current selection!"));
