@@ -192,6 +192,14 @@
       <translation>Vivid</translation>
     </message>
     <message>
+      <source>Anschluss des Geraets</source>
+      <translation>Port of the instrument</translation>
+    </message>
+    <message>
+      <source>Anschluss suchen, oeffnen oder schliessen</source>
+      <translation>Search, open or close the port</translation>
+    </message>
+    <message>
       <source>Ansehend QOR</source>
       <translation>About QOR</translation>
     </message>
@@ -352,8 +360,8 @@
       <translation>Please enter a whole number of at most</translation>
     </message>
     <message>
-      <source>Bitte eine ganze Zahl von 0 bis 5000 eingeben.</source>
-      <translation>Please enter a whole number from 0 to 5000.</translation>
+      <source>Bitte zuerst einen Port auswaehlen.</source>
+      <translation>Please choose a port first.</translation>
     </message>
     <message>
       <source>Breite(&amp;B)</source>
@@ -474,6 +482,14 @@
     <message>
       <source>Der Name darf weder / noch \ enthalten.</source>
       <translation>The name must not contain / or \.</translation>
+    </message>
+    <message>
+      <source>Der Pegel kommt an dem Port an, von dem die Traeger ausgehen.</source>
+      <translation>The level arrives at the port that the carriers leave from.</translation>
+    </message>
+    <message>
+      <source>Der Pegel kommt durch den Pruefling am anderen Port an.</source>
+      <translation>The level arrives through the device at the other port.</translation>
     </message>
     <message>
       <source>Deutsch</source>
@@ -632,6 +648,10 @@
       <translation>Remove entry from the list</translation>
     </message>
     <message>
+      <source>Eintrag der Ergebnisliste</source>
+      <translation>Entry of the result list</translation>
+    </message>
+    <message>
       <source>Ende f1:</source>
       <translation>Stop f1:</translation>
     </message>
@@ -752,8 +772,28 @@
       <translation>Freq: MHz</translation>
     </message>
     <message>
+      <source>Frequenz des Produkts in MHz</source>
+      <translation>Frequency of the product in MHz</translation>
+    </message>
+    <message>
+      <source>Frequenz von Ton 1 in MHz</source>
+      <translation>Frequency of tone 1 in MHz</translation>
+    </message>
+    <message>
+      <source>Frequenz von Ton 2 in MHz</source>
+      <translation>Frequency of tone 2 in MHz</translation>
+    </message>
+    <message>
       <source>Geraet:</source>
       <translation>Device:</translation>
+    </message>
+    <message>
+      <source>Geraetefehler</source>
+      <translation>instrument error</translation>
+    </message>
+    <message>
+      <source>Gewaehlte Breite</source>
+      <translation>Band selected</translation>
     </message>
     <message>
       <source>Grenze dBm</source>
@@ -762,6 +802,10 @@
     <message>
       <source>Grenzwert, 0 bis -200</source>
       <translation>Limit, 0 to -200</translation>
+    </message>
+    <message>
+      <source>Grenzwert:</source>
+      <translation>limit:</translation>
     </message>
     <message>
       <source>Halten Messung</source>
@@ -872,6 +916,10 @@
       <translation>Contact with the instrument is lost, it is being looked for.</translation>
     </message>
     <message>
+      <source>Kurve</source>
+      <translation>Curve</translation>
+    </message>
+    <message>
       <source>LTE 700 L Einbauen</source>
       <translation>LTE 700 L Setup</translation>
     </message>
@@ -952,6 +1000,10 @@
       <translation>Worst:</translation>
     </message>
     <message>
+      <source>Messung beginnen oder anhalten</source>
+      <translation>Start or stop the measurement</translation>
+    </message>
+    <message>
       <source>Messung laeuft</source>
       <translation>Measuring</translation>
     </message>
@@ -966,6 +1018,14 @@
     <message>
       <source>Messungen:</source>
       <translation>Measurements:</translation>
+    </message>
+    <message>
+      <source>Messverfahren</source>
+      <translation>Method of measurement</translation>
+    </message>
+    <message>
+      <source>Messweg</source>
+      <translation>Path of measurement</translation>
     </message>
     <message>
       <source>Mesurement Einbauen</source>
@@ -1168,6 +1228,10 @@
       <translation>Folder:</translation>
     </message>
     <message>
+      <source>Ordnung des Produkts</source>
+      <translation>Order of the product</translation>
+    </message>
+    <message>
       <source>PCS Einbauen</source>
       <translation>PCS Setup</translation>
     </message>
@@ -1198,6 +1262,10 @@
     <message>
       <source>Pause zwischen zwei Durchlaeufen</source>
       <translation>Pause between two sweeps</translation>
+    </message>
+    <message>
+      <source>Pegel am Marker</source>
+      <translation>Level at the marker</translation>
     </message>
     <message>
       <source>Pegelachse vergroessern</source>
@@ -1282,6 +1350,10 @@
     <message>
       <source>Prueflinge</source>
       <translation>Devices</translation>
+    </message>
+    <message>
+      <source>Punkte:</source>
+      <translation>points:</translation>
     </message>
     <message>
       <source>QOR Device SN(&amp;Z)</source>
@@ -1548,6 +1620,10 @@
       <translation>Place of the marker: time or frequency</translation>
     </message>
     <message>
+      <source>Stempel</source>
+      <translation>Stamp</translation>
+    </message>
+    <message>
       <source>Steuerprogramm fuer einen Zweiton-Analysator der passiven Intermodulation</source>
       <translation>Control program of a two-tone analyzer of passive intermodulation</translation>
     </message>
@@ -1760,6 +1836,10 @@
       <translation>WiMax Setup</translation>
     </message>
     <message>
+      <source>Wiederholung</source>
+      <translation>Repetition</translation>
+    </message>
+    <message>
       <source>Wifi Einbauen</source>
       <translation>Wifi Setup</translation>
     </message>
@@ -1772,6 +1852,10 @@
       <translation>Time: Sec.</translation>
     </message>
     <message>
+      <source>Zuletzt gelesener Pegel</source>
+      <translation>Level read last</translation>
+    </message>
+    <message>
       <source>Zum Anfang der Liste</source>
       <translation>To the top of the list</translation>
     </message>
@@ -1782,6 +1866,14 @@
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
       <translation>Two sweeps without a pause, the first with the carriers off</translation>
+    </message>
+    <message>
+      <source>bestanden</source>
+      <translation>passed</translation>
+    </message>
+    <message>
+      <source>braucht eine Zahl:</source>
+      <translation>takes a number:</translation>
     </message>
     <message>
       <source>braucht eine ganze Zahl:</source>
@@ -1848,6 +1940,14 @@
       <translation>is not a whole number from 0 to 10000.</translation>
     </message>
     <message>
+      <source>kein Urteil</source>
+      <translation>no verdict</translation>
+    </message>
+    <message>
+      <source>nicht bestanden</source>
+      <translation>failed</translation>
+    </message>
+    <message>
       <source>not a regular file</source>
       <translation>not a regular file</translation>
     </message>
@@ -1858,6 +1958,10 @@
     <message>
       <source>ok</source>
       <translation>OK</translation>
+    </message>
+    <message>
+      <source>schlechtester Punkt:</source>
+      <translation>worst point:</translation>
     </message>
     <message>
       <source>switch to lower screen setting (e.g. 256-color mode), and try again.</source>

@@ -192,6 +192,14 @@
       <translation>鲜明</translation>
     </message>
     <message>
+      <source>Anschluss des Geraets</source>
+      <translation>仪器端口</translation>
+    </message>
+    <message>
+      <source>Anschluss suchen, oeffnen oder schliessen</source>
+      <translation>搜索、打开或关闭端口</translation>
+    </message>
+    <message>
       <source>Ansehend QOR</source>
       <translation>关于 QOR</translation>
     </message>
@@ -352,8 +360,8 @@
       <translation>请输入整数，最大为</translation>
     </message>
     <message>
-      <source>Bitte eine ganze Zahl von 0 bis 5000 eingeben.</source>
-      <translation>请输入 0 到 5000 之间的整数。</translation>
+      <source>Bitte zuerst einen Port auswaehlen.</source>
+      <translation>请先选择端口。</translation>
     </message>
     <message>
       <source>Breite(&amp;B)</source>
@@ -474,6 +482,14 @@
     <message>
       <source>Der Name darf weder / noch \ enthalten.</source>
       <translation>名称不得包含 / 或 \。</translation>
+    </message>
+    <message>
+      <source>Der Pegel kommt an dem Port an, von dem die Traeger ausgehen.</source>
+      <translation>信号返回到发射载波的端口。</translation>
+    </message>
+    <message>
+      <source>Der Pegel kommt durch den Pruefling am anderen Port an.</source>
+      <translation>信号经被测件到达另一端口。</translation>
     </message>
     <message>
       <source>Deutsch</source>
@@ -632,6 +648,10 @@
       <translation>从列表中移除</translation>
     </message>
     <message>
+      <source>Eintrag der Ergebnisliste</source>
+      <translation>结果列表条目</translation>
+    </message>
+    <message>
       <source>Ende f1:</source>
       <translation>终止 f1：</translation>
     </message>
@@ -752,8 +772,28 @@
       <translation>频率：MHz</translation>
     </message>
     <message>
+      <source>Frequenz des Produkts in MHz</source>
+      <translation>产物频率（MHz）</translation>
+    </message>
+    <message>
+      <source>Frequenz von Ton 1 in MHz</source>
+      <translation>音 1 频率（MHz）</translation>
+    </message>
+    <message>
+      <source>Frequenz von Ton 2 in MHz</source>
+      <translation>音 2 频率（MHz）</translation>
+    </message>
+    <message>
       <source>Geraet:</source>
       <translation>仪器：</translation>
+    </message>
+    <message>
+      <source>Geraetefehler</source>
+      <translation>仪器错误</translation>
+    </message>
+    <message>
+      <source>Gewaehlte Breite</source>
+      <translation>所选频段</translation>
     </message>
     <message>
       <source>Grenze dBm</source>
@@ -762,6 +802,10 @@
     <message>
       <source>Grenzwert, 0 bis -200</source>
       <translation>限值，0 到 -200</translation>
+    </message>
+    <message>
+      <source>Grenzwert:</source>
+      <translation>限值：</translation>
     </message>
     <message>
       <source>Halten Messung</source>
@@ -872,6 +916,10 @@
       <translation>与仪器的连接已丢失，正在搜索。</translation>
     </message>
     <message>
+      <source>Kurve</source>
+      <translation>曲线</translation>
+    </message>
+    <message>
       <source>LTE 700 L Einbauen</source>
       <translation>LTE 700 L 设置</translation>
     </message>
@@ -952,6 +1000,10 @@
       <translation>最差值:</translation>
     </message>
     <message>
+      <source>Messung beginnen oder anhalten</source>
+      <translation>开始或停止测量</translation>
+    </message>
+    <message>
       <source>Messung laeuft</source>
       <translation>正在测量</translation>
     </message>
@@ -966,6 +1018,14 @@
     <message>
       <source>Messungen:</source>
       <translation>测量：</translation>
+    </message>
+    <message>
+      <source>Messverfahren</source>
+      <translation>测量方法</translation>
+    </message>
+    <message>
+      <source>Messweg</source>
+      <translation>测量路径</translation>
     </message>
     <message>
       <source>Mesurement Einbauen</source>
@@ -1168,6 +1228,10 @@
       <translation>文件夹：</translation>
     </message>
     <message>
+      <source>Ordnung des Produkts</source>
+      <translation>产物阶数</translation>
+    </message>
+    <message>
       <source>PCS Einbauen</source>
       <translation>PCS 设置</translation>
     </message>
@@ -1198,6 +1262,10 @@
     <message>
       <source>Pause zwischen zwei Durchlaeufen</source>
       <translation>两次扫频之间的间隔</translation>
+    </message>
+    <message>
+      <source>Pegel am Marker</source>
+      <translation>标记处电平</translation>
     </message>
     <message>
       <source>Pegelachse vergroessern</source>
@@ -1282,6 +1350,10 @@
     <message>
       <source>Prueflinge</source>
       <translation>被测件</translation>
+    </message>
+    <message>
+      <source>Punkte:</source>
+      <translation>点数：</translation>
     </message>
     <message>
       <source>QOR Device SN(&amp;Z)</source>
@@ -1548,6 +1620,10 @@
       <translation>标记位置：时间或频率</translation>
     </message>
     <message>
+      <source>Stempel</source>
+      <translation>印章</translation>
+    </message>
+    <message>
       <source>Steuerprogramm fuer einen Zweiton-Analysator der passiven Intermodulation</source>
       <translation>双音无源互调分析仪控制程序</translation>
     </message>
@@ -1760,6 +1836,10 @@
       <translation>WiMax 设置</translation>
     </message>
     <message>
+      <source>Wiederholung</source>
+      <translation>重复方式</translation>
+    </message>
+    <message>
       <source>Wifi Einbauen</source>
       <translation>Wifi 设置</translation>
     </message>
@@ -1772,6 +1852,10 @@
       <translation>时间：秒</translation>
     </message>
     <message>
+      <source>Zuletzt gelesener Pegel</source>
+      <translation>最近读取的电平</translation>
+    </message>
+    <message>
       <source>Zum Anfang der Liste</source>
       <translation>到列表开头</translation>
     </message>
@@ -1782,6 +1866,14 @@
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
       <translation>连续两次扫频，第一次关闭载波</translation>
+    </message>
+    <message>
+      <source>bestanden</source>
+      <translation>合格</translation>
+    </message>
+    <message>
+      <source>braucht eine Zahl:</source>
+      <translation>需要数字：</translation>
     </message>
     <message>
       <source>braucht eine ganze Zahl:</source>
@@ -1848,6 +1940,14 @@
       <translation>不是 0 到 10000 之间的整数。</translation>
     </message>
     <message>
+      <source>kein Urteil</source>
+      <translation>无判定</translation>
+    </message>
+    <message>
+      <source>nicht bestanden</source>
+      <translation>不合格</translation>
+    </message>
+    <message>
       <source>not a regular file</source>
       <translation>不是普通文件</translation>
     </message>
@@ -1858,6 +1958,10 @@
     <message>
       <source>ok</source>
       <translation>确定</translation>
+    </message>
+    <message>
+      <source>schlechtester Punkt:</source>
+      <translation>最差点：</translation>
     </message>
     <message>
       <source>switch to lower screen setting (e.g. 256-color mode), and try again.</source>

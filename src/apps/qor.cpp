@@ -23,6 +23,7 @@
 #include <QProcess>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -59,7 +60,7 @@ template <typename Line> int RunToEnd(const app::DesktopOptions& options, Line& 
                         options.dataDirectory);
         AddXlsx(program.Files().Forms());
         ui::InstallLanguage(CurrentLanguage(program.Stores()));
-        ui::ApplyLook(options.configStart ? LoadAppearance(program.Stores()).m_skin : SkinDefault);
+        ui::ApplyLook(options.configStart ? Appearance(program.Stores()).Skin() : SkinDefault);
         ui::OpenUserLogOn(program, nullptr);
         program.Start(options.configStart);
         ui::CMainFrame window(program, dialogs);
@@ -80,6 +81,15 @@ template <typename Line> int RunToEnd(const app::DesktopOptions& options, Line& 
     return status;
 }
 
+/// The toolkit ends the process where there is no screen; the operator of a shell is told so in a sentence
+/// first.
+void WithoutScreen(QtMsgType type, const QMessageLogContext& /*where*/, const QString& /*text*/) {
+    if (type != QtFatalMsg)
+        return;
+    std::fputs("qor: There is no display to show the window on. qor-measure measures without one.\n", stderr);
+    std::_Exit(4);
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -94,7 +104,9 @@ int main(int argc, char* argv[]) {
             std::fputs("\n", stderr);
         return parsed.isAnswer ? 0 : 4;
     }
+    const QtMessageHandler usual = qInstallMessageHandler(WithoutScreen);
     QApplication application(argc, argv);
+    qInstallMessageHandler(usual);
     QCoreApplication::setApplicationName(QStringLiteral("qor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QOR_VERSION));
     QApplication::setWindowIcon(ui::ProgramIcon());

@@ -13,7 +13,6 @@ namespace qor {
 
 namespace {
 
-constexpr int LargestSide = 5000;
 constexpr int FrameWidth = 27;
 constexpr int FrameHeight = 122;
 /// A window this much smaller than the screen still counts as filling it.
@@ -42,52 +41,51 @@ bool IsKnownSkin(int skin) {
 
 } // namespace
 
-AppearanceState LoadAppearance(const SetupStore& store) {
-    AppearanceState appearance;
+Appearance::Appearance(const SetupStore& store) {
     if (const auto skin = store.Read("skin.ccz", 7); skin && IsKnownSkin(WholeNumberIn(*skin)))
-        appearance.m_skin = WholeNumberIn(*skin);
+        m_skin = WholeNumberIn(*skin);
     if (const auto layout = store.Read("Resolution.ccz", 1))
-        appearance.g_layout = std::clamp(WholeNumberIn(*layout), 0, LayoutCount - 1);
+        g_layout = std::clamp(WholeNumberIn(*layout), 0, LayoutCount - 1);
     const std::string custom = store.Read("ResolutionCustom.ccz", 8).value_or("");
     const auto side = [&custom](std::size_t at) {
         return custom.size() > at ? std::clamp(WholeNumberIn(custom.substr(at, 4)), 0, LargestSide) : 0;
     };
-    appearance.custom = {side(0), side(4)};
-    appearance.g_ImageOnly = store.Read("TagImageOnly.ccz", 1).value_or("") == "1";
-    return appearance;
+    m_Custom = {side(0), side(4)};
+    g_ImageOnly = store.Read("TagImageOnly.ccz", 1).value_or("") == "1";
 }
 
-bool ChooseSkin(AppearanceState& appearance, int skin, SetupStore& store) {
-    if (skin == appearance.m_skin)
+bool Appearance::ChooseSkin(int skin, SetupStore& store) {
+    if (skin == m_skin)
         skin = SkinVivid; // a second click on a look ends it
-    if (!IsKnownSkin(skin) || skin == appearance.m_skin)
+    if (!IsKnownSkin(skin) || skin == m_skin)
         return false;
-    appearance.m_skin = skin;
+    m_skin = skin;
     store.Write("skin.ccz", ZeroPadded(skin, 7));
     return true;
 }
 
-void ChooseLayout(AppearanceState& appearance, int layout, SetupStore& store) {
-    appearance.g_layout = layout;
+void Appearance::ChooseLayout(int layout, SetupStore& store) {
+    g_layout = layout;
     store.Write("Resolution.ccz", std::to_string(layout));
 }
 
-bool ChooseCustomLayout(AppearanceState& appearance, WindowSize size, SetupStore& store) {
+bool Appearance::ChooseCustomLayout(WindowSize size, SetupStore& store) {
     if (std::min(size.width, size.height) < 0 || std::max(size.width, size.height) > LargestSide)
         return false;
-    appearance.custom = size;
+    m_Custom = size;
     WriteCustom(size, store);
-    ChooseLayout(appearance, LayoutCustom, store);
+    ChooseLayout(LayoutCustom, store);
     return true;
 }
 
-WindowSize SizeOf(const AppearanceState& appearance, int layout, WindowSize screen) {
-    if (layout == LayoutCustom)
-        return appearance.custom;
-    return layout > LayoutScreen && layout < LayoutCount ? Sizes[static_cast<std::size_t>(layout)] : screen;
+WindowSize Appearance::Size() const {
+    if (g_layout == LayoutCustom)
+        return m_Custom;
+    const bool isFixed = g_layout > LayoutScreen && g_layout < LayoutCount;
+    return isFixed ? Sizes[static_cast<std::size_t>(g_layout)] : m_Screen;
 }
 
-void TakeDraggedSize(AppearanceState& appearance, WindowSize client, WindowSize screen, SetupStore& store) {
+void Appearance::TakeDraggedSize(WindowSize client, SetupStore& store) {
     int cx = client.width;
     int cy = client.height;
     const bool low = cy + 100 < 768;
@@ -99,23 +97,23 @@ void TakeDraggedSize(AppearanceState& appearance, WindowSize client, WindowSize 
     } else if (low) {
         cy = 668;
     }
-    if (client.width > screen.width - ScreenSlack && cy + HeightOutsideClient > screen.height - ScreenSlack) {
-        ChooseLayout(appearance, LayoutScreen, store);
+    if (client.width > m_Screen.width - ScreenSlack &&
+        cy + HeightOutsideClient > m_Screen.height - ScreenSlack) {
+        ChooseLayout(LayoutScreen, store);
         return;
     }
-    ChooseCustomLayout(appearance,
-                       {std::min(cx + FrameWidth, LargestSide), std::clamp(cy + FrameHeight, 0, LargestSide)},
+    ChooseCustomLayout({std::min(cx + FrameWidth, LargestSide), std::clamp(cy + FrameHeight, 0, LargestSide)},
                        store);
 }
 
-bool FlipPlotOnly(AppearanceState& appearance, WindowSize screen, SetupStore& store) {
-    WindowSize size = SizeOf(appearance, appearance.g_layout, screen);
-    if (appearance.g_layout >= 1 && appearance.g_layout <= 6)
+bool Appearance::FlipPlotOnly(SetupStore& store) {
+    WindowSize size = Size();
+    if (g_layout >= 1 && g_layout <= 6)
         size = {1024, 1024};
     if (IsNarrow(size.width, size.height))
         return false;
-    appearance.g_ImageOnly = !appearance.g_ImageOnly;
-    store.Write("TagImageOnly.ccz", appearance.g_ImageOnly ? "1" : "0");
+    g_ImageOnly = !g_ImageOnly;
+    store.Write("TagImageOnly.ccz", g_ImageOnly ? "1" : "0");
     return true;
 }
 

@@ -49,6 +49,7 @@ void AddBandRows(MenuBuilder& menu) {
                         desk.program.Link().OnButton1();
                         return Outcome::Done();
                     }});
+    menu.AddHidden({.id = "choose_port", .noDialog = "Einbauen misserfolg"});
 }
 
 } // namespace qor

@@ -65,16 +65,16 @@ void AddMeasureRows(MenuBuilder& menu) {
     path(Paths[0], 1);
     path(Paths[1], 2);
     menu.Line();
-    menu.Add({.id = "serial_field",
-              .caption = "Seriennummer(&N)\tCtrl+N",
-              .guards = {.run = true},
-              .run =
-                  [](Desk& desk, int) {
-                      AppearanceState& appearance = desk.program.State().appearance;
-                      appearance.serialShown = !appearance.serialShown;
-                      return Outcome::Done();
-                  },
-              .checked = [](const Program& program, int) { return program.State().appearance.serialShown; }});
+    menu.Add(
+        {.id = "serial_field",
+         .caption = "Seriennummer(&N)\tCtrl+N",
+         .guards = {.run = true},
+         .run =
+             [](Desk& desk, int) {
+                 desk.program.State().appearance.FlipSerial();
+                 return Outcome::Done();
+             },
+         .checked = [](const Program& program, int) { return program.State().appearance.ShowsSerial(); }});
     menu.End();
     order.argument = 5; // no instrument of the ordinary kind measures it
     order.caption = {};

@@ -33,6 +33,13 @@ struct Placer {
             (*this)(Nth(Control::ListButton, 4 - n), right - RowHeight * (n + 1), top, right - RowHeight * n,
                     bottom);
     }
+    /// The plot and the lines above it.
+    void Plot(const LayoutRequest& request, int right, int bottom) const {
+        const int top = request.notices * RowHeight;
+        (*this)(Control::Plot, 0, top, right, bottom);
+        if (top > 0)
+            (*this)(Control::NoticeBar, 0, 0, right, top);
+    }
     void ScaleButtons(const PanelRect& plot) const {
         (*this)(Control::ScaleUp, plot.left + 2, plot.top + 2, plot.left + 20, plot.top + 20);
         (*this)(Control::ScaleDown, plot.left + 2, plot.bottom - 20, plot.left + 20, plot.bottom - 2);
@@ -50,7 +57,7 @@ void PlaceNarrow(PanelLayout& layout, const LayoutRequest& request) {
     place.Row(Control::StatusCell, 6, w, h - RowHeight, h);
     std::swap(layout.place[static_cast<std::size_t>(Nth(Control::StatusCell, 5))],
               layout.place[static_cast<std::size_t>(Control::StartButton)]);
-    place(Control::Plot, 0, 0, w, h - RowHeight - (request.listShown ? RowHeight : 0));
+    place.Plot(request, w, h - RowHeight - (request.listShown ? RowHeight : 0));
     place.ScaleButtons(layout[Control::Plot]);
     if (request.listShown) {
         place.ListButtons(w, h - 2 * RowHeight, h - RowHeight);
@@ -94,22 +101,22 @@ void PlaceBoxes(const Placer& place, int b, int shift) {
 void PlaceButtons(const Placer& place, const LayoutRequest& request, int r, int b, bool wide, bool small) {
     if (wide) {
         const int left = request.width < 1280 ? 710 : r - 535;
-        place(Control::PortListBox, r - 153, b - 325, r - 35, b - 300);
-        place(Control::PortLabel, r - 295, b - 325, r - 155, b - 280);
+        place(Control::PortLabel, r - 295, b - 327, r - 35, b - 306);
+        place(Control::PortListBox, r - 295, b - 306, r - 35, b - 280);
         place(Control::PortButtonControl, r - 295, b - 275, r - 65, b - 230);
         place(Control::StartButton, left, b - 375, r - 305, b - 330);
         place(Control::ClearButton, r - 300, b - 375, r - 278, b - 330);
         place(Control::ExitButton, left, b - 275, r - 305, b - 230);
     } else if (!small) {
-        place(Control::PortListBox, r - 153, b - 475, r - 35, b - 450);
-        place(Control::PortLabel, r - 295, b - 475, r - 155, b - 430);
+        place(Control::PortLabel, r - 295, b - 477, r - 35, b - 456);
+        place(Control::PortListBox, r - 295, b - 456, r - 35, b - 430);
         place(Control::PortButtonControl, r - 295, b - 425, r - 65, b - 380);
         place(Control::StartButton, r - 295, b - 375, r - 65, b - 330);
         place(Control::ClearButton, r - 62, b - 375, r - 40, b - 330);
         place(Control::ExitButton, r - 295, b - 275, r - 65, b - 230);
     } else {
-        place(Control::PortListBox, 145, b - 225, 265, b - 200);
-        place(Control::PortLabel, 0, b - 225, 140, b - 180);
+        place(Control::PortLabel, 5, b - 227, 365, b - 206);
+        place(Control::PortListBox, 5, b - 206, 365, b - 180);
         place(Control::PortButtonControl, r - 635, b - 225, r - 405, b - 180);
         place(Control::StartButton, r - 295, b - 325, r - 65, b - 280);
         place(Control::ClearButton, r - 62, b - 325, r - 40, b - 280);
@@ -138,7 +145,7 @@ void PlaceNormal(PanelLayout& layout, const LayoutRequest& asked) {
         shift = std::max((r - 1265) / 2, 0);
 
     const Placer place{layout};
-    place(Control::Plot, 0, 0, r - PlotRight, b - 410 - (request.listShown ? RowHeight : 0));
+    place.Plot(request, r - PlotRight, b - 410 - (request.listShown ? RowHeight : 0));
     place.ScaleButtons(layout[Control::Plot]);
     if (request.listShown) {
         place.ListButtons(r - 320, b - 430, b - 410);

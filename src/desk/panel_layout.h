@@ -7,6 +7,7 @@ namespace qor {
 
 /// Everything that is placed on the panel. Rows of equal controls stand together.
 enum class Control : std::size_t {
+    NoticeBar, ///< lines above the plot: what the operator has to know
     Plot,
     ScaleUp,                     ///< "+"
     ScaleDown,                   ///< "-"
@@ -64,6 +65,7 @@ struct LayoutRequest {
     int height = 768;
     bool plotOnly = false;  ///< g_ImageOnly
     bool listShown = false; ///< the result list takes 20 pixels from the plot
+    int notices = 0;        ///< lines, 20 pixels each, that take their room from the plot
     int clientWidth = 0; ///< the area there is, where the screen has no room for the layout's own; 0: its own
     int clientHeight = 0;
 };

@@ -201,6 +201,8 @@ void Program::Leave() {
     m_AutoSaver.SaveAtEnd();
     m_Channel.PauseStatusPoll();
     m_Receiver.Close();
+    if (m_Platform.launcher)
+        m_Platform.launcher->CloseStarted();
     m_CloseTicks = 0;
     m_CloseTimer.Start(ClosePeriod);
 }

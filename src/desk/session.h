@@ -29,7 +29,7 @@ struct Session {
     ReceiverState receiver;
     UserState user;
     Readout readout;
-    AppearanceState appearance;
+    Appearance appearance;
     bool lossInfoShown = false; ///< the line about compensation and cable loss, once one was set
     bool g_factoryMode = false; ///< the maker's own commands are offered
 };

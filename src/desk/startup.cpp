@@ -100,7 +100,7 @@ void LoadStores(Session& session, SetupStore& store) {
     store.Found("loss.conf", losses.empty() || !table.IsDamaged());
     LoadAlarm(curve, store);
     session.alarm = LoadAlarmTones(store);
-    session.appearance = LoadAppearance(store);
+    session.appearance = Appearance(store);
 }
 
 } // namespace qor

@@ -62,15 +62,15 @@ void AddPlotRows(MenuBuilder& menu) {
               .caption = "Histogramm(&H)",
               .run = FlipHistogram,
               .checked = [](const Program& program, int) { return program.State().curve.scale.ShowsBar(); }});
-    menu.Add({.id = "plot_only",
-              .caption = "Display Grafik Nur(&I)",
-              .run =
-                  [](Desk& desk, int) {
-                      AppearanceState& appearance = desk.program.State().appearance;
-                      static_cast<void>(FlipPlotOnly(appearance, appearance.screen, desk.program.Stores()));
-                      return Outcome::Done();
-                  },
-              .checked = [](const Program& program, int) { return program.State().appearance.g_ImageOnly; }});
+    menu.Add(
+        {.id = "plot_only",
+         .caption = "Display Grafik Nur(&I)",
+         .run =
+             [](Desk& desk, int) {
+                 static_cast<void>(desk.program.State().appearance.FlipPlotOnly(desk.program.Stores()));
+                 return Outcome::Done();
+             },
+         .checked = [](const Program& program, int) { return program.State().appearance.IsPlotOnly(); }});
 }
 
 void AddMarkerRows(MenuBuilder& menu) {
@@ -116,11 +116,11 @@ void AddLookRows(MenuBuilder& menu) {
                   .run =
                       [](Desk& desk, int n) {
                           static_cast<void>(
-                              ChooseSkin(desk.program.State().appearance, n, desk.program.Stores()));
+                              desk.program.State().appearance.ChooseSkin(n, desk.program.Stores()));
                           return Outcome::Done();
                       },
                   .checked = [](const Program& program,
-                                int n) { return program.State().appearance.m_skin == n; }});
+                                int n) { return program.State().appearance.Skin() == n; }});
     };
     // shown to the operator
     static constexpr std::string_view Skins[] = {"Anschaulich", "Asche", "Aktivitaet"};
@@ -131,7 +131,7 @@ void AddLookRows(MenuBuilder& menu) {
 
 void AddLayoutRows(MenuBuilder& menu) {
     constexpr auto isLaidOut = [](const Program& program, int n) {
-        return program.State().appearance.g_layout == n;
+        return program.State().appearance.Layout() == n;
     };
     // shown to the operator
     static constexpr std::pair<std::string_view, int> Layouts[] = {{"Entsprechen Bildschirm", 0},
@@ -148,7 +148,7 @@ void AddLayoutRows(MenuBuilder& menu) {
                   .caption = caption,
                   .run =
                       [](Desk& desk, int n) {
-                          ChooseLayout(desk.program.State().appearance, n, desk.program.Stores());
+                          desk.program.State().appearance.ChooseLayout(n, desk.program.Stores());
                           return Outcome::Done();
                       },
                   .checked = isLaidOut});

@@ -56,7 +56,7 @@ void Connection::ReadPortList() {
     m_State.g_PortList.clear();
     for (const SerialDevice& device : m_Parts.ports.List())
         m_State.g_PortList.push_back(
-            {device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")"});
+            {device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")", false});
 }
 
 Connection::Search Connection::ScanComm() {
@@ -137,7 +137,22 @@ void Connection::OnProbeTimer() {
     if (m_State.g_ProbeIndex >= count) {
         m_ProbeTimer.Stop();
         m_State.g_bProbing = false;
+        ProposeTheOneThatAnswered();
     }
+}
+
+/// The press of the button stays the operator's.
+void Connection::ProposeTheOneThatAnswered() {
+    const PortEntry* answered = nullptr;
+    for (const PortEntry& port : m_State.g_PortList) {
+        if (!port.answers)
+            continue;
+        if (answered)
+            return;
+        answered = &port;
+    }
+    if (answered && m_State.m_Chosen.empty())
+        m_State.m_Chosen = answered->text;
 }
 
 void Connection::TakeProbeAnswer() {
@@ -160,17 +175,21 @@ void Connection::TakeProbeAnswer() {
     if (!label.empty()) {
         entry.text += ": ";
         entry.text += label;
+        entry.answers = true;
         m_State.m_PortSettings[entry.number] = m_State.m_comm_settings;
+    } else if (m_State.m_ProbeIsOut && m_Link.transaction.IsIdle()) {
+        entry.answers = true; // the identity handling has taken the answer
     } else if (!m_Link.transaction.IsIdle() && m_State.g_bProbeSlow) {
         m_State.g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
         return;
     }
-    ++m_State.g_ProbeIndex; // answered, not asked, or the identity handling has taken the answer
+    ++m_State.g_ProbeIndex; // answered or not asked
 }
 
 void Connection::ProbeNext() {
     const int number = m_State.g_PortList[static_cast<std::size_t>(m_State.g_ProbeIndex)].number;
     m_Link.transaction.Finish();
+    m_State.m_ProbeIsOut = false;
     if (number > HighestPort)
         return;
     m_Parts.comm.SetSThreshold(1);
@@ -181,6 +200,7 @@ void Connection::ProbeNext() {
     m_Parts.comm.SetOutput(
         command::Identity); // past the queue: nothing else may go out while ports are tried
     m_Parts.comm.SetOutput("\r");
+    m_State.m_ProbeIsOut = true;
 }
 
 /// Opens a port for text, at these settings; whatever port was open before is closed.
@@ -240,6 +260,10 @@ bool Connection::Press() {
         m_State.g_LastPort = 0;
         return ScanComm() == Search::Opened;
     case PortButton::Open:
+        if (m_State.m_Chosen.empty() && WholeNumberIn(m_State.m_comm_sel_v) == 0) {
+            m_Events.Tell(Outcome::Refused("Bitte zuerst einen Port auswaehlen."));
+            return false;
+        }
         if (!SetComm()) {
             m_State.m_Button = PortButton::Scan;
             m_State.m_ListShown = false;

@@ -60,6 +60,7 @@ private:
     void FailedToOpen();
     void BeginChoice();
     void OnProbeTimer();
+    void ProposeTheOneThatAnswered();
     void TakeProbeAnswer();
     void ProbeNext();
     bool OpenPort(int number, std::string settings);

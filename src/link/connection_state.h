@@ -13,7 +13,8 @@ enum class PortButton { Scan, Open, Close };
 /// A port of the list and, once probed, what hangs on it.
 struct PortEntry {
     int number = 0;
-    std::string text; ///< "COM3 (/dev/ttyUSB0)", later with ": RT-DB22" behind
+    std::string text;     ///< "COM3 (/dev/ttyUSB0)", later with ": RT-DB22" behind
+    bool answers = false; ///< an instrument has said its name there
 };
 
 /// Ports, the button that opens and closes them, and the search for the instrument. The connection writes it.
@@ -34,7 +35,12 @@ public:
     /// Times contact was lost since the program started.
     [[nodiscard]] int Losses() const { return m_Losses; }
 
-    /// The entry chosen in the list box, its text.
+    /// The operator is to choose a port and to press the button; what hangs on each is known.
+    [[nodiscard]] bool AwaitsChoice() const {
+        return m_ListShown && m_Button == PortButton::Open && !g_bProbing && !IsClosing();
+    }
+    /// The entry chosen in the list box, its text; the one port that has answered until another is chosen.
+    [[nodiscard]] const std::string& Chosen() const { return m_Chosen; }
     void Choose(std::string_view entry) { m_Chosen = entry; }
     /// Contact with an instrument was lost, and it has not been found again.
     [[nodiscard]] bool ContactIsLost() const { return m_ContactIsLost; }
@@ -54,6 +60,7 @@ private:
     int m_AnsweredPort = 0;                    ///< number of the port where an instrument has answered
     int g_ProbeIndex = 0;                      ///< port being looked at
     bool g_bProbing = false;                   ///< its answer is awaited
+    bool m_ProbeIsOut = false;                 ///< it was asked
     bool g_bProbeSlow = true;                  ///< it is asked at 9600 baud
     std::map<int, std::string> m_PortSettings; ///< settings at which a port has answered
     int tagCommTimer = 0;                      ///< ticks of the wait for an identity

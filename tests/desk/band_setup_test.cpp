@@ -25,7 +25,10 @@ constexpr const char* EgsmPlan = "093500960009250096000937009460000100925009600"
 struct SetupDesk : test::Rig {
     SetupDesk() { S().working.SelectBand(BandEgsm); }
     PowerSetup Power(int band = BandEgsm) { return {band, S(), Store()}; }
-    PlanSetup Page(int band, int imIndex) { return {band, imIndex, S(), Store()}; }
+    PlanSetup Page(int band, int imIndex) {
+        return {band, imIndex, S().working, S().link.queue, Store(), S().g_factoryMode};
+    }
+    bool SaveTone(double f1) { return Done(SaveTdScdmaAF1(f1, S().working, S().link.queue, Store())); }
     Texts Queued() {
         Texts texts;
         for (CommandQueue& queue = S().link.queue; !queue.Empty(); queue.RemoveHead())
@@ -179,14 +182,14 @@ TEST(PowerSetup, DbcFollowsTheCarrierOrEnds) {
 
 TEST(TdScdmaA, ItsToneIsStoredAndQueuedWhileItIsInUse) {
     SetupDesk desk;
-    EXPECT_TRUE(desk.Done(SaveTdScdmaAF1(2021.25, desk.S(), desk.Store())));
+    EXPECT_TRUE(desk.SaveTone(2021.25));
     EXPECT_EQ(desk.Stored("tdb_f1.ccz"), "2021.2");
     EXPECT_EQ(desk.Queued(), Texts{});
     desk.S().working.SelectBand(BandTdScdmaA);
-    EXPECT_TRUE(desk.Done(SaveTdScdmaAF1(2021.5, desk.S(), desk.Store())));
+    EXPECT_TRUE(desk.SaveTone(2021.5));
     EXPECT_EQ(desk.Queued(), (Texts{"#SFA20215", "#SFB20250"}));
-    for (const double wrong : {-1.0, 10000.0, 1e300, std::nan("")})
-        EXPECT_FALSE(desk.Done(SaveTdScdmaAF1(wrong, desk.S(), desk.Store()))) << wrong;
+    for (const double wrong : {-1.0, 0.0, 10000.0, 1e300, std::nan("")})
+        EXPECT_FALSE(desk.SaveTone(wrong)) << wrong;
     EXPECT_EQ(desk.Stored("tdb_f1.ccz"), "2021.5");
     EXPECT_EQ(desk.Queued(), Texts{});
 }
@@ -261,8 +264,9 @@ TEST(PlanSetup, TheFactorySavesDefaults) {
     EXPECT_FALSE(desk.Page(BandTetra390, 1).OffersDefault());
     FrequencyPlan plan = page.Plan();
     plan.f1 = 936.1f;
-    page.Edit(plan);
-    EXPECT_TRUE(desk.Done(page.SaveDefault()));
+    PlanSetup factory = desk.Page(BandEgsm, 1);
+    factory.Edit(plan);
+    EXPECT_TRUE(desk.Done(factory.SaveDefault()));
     EXPECT_EQ(desk.Stored("egsm_im3_setup_default.ccz"), "09361" + std::string(EgsmPlan).substr(5));
     EXPECT_EQ(desk.Stored("egsm_im3_setup.ccz"), "");
     EXPECT_EQ(desk.Queued(), Texts{});

@@ -276,11 +276,13 @@ TEST(Configuration, TheProgramStartsAnewInOrder) {
     EXPECT_FALSE(rig.program.Restart(true));
     ASSERT_TRUE(rig.RunUntilRunIsOver());
     rig.Sent();
+    starter.Start("tool");
     EXPECT_TRUE(rig.program.Restart(true));
     rig.time.RunFor(3000);
     EXPECT_EQ(code, 16);
     EXPECT_EQ(rig.Sent(), (std::vector<std::string>{"#SPB0", "#SPA0"}));
     EXPECT_EQ(starter.restarts, std::vector<bool>{true});
+    EXPECT_EQ(starter.closed, 1U) << "the tool goes with the program";
     EXPECT_TRUE(rig.user.questions.empty());
     Rig alone;
     EXPECT_FALSE(alone.program.Restart(true));

@@ -16,7 +16,7 @@ constexpr Control Outer[] = {
     Control::SerialField, Control::MarkerBox,        Nth(Control::MarkerBox, 1), Nth(Control::MarkerBox, 2),
     Control::PortListBox, Control::PortLabel,        Control::PortButtonControl, Control::StartButton,
     Control::ClearButton, Control::ExitButton,       Control::StatusCell,        Nth(Control::StatusCell, 5),
-    Control::ListCell,    Nth(Control::ListCell, 6), Control::ListButton};
+    Control::ListCell,    Nth(Control::ListCell, 6), Control::ListButton,        Control::NoticeBar};
 
 } // namespace
 
@@ -32,7 +32,9 @@ TEST(PanelLayout, NothingOverlapsOrLeavesTheWindowInAnySize) {
                                {2560, 1440},
                                {1127, 822}}) {
         for (const bool list : {false, true}) {
-            const PanelLayout layout = Relayout({w, h, false, list});
+            const PanelLayout layout = Relayout({w, h, false, list, list ? 2 : 0});
+            EXPECT_EQ(layout[Control::NoticeBar],
+                      list ? (PanelRect{0, 0, layout[Control::Plot].right, 40}) : OutOfSight);
             for (const Control a : Outer) {
                 const PanelRect& ra = layout[a];
                 if (ra == OutOfSight)
@@ -89,7 +91,7 @@ TEST(PanelLayout, AspectDecidesWhereTheButtonsStand) {
     EXPECT_EQ(Relayout({1280, 800})[Control::StartButton].left, 1280 - 535) << "beside the boxes";
     EXPECT_EQ(Relayout({1270, 800})[Control::StartButton].left, 710);
     EXPECT_EQ(Relayout({1280, 1024})[Control::StartButton].left, 1280 - 295) << "in the column";
-    EXPECT_EQ(Relayout({1024, 768})[Control::PortListBox].left, 145) << "under the boxes";
+    EXPECT_EQ(Relayout({1024, 768})[Control::PortListBox].left, 5) << "under the boxes";
     EXPECT_EQ(Relayout({1600, 1200})[Control::ReadingBox].left, 250 + (1600 - 1025) / 2);
     EXPECT_TRUE(Relayout({1199, 900}).narrowScreen);
     EXPECT_FALSE(Relayout({1200, 900}).narrowScreen);

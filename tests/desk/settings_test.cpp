@@ -69,8 +69,7 @@ TEST(SettingsFile, NamesTheHandbookAndTheUpdatePages) {
 TEST(Appearance, ADraggedWindowBecomesALayoutOfItsOwn) {
     const TempDir dir;
     SetupStore store(dir.Path());
-    AppearanceState look;
-    const WindowSize screen{1920, 1200};
+    Appearance look;
     const struct {
         WindowSize client;
         int layout;
@@ -83,11 +82,11 @@ TEST(Appearance, ADraggedWindowBecomesALayoutOfItsOwn) {
         {{1918, 1100}, LayoutScreen, "1127 790"},
     };
     for (const auto& c : cases) {
-        TakeDraggedSize(look, c.client, screen, store);
-        EXPECT_EQ(look.g_layout, c.layout) << c.client.width;
+        look.TakeDraggedSize(c.client, store);
+        EXPECT_EQ(look.Layout(), c.layout) << c.client.width;
         EXPECT_EQ(store.Read("ResolutionCustom.ccz", 99), c.stored);
         EXPECT_EQ(store.Read("Resolution.ccz", 9), std::to_string(c.layout));
-        EXPECT_EQ(LoadAppearance(store).custom, look.custom);
+        EXPECT_EQ(Appearance(store).Custom(), look.Custom());
     }
 }
 
@@ -97,29 +96,29 @@ TEST(Appearance, StoresAreReadWithinTheirBounds) {
     for (const auto& [skin, number] :
          {std::pair("0000003", 3), {"0000009", 1}, {"", 1}, {"x", 1}, {"-000002", 1}}) {
         store.Write("skin.ccz", skin);
-        EXPECT_EQ(LoadAppearance(store).m_skin, number) << skin;
+        EXPECT_EQ(Appearance(store).Skin(), number) << skin;
     }
     store.Write("Resolution.ccz", "9");
     store.Write("ResolutionCustom.ccz", "9999-120");
-    EXPECT_EQ(LoadAppearance(store).g_layout, Layout1024x600);
-    EXPECT_EQ(LoadAppearance(store).custom, (WindowSize{5000, 0}));
-    AppearanceState look;
-    EXPECT_FALSE(ChooseCustomLayout(look, {5001, 10}, store));
-    EXPECT_FALSE(ChooseCustomLayout(look, {10, -1}, store));
-    EXPECT_TRUE(ChooseCustomLayout(look, {0, 0}, store));
+    EXPECT_EQ(Appearance(store).Layout(), Layout1024x600);
+    EXPECT_EQ(Appearance(store).Custom(), (WindowSize{5000, 0}));
+    Appearance look;
+    EXPECT_FALSE(look.ChooseCustomLayout({5001, 10}, store));
+    EXPECT_FALSE(look.ChooseCustomLayout({10, -1}, store));
+    EXPECT_TRUE(look.ChooseCustomLayout({0, 0}, store));
     EXPECT_EQ(store.Read("ResolutionCustom.ccz", 99), "   0   0");
-    EXPECT_EQ(SizeOf(look, look.g_layout, {1, 1}), (WindowSize{0, 0}));
+    EXPECT_EQ(look.Size(), (WindowSize{0, 0}));
 }
 
 TEST(Appearance, ASecondClickOnALookEndsIt) {
     const TempDir dir;
     SetupStore store(dir.Path());
-    AppearanceState look;
-    EXPECT_TRUE(ChooseSkin(look, SkinAsh, store));
+    Appearance look;
+    EXPECT_TRUE(look.ChooseSkin(SkinAsh, store));
     EXPECT_EQ(store.Read("skin.ccz", 9), "0000003");
-    EXPECT_TRUE(ChooseSkin(look, SkinAsh, store));
-    EXPECT_EQ(look.m_skin, SkinVivid);
-    EXPECT_FALSE(ChooseSkin(look, SkinVivid, store));
+    EXPECT_TRUE(look.ChooseSkin(SkinAsh, store));
+    EXPECT_EQ(look.Skin(), SkinVivid);
+    EXPECT_FALSE(look.ChooseSkin(SkinVivid, store));
 }
 
 TEST(Appearance, LanguageKeepsTheRestOfTheInstallation) {
@@ -137,15 +136,16 @@ TEST(Appearance, LanguageKeepsTheRestOfTheInstallation) {
 TEST(Appearance, NoPlotOnlyDisplayOnSmallPanels) {
     const TempDir dir;
     SetupStore store(dir.Path());
-    AppearanceState look;
-    look.g_layout = Layout1024x600;
-    EXPECT_FALSE(FlipPlotOnly(look, {1920, 1200}, store));
-    look.g_layout = 2;
-    EXPECT_TRUE(FlipPlotOnly(look, {1920, 1200}, store));
+    Appearance look;
+    look.ChooseLayout(Layout1024x600, store);
+    EXPECT_FALSE(look.FlipPlotOnly(store));
+    look.ChooseLayout(2, store);
+    EXPECT_TRUE(look.FlipPlotOnly(store));
     EXPECT_EQ(store.Read("TagImageOnly.ccz", 9), "1");
-    look.g_layout = LayoutScreen;
-    EXPECT_FALSE(FlipPlotOnly(look, {1000, 700}, store));
-    EXPECT_TRUE(look.g_ImageOnly);
+    look.ChooseLayout(LayoutScreen, store);
+    look.NoteScreen({1000, 700});
+    EXPECT_FALSE(look.FlipPlotOnly(store));
+    EXPECT_TRUE(look.IsPlotOnly());
 }
 
 TEST(UserModes, TheDeliveredPasswordHoldsUntilAnotherIsWritten) {
@@ -211,7 +211,8 @@ TEST(RunSetup, NumbersAreHeldKeptAndExcludeEachOther) {
     const auto apply = [&](const RunSetup& setup, bool administrator) {
         EXPECT_EQ(!!rig.S().user.LogOnAsAdministrator(administrator ? "740261" : "", rig.program.Stores()),
                   administrator);
-        return rig.Done(ApplyRunSetup(setup, rig.S(), rig.program.Stores()));
+        return rig.Done(ApplyRunSetup(setup, rig.S().user.IsAdministrator(), rig.S().curve, rig.S().runs,
+                                      rig.program.Stores()));
     };
     ASSERT_TRUE(
         apply({.seconds = 12, .runs = 10, .interval = 3, .saEnclosed = false, .continuous = false}, false));
@@ -225,7 +226,7 @@ TEST(RunSetup, NumbersAreHeldKeptAndExcludeEachOther) {
     EXPECT_EQ(rig.S().curve.Runs(), 10);
     EXPECT_TRUE(
         apply({.seconds = 0, .runs = 5000, .interval = -1, .saEnclosed = false, .continuous = false}, true));
-    const RunSetup held = CurrentRunSetup(rig.S());
+    const RunSetup held = CurrentRunSetup(rig.S().curve, rig.S().runs);
     EXPECT_EQ(held.runs, 1000);
     EXPECT_EQ(held.seconds, 1);
     EXPECT_EQ(held.interval, 0);
@@ -237,7 +238,7 @@ TEST(RunSetup, NumbersAreHeldKeptAndExcludeEachOther) {
     ASSERT_TRUE(
         apply({.seconds = 5, .runs = 4, .interval = 9, .saEnclosed = true, .continuous = true}, false));
     EXPECT_TRUE(rig.S().runs.IsContinuous());
-    EXPECT_EQ(CurrentRunSetup(rig.S()).runs, 1) << "one run, again and again";
+    EXPECT_EQ(CurrentRunSetup(rig.S().curve, rig.S().runs).runs, 1) << "one run, again and again";
     EXPECT_FALSE(rig.S().runs.IsSaEnclosed());
 }
 

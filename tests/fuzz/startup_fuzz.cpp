@@ -36,8 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     qor::Curve& curve = session->curve;
     Require(curve.Length() >= 1000 && curve.Runs() >= 1);
     Require(curve.scale.Top() > curve.scale.Bottom() && std::isfinite(curve.limit.Level()));
-    const qor::WindowSize window =
-        qor::SizeOf(session->appearance, session->appearance.g_layout, {1280, 1024});
+    const qor::WindowSize window = session->appearance.Size();
     Require(window.width >= 0 && window.width <= 5000 && window.height >= 0 && window.height <= 5000);
     const qor::PlotGeometry plot = qor::ComputeLayout(curve, window.width, window.height);
     curve.SearchMaxima();

@@ -77,6 +77,28 @@ TEST(Ports, SeveralAreProbedAndTheOperatorChooses) {
     EXPECT_LT(rig.S().curve.ReplyTime(), 100) << "of the first command, not of the search before it";
 }
 
+/// Chosen for him, pressed by him.
+TEST(Ports, TheOnlyOneThatAnswersIsProposed) {
+    for (const bool second : {false, true}) {
+        PortsRig rig({"RT-K022", "RT-L027"});
+        rig.lines[1].Add({sim::FaultKind::Silence, 0});
+        if (!second)
+            rig.lines[0].Add({sim::FaultKind::Silence, 0});
+        rig.program.Start(false);
+        rig.time.RunFor(3100);
+        EXPECT_FALSE(rig.S().link.connection.AwaitsChoice()) << "it is being looked what hangs on them";
+        rig.time.RunFor(15000);
+        EXPECT_TRUE(rig.S().link.connection.AwaitsChoice());
+        EXPECT_EQ(rig.S().link.connection.Chosen(), second ? "" : "COM1 (/dev/ttySIM0)");
+        rig.Told();
+        rig.program.Link().OnButton1();
+        EXPECT_EQ(rig.Told(), second ? std::vector<std::string>{"Bitte zuerst einen Port auswaehlen."}
+                                     : std::vector<std::string>());
+        EXPECT_EQ(rig.RunUntilReady(), !second);
+        EXPECT_EQ(PanelOf(rig.S()).portListShown, second) << "nothing was opened, the choice stands";
+    }
+}
+
 TEST(Ports, AfterALossTheyAreLabelledUpToTheFirstThatStaysSilent) {
     PortsRig rig({"RT-K022"});
     rig.program.Start(false);

@@ -101,10 +101,12 @@ public:
         started.push_back(program);
         return works;
     }
+    void CloseStarted() override { closed = started.size(); }
     void RestartAfterEnd(bool keepSession) override { restarts.push_back(keepSession); }
 
     std::vector<std::string> shown;
     std::vector<std::filesystem::path> started;
+    std::size_t closed = 0;     ///< how many of them were told to end
     std::vector<bool> restarts; ///< whether each was to keep the session
     bool works = true;
 };

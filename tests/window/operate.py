@@ -2,12 +2,13 @@
 results, with the refusals on the way. Usage: operate.py QOR"""
 import os
 import pathlib
+import subprocess
 import sys
 import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(__file__))
-from qor_window import Failure, QorWindow  # noqa: E402
+from qor_window import Atspi, Failure, QorWindow  # noqa: E402
 
 
 def expect(condition, complaint):
@@ -42,9 +43,11 @@ def save(window, path):
 def session(window, folder):
     window.wait_text("Zustand", "Bereit", 40)
 
-    # Band by the mouse, order by the keyboard; the panel follows.
-    window.menu("Breite", "EGSM 900")
-    window.wait_text("m_Band_sel", "EGSM")
+    # Band by the mouse, order by the keyboard; the panel follows. A second click on the band takes it back.
+    for band in ("EGSM", "Nichts Breite Selektiert", "EGSM"):
+        window.menu("Breite", "EGSM 900")
+        window.wait_text("m_Band_sel", band)
+    window.wait(lambda: window.title() == "QOR - RT-DB22 - SIM01 - EGSM - Bereit", 5, window.title())
     window.key("ctrl+5")
     window.wait_text("m_IM_sel", "IM5")
     window.key("ctrl+3")
@@ -59,6 +62,8 @@ def session(window, folder):
     refused(window, "Halten Messung erst!")
     window.wait_text("Zustand", "Bereit", 60)
     window.screenshot("two_tone.png")
+    curve = window.need("Kurve").get_description()
+    expect("bestanden" in curve and "schlechtester Punkt: -" in curve, f'the curve is told as "{curve}"')
     save(window, folder / "two_tone.dat")
 
     # A limit below what is measured: the next run fails. It is set in the panel's box.
@@ -119,12 +124,61 @@ def session(window, folder):
     expect(status == 16, f"it ended with {status}")
 
 
+def operator_session(window):
+    """An operator at a small panel computer: no menu, but its keys; one store is damaged."""
+    window.need("Beginnen Messung", 40)
+    expect(window.find("Datei") is None, "an operator has no menu")
+    window.wait(lambda: "Bereit" in window.title(), 40, "it is ready")
+    window.need("Beschaedigt, zaehlt als nicht vorhanden: pathloss.ccz")
+    window.key("ctrl+5")
+    window.wait_text("m_IM_sel", "IM5")
+    window.key("ctrl+l")
+    window.dialog()
+    window.key("Escape")
+    window.wait(lambda: window.open_dialog() is None, 5, "the file dialog closes")
+
+    # The tab key stops at what is in sight only.
+    frame = window.main_window().get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    for _ in range(5):
+        window.key("Tab")
+        time.sleep(0.1)
+        x, y = window.centre(window.focused())
+        expect(frame.x < x < frame.x + frame.width and frame.y < y < frame.y + frame.height,
+               f"the tab key has stopped at {x}, {y}")
+    window.key("ctrl+x")
+    window.dialog()
+    window.key("alt+j")
+    expect(window.process.wait(15) == 16, "it ends in order")
+
+
+def shell(program):
+    """What a shell sees of it."""
+    usage = subprocess.run([program, "--help"], capture_output=True, text=True, timeout=20)
+    expect(usage.returncode == 0 and usage.stdout.startswith("Usage: qor ["), usage.stdout)
+    blind = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
+    lost = subprocess.run([program, "--simulate", "RT-DB22:6.2"], env=blind, capture_output=True, text=True, timeout=20)
+    expect(lost.returncode == 4 and lost.stderr.startswith("qor: There is no display"),
+           f"without a display: {lost.returncode}, {lost.stderr}")
+
+
 def main():
     program = sys.argv[1]
+    shell(program)
     with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as stores:
         window = QorWindow(program, "--data-dir", stores, "--simulate", "RT-DB22:6.2")
         try:
             session(window, pathlib.Path(folder))
+        except Failure:
+            window.screenshot("failure.png")
+            raise
+        finally:
+            window.close()
+    with tempfile.TemporaryDirectory() as stores:
+        for name, text in (("user_EN.ccz", "1"), ("Resolution.ccz", "8"), ("pathloss.ccz", "9999")):
+            pathlib.Path(stores, name).write_text(text)
+        window = QorWindow(program, "-ConfigStart", "--data-dir", stores, "--simulate", "RT-DB22:6.2", log_on="Escape")
+        try:
+            operator_session(window)
         except Failure:
             window.screenshot("failure.png")
             raise

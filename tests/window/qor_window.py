@@ -42,10 +42,15 @@ def is_showing(node):
 class QorWindow:
     """One running qor. Its window is found by the process, its controls by their accessible names."""
 
-    def __init__(self, program, *arguments, environment=None):
+    def __init__(self, program, *arguments, environment=None, log_on=None):
+        """`log_on`: the key that closes the question who is there."""
         variables = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL="C.UTF-8", **(environment or {}))
         self.process = subprocess.Popen([program, *arguments], env=variables)
         self.application = None
+        if log_on:
+            self.wait(lambda: self._find_application() and self.open_dialog(), 30, "it is asked who is there")
+            time.sleep(0.5)
+            self.key(log_on)
         self.wait(lambda: self._find_application() and self.main_window(), 30, "the window comes up")
 
     def _find_application(self):
@@ -88,6 +93,20 @@ class QorWindow:
             if name_of(node) == name and is_showing(node):
                 return node
         return None
+
+    def focused(self):
+        """The control that has the keyboard, or None."""
+        for node in self.nodes(self.main_window()):
+            try:
+                if node.get_state_set().contains(Atspi.StateType.FOCUSED):
+                    return node
+            except GLib.Error:
+                pass
+        return None
+
+    def title(self):
+        """Of the main window, as the window manager has it."""
+        return run("xdotool", "search", "--onlyvisible", "--name", "^QOR", "getwindowname").strip()
 
     def need(self, name, seconds=5):
         self.wait(lambda: self.find(name) is not None, seconds, f'"{name}" is shown')

@@ -24,8 +24,16 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
         {"wire", "Log every transfer to a file.", "FILE"},
     });
     const bool parsed = parser.parse(arguments);
-    if (parser.isSet("help") || parser.isSet("version"))
-        return {{}, parser.isSet("help") ? parser.helpText().toStdString() : "qor " QOR_VERSION "\n", true};
+    if (parser.isSet("help")) {
+        // There is no application yet that the parser could ask for its name.
+        return {{},
+                parser.helpText()
+                    .replace(QStringLiteral("<executable_name>"), QStringLiteral("qor"))
+                    .toStdString(),
+                true};
+    }
+    if (parser.isSet("version"))
+        return {{}, "qor " QOR_VERSION "\n", true};
     if (!parsed)
         return {{}, parser.errorText().toStdString(), false};
     if (const QStringList loose = parser.positionalArguments(); !loose.isEmpty())

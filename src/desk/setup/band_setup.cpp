@@ -3,8 +3,8 @@
 #include "bands/catalogue.h"
 #include "base/setup_store.h"
 #include "base/text_format.h"
-#include "desk/session.h"
 #include "link/commands.h"
+#include "link/working_set.h"
 
 #include <algorithm>
 
@@ -67,15 +67,16 @@ SetupCaptions CaptionsOf(int band) {
     return captions;
 }
 
-Outcome SaveTdScdmaAF1(double f1, Session& session, SetupStore& store) {
+Outcome SaveTdScdmaAF1(double f1, const WorkingSet& working, CommandQueue& queue, SetupStore& store) {
+    constexpr double Lowest = 0.1;
     constexpr double Highest = 9999.9;
-    if (!(f1 >= 0 && f1 <= Highest))
+    if (!(f1 >= Lowest && f1 <= Highest))
         return Outcome::Refused("Falsch, dichtesortierung.");
     if (!store.Write("tdb_f1.ccz", Fixed(f1, 1)))
         return Outcome::Refused("Oeffnen file Misserfolg");
-    if (session.working.Band() == BandTdScdmaA) {
-        session.link.queue.Append(WithTenths("#SFA", f1));
-        session.link.queue.Append(WithTenths("#SFB", static_cast<double>(TdScdmaAF2)));
+    if (working.Band() == BandTdScdmaA) {
+        queue.Append(WithTenths(command::Frequency1, f1));
+        queue.Append(WithTenths(command::Frequency2, static_cast<double>(TdScdmaAF2)));
     }
     return Outcome::Done();
 }

@@ -8,7 +8,8 @@
 namespace qor {
 
 class SetupStore;
-struct Session;
+class CommandQueue;
+class WorkingSet;
 
 /// Captions of a band's set-up dialog.
 struct SetupCaptions {
@@ -32,9 +33,9 @@ struct SetupCaptions {
 /// Tone 2 of TD-SCDMA-A, MHz.
 inline constexpr float TdScdmaAF2 = 2025.0f;
 
-/// Keeps f1 of TD-SCDMA-A (MHz, 0 to 9999.9) in `tdb_f1.ccz` and, while the band is in use, queues both tones
-/// for the instrument. Refused when f1 does not fit the five digits of a command or the store
-/// cannot be written.
-Outcome SaveTdScdmaAF1(double f1, Session& session, SetupStore& store);
+/// Keeps f1 of TD-SCDMA-A (MHz, 0.1 to 9999.9) in `tdb_f1.ccz` and, while the band is in use, queues both
+/// tones for the instrument. Refused when f1 does not fit the five digits of a command or the store cannot be
+/// written.
+Outcome SaveTdScdmaAF1(double f1, const WorkingSet& working, CommandQueue& queue, SetupStore& store);
 
 } // namespace qor

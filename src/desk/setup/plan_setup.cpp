@@ -3,8 +3,8 @@
 #include "bands/catalogue.h"
 #include "bands/records.h"
 #include "base/setup_store.h"
-#include "desk/session.h"
 #include "link/commands.h"
+#include "link/working_set.h"
 
 #include <array>
 #include <charconv>
@@ -19,11 +19,13 @@ bool HasOwnDefault(int band) {
 
 } // namespace
 
-PlanSetup::PlanSetup(int band, int imIndex, Session& session, SetupStore& store)
-    : m_Band(band), m_IMIndex(imIndex), m_Session(session), m_Store(store) {
+PlanSetup::PlanSetup(int band, int imIndex, const WorkingSet& working, CommandQueue& queue, SetupStore& store,
+                     bool factory)
+    : m_Band(band), m_IMIndex(imIndex), m_Working(working), m_Queue(queue), m_Store(store),
+      m_Factory(factory) {
     const BandInfo* const info = FindBand(band);
     const auto stored = info ? ReadPlanStore(store, info->prefix, imIndex) : std::nullopt;
-    Edit(stored ? *stored : DefaultPlan(band, imIndex, session.working.Bridge()).value_or(FrequencyPlan{}));
+    Edit(stored ? *stored : DefaultPlan(band, imIndex, working.Bridge()).value_or(FrequencyPlan{}));
 }
 
 std::string_view PlanSetup::BandRangesText() const {
@@ -32,7 +34,7 @@ std::string_view PlanSetup::BandRangesText() const {
 }
 
 bool PlanSetup::OffersDefault() const {
-    return m_Session.g_factoryMode && HasOwnDefault(m_Band);
+    return m_Factory && HasOwnDefault(m_Band);
 }
 
 void PlanSetup::Edit(const FrequencyPlan& plan) {
@@ -45,7 +47,7 @@ void PlanSetup::Standard() {
     if (HasOwnDefault(m_Band))
         plan = ReadPlan(m_Store, DefaultPlanStoreName(FindBand(m_Band)->prefix, m_IMIndex));
     if (!plan)
-        plan = DefaultPlan(m_Band, m_IMIndex, m_Session.working.Bridge());
+        plan = DefaultPlan(m_Band, m_IMIndex, m_Working.Bridge());
     Edit(plan.value_or(m_Plan)); // the TETRA bands have none at IM11
 }
 
@@ -70,27 +72,27 @@ Outcome PlanSetup::Store(bool forDefault) {
         forDefault ? DefaultPlanStoreName(info->prefix, m_IMIndex) : PlanStoreName(info->prefix, m_IMIndex);
     if (!m_Store.Write(name, PlanRecord(m_Plan)))
         return Outcome::Refused("Oeffnen file Misserfolg");
-    if (m_Session.working.Bridge() == 0 && !SubBandTest(m_Plan, m_Band, m_IMIndex, forDefault))
+    if (m_Working.Bridge() == 0 && !SubBandTest(m_Plan, m_Band, m_IMIndex, forDefault))
         return Outcome::DoneWith("Please confirm what you set be valid for the device.");
     return Outcome::Done();
 }
 
 /// The tones that a sweep holds are sent when it starts.
 void PlanSetup::QueuePlan() {
-    if (m_Session.working.Band() != m_Band)
+    if (m_Working.Band() != m_Band)
         return;
-    const auto queue = [this](std::string_view command, float mhz) {
-        m_Session.link.queue.Append(WithTenths(command, static_cast<double>(mhz)));
+    const auto queue = [this](std::string_view what, float mhz) {
+        m_Queue.Append(WithTenths(what, static_cast<double>(mhz)));
     };
-    queue("#SFA", m_Plan.f1);
-    queue("#SFB", m_Plan.f2);
-    if (m_Session.working.ImIndex() != m_IMIndex)
+    queue(command::Frequency1, m_Plan.f1);
+    queue(command::Frequency2, m_Plan.f2);
+    if (m_Working.ImIndex() != m_IMIndex)
         return;
-    queue("#SSA", m_Plan.f1Start);
-    queue("#SSB", m_Plan.f2Start);
-    queue("#STA", m_Plan.f1Stop);
-    queue("#STB", m_Plan.f2Stop);
-    queue("#SWA", m_Plan.step);
+    queue(command::SweepStart1, m_Plan.f1Start);
+    queue(command::SweepStart2, m_Plan.f2Start);
+    queue(command::SweepStop1, m_Plan.f1Stop);
+    queue(command::SweepStop2, m_Plan.f2Stop);
+    queue(command::SweepStep, m_Plan.step);
 }
 
 std::string FieldText(float mhz) {

@@ -9,14 +9,17 @@
 namespace qor {
 
 class SetupStore;
-struct Session;
+class CommandQueue;
+class WorkingSet;
 
 /// A frequency page of a band's set-up dialog: the plan of one order as it stands in the fields, what the
 /// check says of it, and what saving does.
 class PlanSetup {
 public:
     /// Takes the stored plan of the band and order (index 1 IM3 to 5 IM11), else the built-in one.
-    PlanSetup(int band, int imIndex, Session& session, SetupStore& store);
+    /// `factory`: the maker's own commands are offered.
+    PlanSetup(int band, int imIndex, const WorkingSet& working, CommandQueue& queue, SetupStore& store,
+              bool factory);
 
     [[nodiscard]] const FrequencyPlan& Plan() const { return m_Plan; }
     /// The plan may be saved while this one fits.
@@ -42,8 +45,10 @@ private:
 
     int m_Band;
     int m_IMIndex;
-    Session& m_Session;
+    const WorkingSet& m_Working;
+    CommandQueue& m_Queue;
     SetupStore& m_Store;
+    bool m_Factory;
     FrequencyPlan m_Plan;
     PlanVerdict m_Verdict;
 };

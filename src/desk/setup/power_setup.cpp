@@ -7,6 +7,7 @@
 #include "base/text_format.h"
 #include "desk/level_unit.h"
 #include "desk/session.h"
+#include "link/commands.h"
 
 #include <cmath>
 
@@ -117,8 +118,8 @@ Outcome PowerSetup::Save() {
         return Outcome::Refused("Oeffnen file Misserfolg");
     if (m_Session.working.Band() == m_Band) {
         m_Session.working.SetPower(digits1, digits2);
-        m_Session.link.queue.Append("#SPWA" + digits1);
-        m_Session.link.queue.Append("#SPWB" + digits2);
+        m_Session.link.queue.Append(std::string(command::Power1) + digits1);
+        m_Session.link.queue.Append(std::string(command::Power2) + digits2);
     }
     m_Fields.canSave = false;
     Outcome unit = RenewUnit(tone1, tone2);

@@ -2,7 +2,8 @@
 
 #include "base/setup_store.h"
 #include "base/text_format.h"
-#include "desk/session.h"
+#include "curve/curve.h"
+#include "measure/run.h"
 
 #include <algorithm>
 
@@ -17,35 +18,34 @@ constexpr int LargestStored = 9999999;
 
 } // namespace
 
-RunSetup CurrentRunSetup(const Session& session) {
-    return {session.curve.Length() / 1000, session.curve.Runs(), session.runs.Interval(),
-            session.runs.IsSaEnclosed(), session.runs.IsContinuous()};
+RunSetup CurrentRunSetup(const Curve& curve, const RunSettings& runs) {
+    return {curve.Length() / 1000, curve.Runs(), runs.Interval(), runs.IsSaEnclosed(), runs.IsContinuous()};
 }
 
-Outcome ApplyRunSetup(const RunSetup& setup, Session& session, SetupStore& store) {
+Outcome ApplyRunSetup(const RunSetup& setup, bool administrator, Curve& curve, RunSettings& runs,
+                      SetupStore& store) {
     RunSetup taken = setup;
     if (taken.continuous) {
         taken.saEnclosed = false;
         taken.runs = 1;
         taken.interval = 0;
-        session.curve.WatchWorst();
+        curve.WatchWorst();
     } else if (taken.saEnclosed) {
         taken.runs = 2;
         taken.interval = 0;
     }
-    if (taken.runs > MostRuns && !session.user.IsAdministrator())
+    if (taken.runs > MostRuns && !administrator)
         return Outcome::Refused("Einbauen misserfolg");
     taken.runs = std::clamp(taken.runs, 1, static_cast<int>(CurveRuns));
     taken.interval = std::clamp(taken.interval, 0, LargestStored);
     taken.seconds = std::clamp(taken.seconds, 1, LongestSeconds);
 
-    RunSettings& runs = session.runs;
     runs.SetContinuous(taken.continuous);
     runs.SetSaEnclosed(taken.saEnclosed);
     runs.SetInterval(taken.interval);
-    session.curve.SetRuns(taken.runs);
-    session.curve.ShowRun(0);
-    session.curve.SetLength(taken.seconds * 1000);
+    curve.SetRuns(taken.runs);
+    curve.ShowRun(0);
+    curve.SetLength(taken.seconds * 1000);
     store.Write("2tone_time.ccz", ZeroPadded(taken.seconds, Digits));
     store.Write("Sweeptime.ccz", ZeroPadded(taken.runs, Digits));
     store.Write("SweepInter.ccz", ZeroPadded(taken.interval, Digits));

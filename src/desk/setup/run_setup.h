@@ -5,7 +5,8 @@
 namespace qor {
 
 class SetupStore;
-struct Session;
+class Curve;
+class RunSettings;
 
 /// What the operator sets for the runs of a measurement.
 struct RunSetup {
@@ -17,10 +18,11 @@ struct RunSetup {
 };
 
 /// The set-up in force.
-[[nodiscard]] RunSetup CurrentRunSetup(const Session& session);
+[[nodiscard]] RunSetup CurrentRunSetup(const Curve& curve, const RunSettings& runs);
 
 /// Takes the set-up over and keeps its numbers in `2tone_time.ccz`, `Sweeptime.ccz` and `SweepInter.ccz`.
 /// Refused, with nothing changed, for more runs than this user may set.
-Outcome ApplyRunSetup(const RunSetup& setup, Session& session, SetupStore& store);
+Outcome ApplyRunSetup(const RunSetup& setup, bool administrator, Curve& curve, RunSettings& runs,
+                      SetupStore& store);
 
 } // namespace qor

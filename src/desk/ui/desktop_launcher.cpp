@@ -4,6 +4,10 @@
 
 #include <QtWidgets>
 
+#include <csignal>
+#include <sys/pidfd.h>
+#include <unistd.h>
+
 namespace qor::ui {
 
 bool DesktopLauncher::Show(const std::string& addressOrPath) {
@@ -15,7 +19,25 @@ bool DesktopLauncher::Show(const std::string& addressOrPath) {
 }
 
 bool DesktopLauncher::Start(const std::filesystem::path& program) {
-    return QProcess::startDetached(Plain(program.string()), {});
+    qint64 process = 0;
+    if (!QProcess::startDetached(Plain(program.string()), {}, {}, &process))
+        return false;
+    if (const int descriptor = ::pidfd_open(static_cast<pid_t>(process), 0); descriptor >= 0)
+        m_Started.push_back(descriptor);
+    return true;
+}
+
+void DesktopLauncher::CloseStarted() {
+    for (const int process : m_Started) {
+        ::pidfd_send_signal(process, SIGTERM, nullptr, 0);
+        ::close(process);
+    }
+    m_Started.clear();
+}
+
+DesktopLauncher::~DesktopLauncher() {
+    for (const int process : m_Started)
+        ::close(process);
 }
 
 void DesktopLauncher::RestartAfterEnd(bool keepSession) {

@@ -109,15 +109,16 @@ void FormDialog::MarkField(QWidget* field, bool wrong, const QString& why, bool 
     }
 }
 
-double FormDialog::NumberOf(QLineEdit* field, bool& ok) {
+double FormDialog::NumberOf(QLineEdit* field, bool& ok, double low, double high) {
     bool isNumber = false;
     const double number = QLocale::c().toDouble(field->text().trimmed(), &isNumber);
-    if (isNumber) {
+    if (isNumber && number >= low && number <= high) {
         MarkField(field, false);
         return number;
     }
     ok = false;
-    Refuse(field, Tr("ist keine Zahl. Bitte mit Dezimalpunkt eingeben."));
+    Refuse(field, isNumber ? Tr("braucht eine Zahl:") + QStringLiteral(" %1 .. %2").arg(low).arg(high)
+                           : Tr("ist keine Zahl. Bitte mit Dezimalpunkt eingeben."));
     return 0;
 }
 

@@ -41,9 +41,9 @@ public:
     /// Marks a field as wrong, or right again; `why` becomes its tip and, with a first fault, the line under
     /// the fields. The field takes the focus when `focus` is set.
     void MarkField(QWidget* field, bool wrong, const QString& why = {}, bool focus = false);
-    /// Number of a field with a decimal point, whatever the locale. A field that holds none is marked, takes
-    /// the focus, and `ok` becomes false.
-    double NumberOf(QLineEdit* field, bool& ok);
+    /// Number of a field with a decimal point, whatever the locale. A field that holds none, or one outside
+    /// `low` to `high`, is refused by its name, takes the focus, and `ok` becomes false.
+    double NumberOf(QLineEdit* field, bool& ok, double low = -1e300, double high = 1e300);
     /// Whole number of a field, `low` to `high`. Anything else, a decimal too, is refused by the field's name
     /// and its range; the text stays as it was typed.
     int WholeNumberOf(QLineEdit* field, int low, int high, bool& ok);

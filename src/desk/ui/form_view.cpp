@@ -3,6 +3,7 @@
 #include "curve/alarm.h"
 #include "curve/ui/curve_wnd.h"
 #include "desk/commands.h"
+#include "desk/notices.h"
 #include "desk/program.h"
 #include "desk/ui/pictures.h"
 #include "desk/ui/text.h"
@@ -40,13 +41,59 @@ void SetFlag(QWidget* widget, const char* name, bool on) {
     widget->setFont(font);
 }
 
+void FillPorts(QComboBox* list, const QStringList& ports) {
+    const int chosen = list->currentIndex();
+    list->clear();
+    list->addItems(ports);
+    list->setCurrentIndex(std::clamp(chosen, -1, list->count() - 1));
+    // What hangs on a port makes its entry longer than the box; the list shows it whole.
+    list->view()->setMinimumWidth(list->view()->sizeHintForColumn(0) + 24);
+}
+
+/// What a control is, in the chosen language: its name is the field's.
+void Describe(QWidget* widget, std::string_view what) {
+    widget->setAccessibleDescription(Tr(what));
+}
+
+// shown to the operator
+constexpr std::string_view VerdictWords[] = {"kein Urteil", "bestanden", "nicht bestanden", "Geraetefehler"};
+
+QString VerdictText(const Session& session) {
+    const int verdict = session.curve.verdict.Value();
+    const int n = IsInstrumentError(verdict)                                ? 3
+                  : verdict == VerdictPassed                                ? 1
+                  : verdict == VerdictFailed || verdict == VerdictOverLimit ? 2
+                                                                            : 0;
+    return Tr(VerdictWords[n]);
+}
+
+/// The curve in a sentence, for those who cannot see it.
+QString CurveSentence(const Session& session, const Panel& panel) {
+    const Curve& curve = session.curve;
+    const auto present = [](float level) { return level != 0.0f; };
+    const auto points = std::count_if(curve.Up().begin(), curve.Up().end(), present) +
+                        std::count_if(curve.Down().begin(), curve.Down().end(), present);
+    const QString unit = ' ' + Plain(panel.unit);
+    QStringList parts{Tr(panel.m_Mode_sel), Tr("Punkte:") + ' ' + QString::number(points)};
+    if (!panel.m_WorstLevelText.empty())
+        parts << Tr("schlechtester Punkt:") + ' ' + Plain(panel.m_WorstLevelText) + unit + ' ' +
+                     Plain(panel.m_WorstFreqText) + QStringLiteral(" MHz");
+    parts << Tr("Grenzwert:") + ' ' + Plain(panel.m_AlarmText) + unit << VerdictText(session);
+    return parts.join(QStringLiteral(", ")) + '.';
+}
+
 } // namespace
 
 CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget* parent)
-    : QWidget(parent), m_Program(program), m_Commands(commands), m_Curve(new CCurveWnd(program, this)) {
+    : QWidget(parent), m_Program(program), m_Commands(commands), m_Curve(new CCurveWnd(program, this)),
+      m_Stamp(new QWidget(m_Curve)), m_Notices(new QLabel(this)) {
     setObjectName(QStringLiteral("panel"));
     setAttribute(Qt::WA_StyledBackground);
     setMinimumSize(100, 40);
+    m_Curve->setAccessibleName(Tr("Kurve"));
+    m_Stamp->setAccessibleName(Tr("Stempel"));
+    m_Stamp->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_Notices->setObjectName(QStringLiteral("notices"));
     BuildCells();
     BuildBoxes();
     BuildColumn();
@@ -100,6 +147,7 @@ void CTestSDIFormView::BuildCells() {
         m_ListRow[row] = AddText("m_FileRow" + std::to_string(row + 1));
         m_ListRow[row]->setObjectName(QStringLiteral("listRow"));
         m_ListRow[row]->setFocusPolicy(Qt::StrongFocus);
+        Describe(m_ListRow[row], "Eintrag der Ergebnisliste");
         m_ListRow[row]->installEventFilter(this);
     }
     // shown to the operator
@@ -115,8 +163,12 @@ void CTestSDIFormView::BuildCells() {
     }
     static constexpr std::string_view Cells[] = {"m_Band_sel", "m_Mode_sel",       "m_IM_sel",
                                                  "m_Path_sel", "m_SweepKind_text", "Zustand"};
+    // shown to the operator
+    static constexpr std::string_view Words[] = {"Gewaehlte Breite", "Messverfahren", "Ordnung des Produkts",
+                                                 "Messweg",          "Wiederholung",  "Zustand"};
     for (std::size_t n = 0; n < m_Cell.size(); ++n) {
         m_Cell[n] = AddText(Cells[n]);
+        Describe(m_Cell[n], Words[n]);
         m_Cell[n]->setObjectName(QStringLiteral("cell"));
     }
 }
@@ -127,6 +179,8 @@ void CTestSDIFormView::BuildBoxes() {
     m_F2 = AddText("m_f2_text");
     m_F1Label = new QLabel(QStringLiteral("f1:"), this);
     m_F2Label = new QLabel(QStringLiteral("f2:"), this);
+    Describe(m_F1, "Frequenz von Ton 1 in MHz");
+    Describe(m_F2, "Frequenz von Ton 2 in MHz");
     m_Path = new PathPicture(this);
     m_Lamp = new LampPicture(this);
     m_ReadingBox = new QGroupBox(Tr("--- fIM/dBm ---"), this);
@@ -134,11 +188,14 @@ void CTestSDIFormView::BuildBoxes() {
     m_Fim = AddText("m_fIM_text");
     m_Reading = AddText("m_ReadingText");
     m_Reading->setObjectName(QStringLiteral("reading"));
+    Describe(m_Fim, "Frequenz des Produkts in MHz");
+    Describe(m_Reading, "Zuletzt gelesener Pegel");
     m_ReadingUnit = new QLabel(this);
 }
 
 void CTestSDIFormView::BuildColumn() {
     m_Head = new HeadPicture(this);
+    m_Head->setAccessibleName(QStringLiteral("QOR PIM Analyzer"));
     m_AlarmBox = new QGroupBox(Tr("----- Alarm Niveau------"), this);
     m_Alarm = new QLineEdit(this);
     m_Alarm->setAccessibleName(QStringLiteral("m_AlarmText"));
@@ -172,6 +229,7 @@ void CTestSDIFormView::BuildMarkers() {
         row.position->setAccessibleName(Plain("m_MarkerPosText" + number));
         row.position->setToolTip(Tr("Stelle des Markers: Zeit oder Frequenz"));
         row.level = AddText("m_MarkerLevelText" + number);
+        Describe(row.level, "Pegel am Marker");
         row.positionUnit = new QLabel(this);
         row.levelUnit = new QLabel(this);
         const auto check = [this, n, &number](std::string_view caption, std::string_view tip) {
@@ -196,10 +254,17 @@ void CTestSDIFormView::BuildButtons() {
     m_PortLabel->setBuddy(m_PortList);
     QObject::connect(m_PortList, &QComboBox::activated, this,
                      [this] { m_Program.State().link.connection.Choose(Utf8(m_PortList->currentText())); });
+    Describe(m_PortList, "Anschluss des Geraets");
     m_PortButton = AddButton("Scannen Port", {}, [this] { m_Program.Link().OnButton1(); });
+    Describe(m_PortButton, "Anschluss suchen, oeffnen oder schliessen");
     m_Start = new StartButton(this);
-    QObject::connect(m_Start, &QPushButton::clicked, this,
-                     [this] { Pressed([this] { m_Commands.Run("start_stop"); }); });
+    Describe(m_Start, "Messung beginnen oder anhalten");
+    QObject::connect(m_Start, &QPushButton::clicked, this, [this] {
+        Pressed([this] {
+            OfferPortsAgain();
+            m_Commands.Run("start_stop");
+        });
+    });
     m_Clear = AddButton("R", "Anzeige loeschen", [this] { m_Commands.Run("clear_display"); });
     m_Clear->setObjectName(QStringLiteral("small"));
     m_Exit = AddButton("Exit", "Programm beenden", [this] { m_Commands.Run("exit"); });
@@ -262,14 +327,18 @@ void CTestSDIFormView::RefreshCells() {
         Show(m_Alarm, Plain(panel.m_AlarmText));
     Show(m_AlarmUnit, Plain(panel.unit));
     Show(m_Serial, Plain(session.results.device.Serial()));
-    m_Serial->setVisible(session.appearance.serialShown);
-    m_SerialLabel->setVisible(session.appearance.serialShown);
+    m_Serial->setVisible(session.appearance.ShowsSerial());
+    m_SerialLabel->setVisible(session.appearance.ShowsSerial());
     if (const unsigned saved = session.results.autoSave.Saved(); saved != m_SavedRuns) {
         m_SavedRuns = saved; // the next device's number can be scanned in
         m_Serial->setFocus(Qt::OtherFocusReason);
         m_Serial->selectAll();
     }
     m_Path->Show(session.working.Path() == 1);
+    m_Path->setAccessibleName(Tr(panel.m_Path_sel));
+    Describe(m_Path, session.working.Path() == 1
+                         ? "Der Pegel kommt an dem Port an, von dem die Traeger ausgehen."
+                         : "Der Pegel kommt durch den Pruefling am anderen Port an.");
     m_Lamp->Show(ShownLamp(), state);
     m_Start->Show(session.run.IsOn(), m_Layout.picture == StartPicture::Small,
                   session.run.IsOn() ? Tr("Halten Messung") : Tr("Beginnen Messung"));
@@ -301,28 +370,64 @@ void CTestSDIFormView::RefreshPort() {
     QStringList ports;
     for (const PortEntry& port : link.connection.Ports())
         ports << Plain(port.text);
+    OfferPorts();
     QStringList shown;
     for (int n = 0; n < m_PortList->count(); ++n)
         shown << m_PortList->itemText(n);
-    if (ports == shown)
+    if (ports != shown)
+        FillPorts(m_PortList, ports);
+    if (m_PortList->currentIndex() < 0) // the one that answered stands there already
+        m_PortList->setCurrentIndex(m_PortList->findText(Plain(link.connection.Chosen())));
+}
+
+/// Where the list of ports is out of sight, they are offered in a dialog, once for each choice.
+void CTestSDIFormView::OfferPorts() {
+    const ConnectionState& connection = m_Program.State().link.connection;
+    if (!connection.AwaitsChoice())
+        m_PortsOffered = false;
+    else if (!m_PortsOffered && isVisible() && !rect().intersects(m_PortList->geometry()) &&
+             !QApplication::activeModalWidget()) {
+        m_PortsOffered = true;
+        QMetaObject::invokeMethod(
+            this, [this] { Pressed([this] { m_Commands.Run("choose_port"); }); }, Qt::QueuedConnection);
+    }
+}
+
+/// The lines above the plot.
+void CTestSDIFormView::RefreshNotices() {
+    QStringList lines;
+    for (const std::string& line : NoticesOf(m_Program.State(), m_Program.Stores()))
+        lines << TrText(line);
+    if (lines == m_NoticeLines)
         return;
-    const int chosen = m_PortList->currentIndex();
-    m_PortList->clear();
-    m_PortList->addItems(ports);
-    m_PortList->setCurrentIndex(std::clamp(chosen, -1, m_PortList->count() - 1));
-    // The box is narrow; its list shows the whole device path.
-    m_PortList->view()->setMinimumWidth(m_PortList->view()->sizeHintForColumn(0) + 24);
+    m_NoticeLines = lines;
+    Relayout();
+    m_Notices->setToolTip(lines.join('\n'));
+    m_Notices->setAccessibleName(lines.join(' '));
+}
+
+void CTestSDIFormView::RefreshPlotWords() {
+    const Session& session = m_Program.State();
+    const QString sentence = CurveSentence(session, PanelOf(session));
+    if (m_Curve->accessibleDescription() == sentence)
+        return;
+    m_Curve->setAccessibleDescription(sentence);
+    m_Stamp->setGeometry(m_Curve->width() / 3, m_Curve->height() / 4, m_Curve->width() / 3, 40);
+    m_Stamp->setAccessibleDescription(VerdictText(session));
+    m_Stamp->setVisible(session.curve.limit.StampOn() && VerdictText(session) != Tr(VerdictWords[0]));
 }
 
 void CTestSDIFormView::Refresh() {
     const Session& session = m_Program.State();
     if (session.results.list.IsOpen() != m_ListShown)
         Relayout();
+    RefreshNotices();
     RefreshCells();
     RefreshMarkers();
     RefreshPort();
     RefreshList();
     m_Curve->Refresh();
+    RefreshPlotWords();
 }
 
 void CTestSDIFormView::TakeLimit() {

@@ -3,6 +3,7 @@
 #include "desk/panel.h"
 #include "desk/panel_layout.h"
 
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
@@ -40,6 +41,10 @@ public:
     void Relayout();
     /// An entry that is being typed is taken before a command runs.
     void LeaveFields();
+    /// The start button was pressed: a choice of ports that was passed over is offered once more.
+    void OfferPortsAgain() { m_PortsOffered = false; }
+    /// What is going on, as the sixth cell says it.
+    [[nodiscard]] QString StateText() const;
     /// Called after every press on the panel.
     void SetAfterCommand(std::function<void()> after) { m_AfterCommand = std::move(after); }
 
@@ -77,6 +82,9 @@ private:
     void RefreshCells();
     void RefreshMarkers();
     void RefreshPort();
+    void OfferPorts();
+    void RefreshNotices();
+    void RefreshPlotWords();
     void RefreshList();
     void TakeLimit();
     void PressListButton(std::size_t n);
@@ -85,7 +93,6 @@ private:
     void TakeMarkerPosition(std::size_t n);
     void Pressed(const std::function<void()>& what);
     [[nodiscard]] Lamp ShownLamp() const;
-    [[nodiscard]] QString StateText() const;
     void PlaceAt(QWidget* widget, const QRect& place);
     void Place(QWidget* widget, Control control);
     void Enable(QWidget* widget, bool enabled);
@@ -96,6 +103,8 @@ private:
     std::function<void()> m_AfterCommand;
 
     CCurveWnd* m_Curve;
+    QWidget* m_Stamp; ///< painted by the plot; told here to those who cannot see it
+    QLabel* m_Notices;
     QPushButton* m_ScaleUp;
     QPushButton* m_ScaleDown;
     std::array<QLineEdit*, 7> m_ListRow{};
@@ -135,6 +144,8 @@ private:
     bool m_LayoutDone = false; ///< g_LayoutDone
     bool m_Dragging = false;
     bool m_ListShown = false;
+    bool m_PortsOffered = false; ///< in a dialog, where the list is out of sight
+    QStringList m_NoticeLines;
 };
 
 } // namespace qor::ui

@@ -58,12 +58,17 @@ void CTestSDIFormView::PlaceMarkerRow(const MarkerRow& row, const PanelRect& box
 
 void CTestSDIFormView::Relayout() {
     const Session& session = m_Program.State();
-    const AppearanceState& appearance = session.appearance;
+    const Appearance& appearance = session.appearance;
     m_ListShown = session.results.list.IsOpen();
-    const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
-    m_Layout =
-        qor::Relayout({size.width, size.height, appearance.g_ImageOnly, m_ListShown, width(), height()});
+    const WindowSize size = appearance.Size();
+    m_Layout = qor::Relayout({size.width, size.height, appearance.IsPlotOnly(), m_ListShown,
+                              static_cast<int>(m_NoticeLines.size()), width(), height()});
 
+    Place(m_Notices, Control::NoticeBar);
+    QStringList notices; // one that is too long for its row ends in dots and is whole in the tip
+    for (const QString& line : m_NoticeLines)
+        notices << m_Notices->fontMetrics().elidedText(line, Qt::ElideRight, m_Notices->width() - 12);
+    m_Notices->setText(notices.join('\n'));
     Place(m_Curve, Control::Plot);
     Place(m_ScaleUp, Control::ScaleUp);
     Place(m_ScaleDown, Control::ScaleDown);
@@ -130,8 +135,7 @@ void CTestSDIFormView::resizeEvent(QResizeEvent*) {
     if (m_LayoutDone) {
         Session& session = m_Program.State();
         m_Dragging = true;
-        TakeDraggedSize(session.appearance, {width(), height()}, session.appearance.screen,
-                        m_Program.Stores());
+        session.appearance.TakeDraggedSize({width(), height()}, m_Program.Stores());
         if (m_AfterCommand)
             m_AfterCommand();
         m_Dragging = false;

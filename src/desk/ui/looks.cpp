@@ -77,6 +77,7 @@ QWidget#panel QLineEdit#cell { background: rgb(96,79,91); color: #ffffff; border
 QWidget#panel QLineEdit#listRow { background: rgb(70,58,66); color: #ffffff; border: 1px solid rgb(150,134,146);
     border-radius: 0; }
 QWidget#panel QLineEdit#listRow[shown="true"] { background: @accent; color: @accentText; }
+QWidget#panel QLabel#notices { background: #7a4a00; color: #ffffff; padding-left: 6px; }
 QWidget#panel QPushButton#small { padding: 0; border-radius: 2px; font-size: 10px; }
 QWidget#panel QLineEdit#reading[over="true"] { color: rgb(255,0,0); }
 )";

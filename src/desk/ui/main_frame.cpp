@@ -34,7 +34,7 @@ QString MenuCaption(const QString& caption) {
 CMainFrame::CMainFrame(Program& program, Dialogs& dialogs)
     : m_Program(program), m_Commands(program, dialogs),
       m_Form(new CTestSDIFormView(program, m_Commands, this)) {
-    setWindowTitle(QStringLiteral("QOR"));
+    setAccessibleName(QStringLiteral("QOR"));
     setCentralWidget(m_Form);
     BuildMenu();
     QObject::connect(&m_Refresh, &QTimer::timeout, this, [this] { Refresh(); });
@@ -96,6 +96,8 @@ void CMainFrame::RunCommand(const CommandRow& row) {
     if (m_Program.IsLeaving() || QApplication::activeModalWidget())
         return;
     m_Form->LeaveFields();
+    if (&row == FindCommand("start_stop"))
+        m_Form->OfferPortsAgain();
     m_Commands.Run(row);
     Refresh();
     ShowChecks();
@@ -109,36 +111,52 @@ void CMainFrame::Refresh() {
     if (const int wanted = idle ? IdleRefreshMs : RefreshMs; m_Refresh.interval() != wanted)
         m_Refresh.start(wanted);
     menuBar()->setVisible(panel.menuShown);
+    ShowTitle(panel);
     m_Form->Refresh();
+}
+
+/// "QOR", and behind it what tells this window from another one: instrument, band, state.
+void CMainFrame::ShowTitle(const Panel& panel) {
+    const Identity& identity = m_Program.State().link.identity;
+    QStringList parts{QStringLiteral("QOR")};
+    for (const std::string& part :
+         {identity.ModelName(), identity.HasModel() ? identity.Serial() : std::string()})
+        if (!part.empty())
+            parts << Plain(part);
+    parts << TrText(panel.m_Band_sel) << m_Form->StateText();
+    const QString title = parts.join(QStringLiteral(" - "));
+    if (windowTitle() != title)
+        setWindowTitle(title);
+    setAccessibleDescription(title);
 }
 
 /// Follows the look, the layout and the plot-only display of the engine.
 void CMainFrame::ApplyAppearance() {
-    AppearanceState& appearance = m_Program.State().appearance;
+    Appearance& appearance = m_Program.State().appearance;
     if (const QScreen* display = screen()) {
         const QRect area = display->availableGeometry();
-        appearance.screen = {area.width(), area.height()};
+        appearance.NoteScreen({area.width(), area.height()});
     }
-    const bool skin = appearance.m_skin != m_AppliedSkin;
+    const bool skin = appearance.Skin() != m_AppliedSkin;
     if (skin) {
         const bool first = m_AppliedSkin < 0;
-        m_AppliedSkin = appearance.m_skin;
-        ApplyLook(appearance.m_skin);
-        const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+        m_AppliedSkin = appearance.Skin();
+        ApplyLook(appearance.Skin());
+        const WindowSize size = appearance.Size();
         if (!first && IsNarrow(size.width, size.height))
-            ChooseLayout(appearance, LayoutScreen,
-                         m_Program.Stores()); // the small forms fall back to the screen
+            appearance.ChooseLayout(LayoutScreen,
+                                    m_Program.Stores()); // the small forms fall back to the screen
         m_AppliedLayout = -1;
     }
     if (!isVisible())
         return;
-    if (appearance.g_layout != m_AppliedLayout || appearance.custom != m_AppliedCustom ||
-        appearance.g_ImageOnly != m_AppliedPlotOnly) {
-        ChooseLayout(appearance, appearance.g_layout, m_Program.Stores()); // what is in force is what is kept
-        m_AppliedLayout = appearance.g_layout;
-        m_AppliedCustom = appearance.custom;
-        const bool plotOnlyChanged = appearance.g_ImageOnly != m_AppliedPlotOnly;
-        m_AppliedPlotOnly = appearance.g_ImageOnly;
+    if (appearance.Layout() != m_AppliedLayout || appearance.Custom() != m_AppliedCustom ||
+        appearance.IsPlotOnly() != m_AppliedPlotOnly) {
+        appearance.ChooseLayout(appearance.Layout(), m_Program.Stores()); // what is in force is what is kept
+        m_AppliedLayout = appearance.Layout();
+        m_AppliedCustom = appearance.Custom();
+        const bool plotOnlyChanged = appearance.IsPlotOnly() != m_AppliedPlotOnly;
+        m_AppliedPlotOnly = appearance.IsPlotOnly();
         if (plotOnlyChanged && m_Shown)
             m_Form->Relayout();
         else
@@ -151,17 +169,17 @@ void CMainFrame::ApplyAppearance() {
 
 /// Gives the window the size of the layout in force, as far as the screen has it.
 void CMainFrame::ResizeToLayout() {
-    const AppearanceState& appearance = m_Program.State().appearance;
+    const Appearance& appearance = m_Program.State().appearance;
     if (m_Form->TakesDraggedSize())
         return; // the operator has just made this layout with the window's edge
     m_Form->BeginLayout();
     if (isMaximized() || isFullScreen())
         showNormal();
-    const WindowSize size = SizeOf(appearance, appearance.g_layout, appearance.screen);
+    const WindowSize size = appearance.Size();
     const QRect area = screen()->availableGeometry();
     const QSize frame = frameGeometry().size() - geometry().size();
     const QSize room = area.size() - frame;
-    if (appearance.g_layout == LayoutScreen) {
+    if (appearance.Layout() == LayoutScreen) {
         move(area.topLeft());
         resize(room);
     } else {

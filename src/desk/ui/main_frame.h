@@ -14,7 +14,8 @@ class QMenu;
 
 namespace qor {
 class Program;
-}
+struct Panel;
+} // namespace qor
 
 namespace qor::ui {
 
@@ -41,6 +42,7 @@ private:
 
     void BuildMenu();
     void ShowChecks();
+    void ShowTitle(const Panel& panel);
     void RunCommand(const CommandRow& row);
     void ApplyAppearance();
     void ResizeToLayout();

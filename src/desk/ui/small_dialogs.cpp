@@ -10,22 +10,19 @@ namespace qor::ui {
 namespace {
 
 bool OpenCustomLayout(Program& program, int /*argument*/, QWidget* parent) {
-    AppearanceState& appearance = program.State().appearance;
+    Appearance& appearance = program.State().appearance;
     FormDialog dialog("Auf Bestellung Anfertigen", parent);
     QFormLayout* form = dialog.AddGroup({});
-    QLineEdit* width = dialog.AddField(form, "Breite:", QString::number(appearance.custom.width), "Pixel");
-    QLineEdit* height = dialog.AddField(form, "Hoehe:", QString::number(appearance.custom.height), "Pixel");
+    QLineEdit* width = dialog.AddField(form, "Breite:", QString::number(appearance.Custom().width), "Pixel");
+    QLineEdit* height = dialog.AddField(form, "Hoehe:", QString::number(appearance.Custom().height), "Pixel");
     dialog.AddButtons("OK");
     dialog.SetAccept([&] {
-        const auto sideOf = [&dialog](QLineEdit* field) {
-            bool isNumber = false;
-            const int side = QLocale::c().toInt(field->text().trimmed(), &isNumber);
-            const bool fits = isNumber && side >= 0 && side <= 5000;
-            dialog.MarkField(field, !fits, Tr("Bitte eine ganze Zahl von 0 bis 5000 eingeben."), !fits);
-            return fits ? side : -1;
-        };
-        const WindowSize size{sideOf(width), sideOf(height)};
-        return size.width >= 0 && size.height >= 0 && ChooseCustomLayout(appearance, size, program.Stores());
+        bool ok = true;
+        WindowSize size;
+        size.width = dialog.WholeNumberOf(width, 0, LargestSide, ok);
+        if (ok)
+            size.height = dialog.WholeNumberOf(height, 0, LargestSide, ok);
+        return ok && appearance.ChooseCustomLayout(size, program.Stores());
     });
     dialog.exec();
     return true;

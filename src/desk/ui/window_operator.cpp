@@ -35,6 +35,13 @@ public:
     }
 };
 
+void ShowBox(QMessageBox::Icon sign, const QString& heading, const QString& text, QWidget* parent) {
+    QMessageBox box(sign, heading, text.trimmed(), QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.button(QMessageBox::Ok)->setText(Tr("OK"));
+    box.exec();
+}
+
 std::filesystem::path PathOf(const QString& name) {
     return std::filesystem::path(Utf8(name));
 }
@@ -47,6 +54,18 @@ QWidget* WindowOperator::Parent() const {
 }
 
 void WindowOperator::Message(std::string_view text, std::string_view title) {
+    ShowLater(text, title, false);
+}
+
+void WindowOperator::Failure(std::string_view text, std::string_view title) {
+    ShowLater(text, title, true);
+}
+
+void WindowOperator::Acknowledge(std::string_view text, std::string_view title) {
+    ShowBox(QMessageBox::Information, TitleOr(title), TrText(text), Parent());
+}
+
+void WindowOperator::ShowLater(std::string_view text, std::string_view title, bool failed) {
     // The text of a message can have a part of its own behind a line end, as a path: it stays as it is.
     const QString shown = TrText(text);
     if (m_Open.contains(shown))
@@ -56,11 +75,8 @@ void WindowOperator::Message(std::string_view text, std::string_view title) {
     // and the engine would go on underneath it.
     QMetaObject::invokeMethod(
         &m_Later,
-        [this, shown, heading = TitleOr(title)] {
-            QMessageBox box(QMessageBox::Information, heading, shown.trimmed(), QMessageBox::Ok, Parent());
-            box.setTextFormat(Qt::PlainText);
-            box.button(QMessageBox::Ok)->setText(Tr("OK"));
-            box.exec();
+        [this, shown, heading = TitleOr(title), failed] {
+            ShowBox(failed ? QMessageBox::Warning : QMessageBox::Information, heading, shown, Parent());
             m_Open.remove(shown);
         },
         Qt::QueuedConnection);

@@ -18,6 +18,8 @@ public:
     void SetWindow(QWidget* window) { m_Window = window; }
 
     void Message(std::string_view text, std::string_view title = {}) override;
+    void Failure(std::string_view text, std::string_view title = {}) override;
+    void Acknowledge(std::string_view text, std::string_view title = {}) override;
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
     [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view title) override;
     [[nodiscard]] Answer AskOrElse(std::string_view text, std::string_view title,
@@ -34,6 +36,8 @@ public:
 
 private:
     [[nodiscard]] QWidget* Parent() const;
+    /// `failed`: with the warning sign.
+    void ShowLater(std::string_view text, std::string_view title, bool failed);
 
     QObject m_Later; ///< messages wait with it for the event loop
     QPointer<QWidget> m_Window;

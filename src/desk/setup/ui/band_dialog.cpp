@@ -36,10 +36,12 @@ BandDialog::BandDialog(Program& program, int band, QWidget* parent)
 
 QWidget* BandDialog::MakePages(Program& program, int band) {
     auto* tabs = new QTabWidget;
+    Session& session = program.State();
     for (int imIndex = 1; imIndex <= 5; ++imIndex)
-        tabs->addTab(
-            new PlanPage(*this, program.Parts().user, {band, imIndex, program.State(), program.Stores()}),
-            "IM" + QString::number(OrderOf(imIndex)));
+        tabs->addTab(new PlanPage(*this, program.Parts().user,
+                                  {band, imIndex, session.working, session.link.queue, program.Stores(),
+                                   session.g_factoryMode}),
+                     "IM" + QString::number(OrderOf(imIndex)));
     return tabs;
 }
 
@@ -57,9 +59,10 @@ QWidget* BandDialog::MakeToneGroup(Program& program) {
     column->addStretch();
     connect(AddPlainButton(row, m_Captions.save), &QPushButton::clicked, this, [this, f1, &program] {
         bool isNumber = true;
-        const double mhz = NumberOf(f1, isNumber);
+        const double mhz = NumberOf(f1, isNumber, 0.1, 9999.9);
         if (isNumber)
-            Tell(SaveTdScdmaAF1(mhz, program.State(), program.Stores()), program.Parts().user);
+            Tell(SaveTdScdmaAF1(mhz, program.State().working, program.State().link.queue, program.Stores()),
+                 program.Parts().user);
     });
     return group;
 }

@@ -33,8 +33,8 @@ bool OpenPathLoss(Program& program, int /*argument*/, QWidget* parent) {
     dialog.AddButtons("Okey", "Abbestellen");
     dialog.SetAccept([&] {
         bool areNumbers = true;
-        const double loss1 = dialog.NumberOf(port1, areNumbers);
-        const double loss2 = areNumbers ? dialog.NumberOf(port2, areNumbers) : 0;
+        const double loss1 = dialog.NumberOf(port1, areNumbers, 0, HighestPathLoss);
+        const double loss2 = areNumbers ? dialog.NumberOf(port2, areNumbers, 0, HighestPathLoss) : 0;
         return areNumbers &&
                Tell(ApplyPathLoss(loss1, loss2, program.State(), program.Stores()), program.Parts().user);
     });
@@ -74,7 +74,7 @@ bool OpenPathCableLoss(Program& program, int /*argument*/, QWidget* parent) {
     dialog.AddButtons("Okey", "Abbestellen");
     dialog.SetAccept([&] {
         bool isNumber = true;
-        const double loss = dialog.NumberOf(port2, isNumber);
+        const double loss = dialog.NumberOf(port2, isNumber, 0, HighestPathLoss);
         return isNumber && Tell(SetPort2Loss(loss, program.State()), program.Parts().user);
     });
     dialog.exec();

@@ -51,7 +51,7 @@ private:
 
 CSweeptimes::CSweeptimes(Program& program, QWidget* parent)
     : FormDialog("Mesurement Einbauen", parent), m_Program(program) {
-    const RunSetup now = CurrentRunSetup(program.State());
+    const RunSetup now = CurrentRunSetup(program.State().curve, program.State().runs);
     QFormLayout* tone = AddGroup("2 Tone");
     m_ToneSeconds = AddField(tone, "Time: ", QString::number(now.seconds), "Sek.",
                              "Laenge einer 2-Ton-Messung, 1 bis 2147483 Sekunden");
@@ -120,7 +120,10 @@ bool CSweeptimes::Take() {
                                                  : m_IntervalEdit.toInt();
     setup.saEnclosed = m_bSaEnclosed->isChecked();
     setup.continuous = m_Continu->isChecked();
-    return ok && Tell(ApplyRunSetup(setup, m_Program.State(), m_Program.Stores()), m_Program.Parts().user);
+    Session& session = m_Program.State();
+    return ok && Tell(ApplyRunSetup(setup, session.user.IsAdministrator(), session.curve, session.runs,
+                                    m_Program.Stores()),
+                      m_Program.Parts().user);
 }
 
 namespace {
