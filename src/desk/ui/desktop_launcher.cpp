@@ -5,8 +5,11 @@
 #include <QtWidgets>
 
 #include <csignal>
-#include <sys/pidfd.h>
 #include <unistd.h>
+
+extern "C" { // the header does not say so itself
+#include <sys/pidfd.h>
+}
 
 namespace qor::ui {
 
