@@ -90,7 +90,7 @@ TEST(Ports, TheOnlyOneThatAnswersIsProposed) {
         rig.time.RunFor(15000);
         EXPECT_TRUE(rig.S().link.connection.AwaitsChoice());
         EXPECT_EQ(rig.S().link.connection.Chosen(), second ? "" : "COM1 (/dev/ttySIM0)");
-        rig.Told();
+        rig.user.messages.clear();
         rig.program.Link().OnButton1();
         EXPECT_EQ(rig.Told(), second ? std::vector<std::string>{"Bitte zuerst einen Port auswaehlen."}
                                      : std::vector<std::string>());

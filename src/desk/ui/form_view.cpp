@@ -5,6 +5,7 @@
 #include "desk/commands.h"
 #include "desk/notices.h"
 #include "desk/program.h"
+#include "desk/ui/fit_font.h"
 #include "desk/ui/pictures.h"
 #include "desk/ui/text.h"
 #include "platform/serial_control.h"
@@ -19,10 +20,15 @@ namespace {
 constexpr std::string_view MarkerTitles[] = {"----- Marker 1 ------", "----- Marker 2 ------",
                                              "----- Marker 3 ------"};
 
+constexpr int CellFont = 12; ///< pixels, where a text has room
+
 /// Text into a field unless it stands there; a field that is being typed in is left alone.
 void Show(QLineEdit* field, const QString& text) {
-    if (field->text() != text && !(field->hasFocus() && field->isModified()))
-        field->setText(text);
+    if (field->text() == text || (field->hasFocus() && field->isModified()))
+        return;
+    field->setText(text);
+    if (field->isReadOnly())
+        field->setCursorPosition(0); // what has no room shows its beginning
 }
 
 void Show(QLabel* label, const QString& text) {
@@ -39,6 +45,12 @@ void SetFlag(QWidget* widget, const char* name, bool on) {
     widget->style()->unpolish(widget);
     widget->style()->polish(widget);
     widget->setFont(font);
+}
+
+/// A text of a cell, whole: in a smaller font where the cell is narrow.
+void ShowInCell(QLineEdit* cell, const QString& text) {
+    Show(cell, text);
+    FitFont(cell, text, CellFont, false);
 }
 
 void FillPorts(QComboBox* list, const QStringList& ports) {
@@ -316,7 +328,7 @@ void CTestSDIFormView::RefreshCells() {
     const QString cells[] = {TrText(panel.m_Band_sel), Tr(panel.m_Mode_sel),       TrText(panel.m_IM_sel),
                              Tr(panel.m_Path_sel),     Tr(panel.m_SweepKind_text), state};
     for (std::size_t n = 0; n < m_Cell.size(); ++n)
-        Show(m_Cell[n], cells[n]);
+        ShowInCell(m_Cell[n], cells[n]);
     Show(m_F1, Plain(panel.m_f1_text));
     Show(m_F2, Plain(panel.m_f2_text));
     Show(m_Fim, Plain(panel.m_fIM_text));

@@ -1,6 +1,7 @@
 // Where the controls of the panel stand, and what a change of the window's size means.
 #include "curve/ui/curve_wnd.h"
 #include "desk/program.h"
+#include "desk/ui/fit_font.h"
 #include "desk/ui/form_view.h"
 #include "desk/ui/pictures.h"
 
@@ -11,18 +12,6 @@ namespace qor::ui {
 namespace {
 
 constexpr int SettleMs = 400; ///< a window manager answers a resize within this
-
-/// Largest font of the widget's family in which the text fits its room.
-void FitFont(QWidget* widget, const QString& text, int largest, bool bold) {
-    QFont font = widget->font();
-    font.setBold(bold);
-    int size = std::max(largest, 8);
-    do
-        font.setPixelSize(size);
-    while (size-- > 8 && QFontMetrics(font).horizontalAdvance(text) > widget->width() - 6);
-    if (font != widget->font())
-        widget->setFont(font);
-}
 
 } // namespace
 
