@@ -38,7 +38,7 @@ SENTENCE = re.compile(r'[a-z]+,? +\S*[a-z].*[.!?:]\s*$')
 ON_PAPER = re.compile(r'data_file|report')
 # No words of a language: numbers, units, names of bands, files and fields.
 NO_WORDS = re.compile(r'^(?:[^A-Za-z]*|[@#]\w+|m_\w+|[\w.*]+\.(?:ccz|conf|dat|txt|ini|chm|pdf|html)|\*\..*|dB|dB[mc]|[MG]?Hz|'
-                      r'm?W|mV|Ohm|f1:?|f2:?|fIM:?|IM\d*|QOR|COM|Marker|Zo=|[<>|]+|X|R)$')
+                      r'm?W|mV|Ohm|f1:?|f2:?|fIM:?|IM\d*|QOR|COM|Marker|Zo=|[<>|]+|X|R|C)$')
 
 
 def unescape(text):
