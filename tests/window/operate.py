@@ -54,8 +54,10 @@ def session(window, folder):
     window.wait_text("m_IM_sel", "IM3")
 
     # A 2-tone run that passes; in the middle of it nothing else can be set up.
+    window.click("m_DutSerial")
     window.key("ctrl+m")
     window.wait_text("Zustand", "Messung laeuft")
+    expect(window.name_of(window.focused()) == "m_DutSerial", "a start leaves the keyboard where it is")
     window.key("ctrl+5")
     refused(window, "Halten Messung erst!")
     window.key("ctrl+x")

@@ -104,6 +104,9 @@ class QorWindow:
                 pass
         return None
 
+    def name_of(self, node):
+        return name_of(node)
+
     def title(self):
         """Of the main window, as the window manager has it."""
         return run("xdotool", "search", "--onlyvisible", "--name", "^QOR", "getwindowname").strip()

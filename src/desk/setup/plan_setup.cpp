@@ -19,7 +19,7 @@ bool HasOwnDefault(int band) {
 
 } // namespace
 
-PlanSetup::PlanSetup(int band, int imIndex, const WorkingSet& working, CommandQueue& queue, SetupStore& store,
+PlanSetup::PlanSetup(int band, int imIndex, WorkingSet& working, CommandQueue& queue, SetupStore& store,
                      bool factory)
     : m_Band(band), m_IMIndex(imIndex), m_Working(working), m_Queue(queue), m_Store(store),
       m_Factory(factory) {
@@ -54,7 +54,7 @@ void PlanSetup::Standard() {
 Outcome PlanSetup::Save() {
     Outcome stored = Store(false);
     if (stored) {
-        m_Session.working.DropSessionPlan(); // of a file: this one is newer
+        m_Working.DropSessionPlan(); // of a file: this one is newer
         QueuePlan();
     }
     return stored;

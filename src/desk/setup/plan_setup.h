@@ -18,7 +18,7 @@ class PlanSetup {
 public:
     /// Takes the stored plan of the band and order (index 1 IM3 to 5 IM11), else the built-in one.
     /// `factory`: the maker's own commands are offered.
-    PlanSetup(int band, int imIndex, const WorkingSet& working, CommandQueue& queue, SetupStore& store,
+    PlanSetup(int band, int imIndex, WorkingSet& working, CommandQueue& queue, SetupStore& store,
               bool factory);
 
     [[nodiscard]] const FrequencyPlan& Plan() const { return m_Plan; }
@@ -45,7 +45,7 @@ private:
 
     int m_Band;
     int m_IMIndex;
-    const WorkingSet& m_Working;
+    WorkingSet& m_Working;
     CommandQueue& m_Queue;
     SetupStore& m_Store;
     bool m_Factory;

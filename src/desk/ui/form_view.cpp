@@ -298,6 +298,10 @@ void CTestSDIFormView::SetTabOrder() {
         QWidget::setTabOrder(order[n - 1], order[n]);
 }
 
+void CTestSDIFormView::FocusStart() {
+    m_Start->setFocus(Qt::OtherFocusReason);
+}
+
 void CTestSDIFormView::LeaveFields() {
     if (m_Alarm->isModified())
         TakeLimit();
@@ -361,7 +365,7 @@ void CTestSDIFormView::RefreshCells() {
 /// may be the exit.
 void CTestSDIFormView::Enable(QWidget* widget, bool enabled) {
     if (!enabled && widget->hasFocus())
-        m_Start->setFocus(Qt::OtherFocusReason);
+        FocusStart();
     widget->setEnabled(enabled);
 }
 

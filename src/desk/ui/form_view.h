@@ -43,6 +43,8 @@ public:
     void LeaveFields();
     /// The start button was pressed: a choice of ports that was passed over is offered once more.
     void OfferPortsAgain() { m_PortsOffered = false; }
+    /// Gives the keyboard to the start button.
+    void FocusStart();
     /// What is going on, as the sixth cell says it.
     [[nodiscard]] QString StateText() const;
     /// Called after every press on the panel.

@@ -162,7 +162,10 @@ void CMainFrame::ApplyAppearance() {
         else
             ResizeToLayout();
         if (!m_Shown) // the frame's own size is only known once the window manager has made it
-            QTimer::singleShot(150, this, [this] { ResizeToLayout(); });
+            QTimer::singleShot(150, this, [this] {
+                ResizeToLayout();
+                m_Form->FocusStart();
+            });
         m_Shown = true;
     }
 }
