@@ -128,6 +128,10 @@
       <translation>Administrator/Operator Mode(&amp;O)</translation>
     </message>
     <message>
+      <source>Adresse(&amp;D)</source>
+      <translation>Address(&amp;D)</translation>
+    </message>
+    <message>
       <source>Aisa Pacific</source>
       <translation>Asia Pacific</translation>
     </message>
@@ -206,6 +210,10 @@
     <message>
       <source>Ansehend QOR(&amp;H)</source>
       <translation>About QOR(&amp;A)</translation>
+    </message>
+    <message>
+      <source>Antwort:</source>
+      <translation>Answer:</translation>
     </message>
     <message>
       <source>Anzeige loeschen</source>
@@ -356,6 +364,10 @@
       <translation>Trace:</translation>
     </message>
     <message>
+      <source>Bitte eine Adresse eingeben.</source>
+      <translation>Please enter an address.</translation>
+    </message>
+    <message>
       <source>Bitte eine ganze Zahl eingeben, hoechstens:</source>
       <translation>Please enter a whole number of at most</translation>
     </message>
@@ -392,6 +404,14 @@
       <translation>Calibration</translation>
     </message>
     <message>
+      <source>Can not open a session to the device.</source>
+      <translation>Cannot open a session to the device.</translation>
+    </message>
+    <message>
+      <source>Can not set attribute to the device.</source>
+      <translation>Cannot set an attribute of the device.</translation>
+    </message>
+    <message>
       <source>Can not setup Alarm.</source>
       <translation>Cannot set up the alarm.</translation>
     </message>
@@ -416,12 +436,20 @@
       <translation>Cannot connect to the device on this port, please select the correct port!</translation>
     </message>
     <message>
+      <source>Center_Freq (MHz):</source>
+      <translation>Center frequency (MHz):</translation>
+    </message>
+    <message>
       <source>Chinese</source>
       <translation>Chinese</translation>
     </message>
     <message>
       <source>Clear screen</source>
       <translation>Clear screen</translation>
+    </message>
+    <message>
+      <source>Communicate with R&amp;S Spectrum Analyzer failed.</source>
+      <translation>Communication with the R&amp;S spectrum analyzer failed.</translation>
     </message>
     <message>
       <source>Compensation(&amp;C)</source>
@@ -438,6 +466,10 @@
     <message>
       <source>Continuous Measurement Setup</source>
       <translation>Continuous measurement setup</translation>
+    </message>
+    <message>
+      <source>Could not open a session to the VISA Resource Manager!</source>
+      <translation>Could not open a session to the VISA resource manager!</translation>
     </message>
     <message>
       <source>DAT</source>
@@ -478,6 +510,10 @@
     <message>
       <source>Default</source>
       <translation>Default</translation>
+    </message>
+    <message>
+      <source>Der Leistungssensor hoert nichts unter -73 dBm: Bei diesem Grenzwert hat die Messung kein Ergebnis.</source>
+      <translation>The power sensor hears nothing below -73 dBm: with this limit the measurement has no verdict.</translation>
     </message>
     <message>
       <source>Der Name darf weder / noch \ enthalten.</source>
@@ -652,6 +688,14 @@
       <translation>Entry of the result list</translation>
     </message>
     <message>
+      <source>Empfaenger</source>
+      <translation>Receiver</translation>
+    </message>
+    <message>
+      <source>Empfaenger Adresse</source>
+      <translation>Receiver address</translation>
+    </message>
+    <message>
       <source>Ende f1:</source>
       <translation>Stop f1:</translation>
     </message>
@@ -772,6 +816,10 @@
       <translation>Freq: MHz</translation>
     </message>
     <message>
+      <source>Freq_span (Ref: 0) (kHz):</source>
+      <translation>Frequency span (Ref: 0) (kHz):</translation>
+    </message>
+    <message>
       <source>Frequenz des Produkts in MHz</source>
       <translation>Frequency of the product in MHz</translation>
     </message>
@@ -860,6 +908,10 @@
       <translation>Initializing, please wait!</translation>
     </message>
     <message>
+      <source>Input_Attenuation:</source>
+      <translation>Input attenuation:</translation>
+    </message>
+    <message>
       <source>Inter-band IM</source>
       <translation>Inter-band IM</translation>
     </message>
@@ -886,6 +938,14 @@
     <message>
       <source>Intervall:</source>
       <translation>Interval:</translation>
+    </message>
+    <message>
+      <source>Kein Empfaenger</source>
+      <translation>No receiver</translation>
+    </message>
+    <message>
+      <source>Kein Empfaenger:</source>
+      <translation>No receiver:</translation>
     </message>
     <message>
       <source>Kein Geraet verbunden.</source>
@@ -1296,6 +1356,10 @@
       <translation>Please select the band after the initialization is complete.</translation>
     </message>
     <message>
+      <source>Please select external receiver by menu "Setup-&gt;Receiver Ports-&gt;External"</source>
+      <translation>Please select the external receiver by the menu "Setup-&gt;Receiver Ports-&gt;External"</translation>
+    </message>
+    <message>
       <source>Please select the correct directory for saving!</source>
       <translation>Please select the correct directory for saving!</translation>
     </message>
@@ -1336,6 +1400,10 @@
       <translation>Power Setup</translation>
     </message>
     <message>
+      <source>Preamplify On/Off:</source>
+      <translation>Preamplifier on/off:</translation>
+    </message>
+    <message>
       <source>Programm beenden</source>
       <translation>Exit the program</translation>
     </message>
@@ -1372,6 +1440,14 @@
       <translation>R/S Analyzer Setup(&amp;A)</translation>
     </message>
     <message>
+      <source>R/S Analysator Setup(&amp;A):</source>
+      <translation>R/S Analyzer Setup:</translation>
+    </message>
+    <message>
+      <source>RS Spektrum Analysator</source>
+      <translation>RS spectrum analyzer</translation>
+    </message>
+    <message>
       <source>Range: 0-9.9</source>
       <translation>Range: 0-9.9</translation>
     </message>
@@ -1384,6 +1460,10 @@
       <translation>Receiver Ports(&amp;P)</translation>
     </message>
     <message>
+      <source>Ref_Lev (dBm):</source>
+      <translation>Reference level (dBm):</translation>
+    </message>
+    <message>
       <source>Reflex Modell</source>
       <translation>Reflection</translation>
     </message>
@@ -1394,6 +1474,14 @@
     <message>
       <source>Replace data</source>
       <translation>Replace data</translation>
+    </message>
+    <message>
+      <source>Resolution_Bandwidth:</source>
+      <translation>Resolution bandwidth:</translation>
+    </message>
+    <message>
+      <source>Retry again.</source>
+      <translation>Retry?</translation>
     </message>
     <message>
       <source>Route Verlust Einbauen</source>
@@ -1430,6 +1518,10 @@
     <message>
       <source>Save all graphs?</source>
       <translation>Save all graphs?</translation>
+    </message>
+    <message>
+      <source>Scan R&amp;S Spectrum Analyzer Device</source>
+      <translation>Scan for the R&amp;S spectrum analyzer</translation>
     </message>
     <message>
       <source>Scannen Fix f1 falsch!!!</source>
@@ -1636,6 +1728,10 @@
       <translation>Stop f2:</translation>
     </message>
     <message>
+      <source>Suche Empfaenger</source>
+      <translation>Looking for the receiver</translation>
+    </message>
+    <message>
       <source>Sweep</source>
       <translation>Sweep</translation>
     </message>
@@ -1824,6 +1920,18 @@
       <translation>User Mode</translation>
     </message>
     <message>
+      <source>VISA Adresse:</source>
+      <translation>VISA address:</translation>
+    </message>
+    <message>
+      <source>Verbindung verloren</source>
+      <translation>connection lost</translation>
+    </message>
+    <message>
+      <source>Video_Bandwidth:</source>
+      <translation>Video bandwidth:</translation>
+    </message>
+    <message>
       <source>Vorhandene Dateien ersetzen? Anzahl:</source>
       <translation>Replace existing files? Number:</translation>
     </message>
@@ -1866,6 +1974,10 @@
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
       <translation>Two sweeps without a pause, the first with the carriers off</translation>
+    </message>
+    <message>
+      <source>antwortet nicht</source>
+      <translation>does not answer</translation>
     </message>
     <message>
       <source>bestanden</source>
@@ -1944,8 +2056,20 @@
       <translation>no verdict</translation>
     </message>
     <message>
+      <source>keine VISA-Bibliothek installiert</source>
+      <translation>no VISA library is installed</translation>
+    </message>
+    <message>
+      <source>keine gueltige Adresse</source>
+      <translation>not a valid address</translation>
+    </message>
+    <message>
       <source>nicht bestanden</source>
       <translation>failed</translation>
+    </message>
+    <message>
+      <source>nicht erreichbar</source>
+      <translation>cannot be reached</translation>
     </message>
     <message>
       <source>not a regular file</source>
@@ -1982,6 +2106,10 @@
     <message>
       <source>xls(Sweep  Templates)</source>
       <translation>xls (sweep template)</translation>
+    </message>
+    <message>
+      <source>y_Scale (dB):</source>
+      <translation>y scale (dB):</translation>
     </message>
   </context>
 </TS>

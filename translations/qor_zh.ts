@@ -128,6 +128,10 @@
       <translation>启用管理员/操作员模式(&amp;O)</translation>
     </message>
     <message>
+      <source>Adresse(&amp;D)</source>
+      <translation>地址(&amp;D)</translation>
+    </message>
+    <message>
       <source>Aisa Pacific</source>
       <translation>亚太</translation>
     </message>
@@ -206,6 +210,10 @@
     <message>
       <source>Ansehend QOR(&amp;H)</source>
       <translation>关于 QOR(&amp;A)</translation>
+    </message>
+    <message>
+      <source>Antwort:</source>
+      <translation>应答:</translation>
     </message>
     <message>
       <source>Anzeige loeschen</source>
@@ -356,6 +364,10 @@
       <translation>曲线：</translation>
     </message>
     <message>
+      <source>Bitte eine Adresse eingeben.</source>
+      <translation>请输入地址。</translation>
+    </message>
+    <message>
       <source>Bitte eine ganze Zahl eingeben, hoechstens:</source>
       <translation>请输入整数，最大为</translation>
     </message>
@@ -392,6 +404,14 @@
       <translation>校准</translation>
     </message>
     <message>
+      <source>Can not open a session to the device.</source>
+      <translation>无法打开与设备的会话。</translation>
+    </message>
+    <message>
+      <source>Can not set attribute to the device.</source>
+      <translation>无法设置设备属性。</translation>
+    </message>
+    <message>
       <source>Can not setup Alarm.</source>
       <translation>无法设置告警。</translation>
     </message>
@@ -416,12 +436,20 @@
       <translation>端口不正确，无法连接仪器，请选择正确的端口！</translation>
     </message>
     <message>
+      <source>Center_Freq (MHz):</source>
+      <translation>中心频率 (MHz):</translation>
+    </message>
+    <message>
       <source>Chinese</source>
       <translation>中文</translation>
     </message>
     <message>
       <source>Clear screen</source>
       <translation>清除屏幕</translation>
+    </message>
+    <message>
+      <source>Communicate with R&amp;S Spectrum Analyzer failed.</source>
+      <translation>与 R&amp;S 频谱分析仪通信失败。</translation>
     </message>
     <message>
       <source>Compensation(&amp;C)</source>
@@ -438,6 +466,10 @@
     <message>
       <source>Continuous Measurement Setup</source>
       <translation>连续测量设置</translation>
+    </message>
+    <message>
+      <source>Could not open a session to the VISA Resource Manager!</source>
+      <translation>无法打开与 VISA 资源管理器的会话!</translation>
     </message>
     <message>
       <source>DAT</source>
@@ -478,6 +510,10 @@
     <message>
       <source>Default</source>
       <translation>默认</translation>
+    </message>
+    <message>
+      <source>Der Leistungssensor hoert nichts unter -73 dBm: Bei diesem Grenzwert hat die Messung kein Ergebnis.</source>
+      <translation>功率传感器无法测量 -73 dBm 以下的电平: 在此限值下测量没有判定结果。</translation>
     </message>
     <message>
       <source>Der Name darf weder / noch \ enthalten.</source>
@@ -652,6 +688,14 @@
       <translation>结果列表条目</translation>
     </message>
     <message>
+      <source>Empfaenger</source>
+      <translation>接收机</translation>
+    </message>
+    <message>
+      <source>Empfaenger Adresse</source>
+      <translation>接收机地址</translation>
+    </message>
+    <message>
       <source>Ende f1:</source>
       <translation>终止 f1：</translation>
     </message>
@@ -772,6 +816,10 @@
       <translation>频率：MHz</translation>
     </message>
     <message>
+      <source>Freq_span (Ref: 0) (kHz):</source>
+      <translation>频率跨度 (参考: 0) (kHz):</translation>
+    </message>
+    <message>
       <source>Frequenz des Produkts in MHz</source>
       <translation>产物频率（MHz）</translation>
     </message>
@@ -860,6 +908,10 @@
       <translation>正在初始化，请稍候！</translation>
     </message>
     <message>
+      <source>Input_Attenuation:</source>
+      <translation>输入衰减:</translation>
+    </message>
+    <message>
       <source>Inter-band IM</source>
       <translation>跨频段 IM</translation>
     </message>
@@ -886,6 +938,14 @@
     <message>
       <source>Intervall:</source>
       <translation>间隔：</translation>
+    </message>
+    <message>
+      <source>Kein Empfaenger</source>
+      <translation>没有接收机</translation>
+    </message>
+    <message>
+      <source>Kein Empfaenger:</source>
+      <translation>没有接收机:</translation>
     </message>
     <message>
       <source>Kein Geraet verbunden.</source>
@@ -1296,6 +1356,10 @@
       <translation>请在初始化完成后选择频段。</translation>
     </message>
     <message>
+      <source>Please select external receiver by menu "Setup-&gt;Receiver Ports-&gt;External"</source>
+      <translation>请通过菜单 "设置-&gt;接收端口-&gt;外部" 选择外部接收机</translation>
+    </message>
+    <message>
       <source>Please select the correct directory for saving!</source>
       <translation>请选择正确的保存目录！</translation>
     </message>
@@ -1336,6 +1400,10 @@
       <translation>功率设置</translation>
     </message>
     <message>
+      <source>Preamplify On/Off:</source>
+      <translation>前置放大 开/关:</translation>
+    </message>
+    <message>
       <source>Programm beenden</source>
       <translation>退出程序</translation>
     </message>
@@ -1372,6 +1440,14 @@
       <translation>R/S 分析仪设置(&amp;A)</translation>
     </message>
     <message>
+      <source>R/S Analysator Setup(&amp;A):</source>
+      <translation>R/S 分析仪设置:</translation>
+    </message>
+    <message>
+      <source>RS Spektrum Analysator</source>
+      <translation>RS 频谱分析仪</translation>
+    </message>
+    <message>
       <source>Range: 0-9.9</source>
       <translation>范围：0-9.9</translation>
     </message>
@@ -1384,6 +1460,10 @@
       <translation>接收端口(&amp;P)</translation>
     </message>
     <message>
+      <source>Ref_Lev (dBm):</source>
+      <translation>参考电平 (dBm):</translation>
+    </message>
+    <message>
       <source>Reflex Modell</source>
       <translation>反射模式</translation>
     </message>
@@ -1394,6 +1474,14 @@
     <message>
       <source>Replace data</source>
       <translation>替换数据</translation>
+    </message>
+    <message>
+      <source>Resolution_Bandwidth:</source>
+      <translation>分辨率带宽:</translation>
+    </message>
+    <message>
+      <source>Retry again.</source>
+      <translation>是否重试?</translation>
     </message>
     <message>
       <source>Route Verlust Einbauen</source>
@@ -1430,6 +1518,10 @@
     <message>
       <source>Save all graphs?</source>
       <translation>保存所有图形？</translation>
+    </message>
+    <message>
+      <source>Scan R&amp;S Spectrum Analyzer Device</source>
+      <translation>搜索 R&amp;S 频谱分析仪</translation>
     </message>
     <message>
       <source>Scannen Fix f1 falsch!!!</source>
@@ -1636,6 +1728,10 @@
       <translation>终止 f2：</translation>
     </message>
     <message>
+      <source>Suche Empfaenger</source>
+      <translation>正在搜索接收机</translation>
+    </message>
+    <message>
       <source>Sweep</source>
       <translation>扫频</translation>
     </message>
@@ -1824,6 +1920,18 @@
       <translation>用户模式</translation>
     </message>
     <message>
+      <source>VISA Adresse:</source>
+      <translation>VISA 地址:</translation>
+    </message>
+    <message>
+      <source>Verbindung verloren</source>
+      <translation>连接已丢失</translation>
+    </message>
+    <message>
+      <source>Video_Bandwidth:</source>
+      <translation>视频带宽:</translation>
+    </message>
+    <message>
       <source>Vorhandene Dateien ersetzen? Anzahl:</source>
       <translation>替换已有文件？数量：</translation>
     </message>
@@ -1866,6 +1974,10 @@
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
       <translation>连续两次扫频，第一次关闭载波</translation>
+    </message>
+    <message>
+      <source>antwortet nicht</source>
+      <translation>无应答</translation>
     </message>
     <message>
       <source>bestanden</source>
@@ -1944,8 +2056,20 @@
       <translation>无判定</translation>
     </message>
     <message>
+      <source>keine VISA-Bibliothek installiert</source>
+      <translation>未安装 VISA 库</translation>
+    </message>
+    <message>
+      <source>keine gueltige Adresse</source>
+      <translation>地址无效</translation>
+    </message>
+    <message>
       <source>nicht bestanden</source>
       <translation>不合格</translation>
+    </message>
+    <message>
+      <source>nicht erreichbar</source>
+      <translation>无法连接</translation>
     </message>
     <message>
       <source>not a regular file</source>
@@ -1982,6 +2106,10 @@
     <message>
       <source>xls(Sweep  Templates)</source>
       <translation>xls（扫描模板）</translation>
+    </message>
+    <message>
+      <source>y_Scale (dB):</source>
+      <translation>y 轴刻度 (dB):</translation>
     </message>
   </context>
 </TS>

@@ -1,6 +1,7 @@
 // qor: the operator's window.
 #include "apps/common/end_signals.h"
 #include "apps/common/instrument_line.h"
+#include "apps/common/receivers.h"
 #include "apps/desktop/options.h"
 #include "desk/program.h"
 #include "desk/ui/desktop_launcher.h"
@@ -53,16 +54,18 @@ template <typename Line> int RunToEnd(const app::DesktopOptions& options, Line& 
     ui::WindowDialogs dialogs;
     QtPageForms pictures([](std::string_view text) { return ui::Utf8(ui::Tr(text)); });
     QtPrinters printers;
+    const app::ReceiverParts receivers = app::ReceiversBeside(line, options.simulateReceiver, clock);
     int status = 0;
     {
-        Program program({comm, line.ports, timers, clock, user, nullptr, nullptr, &speaker, &launcher,
-                         &dialogs, &pictures, &printers},
+        Program program({comm, line.ports, timers, clock, user, receivers.visa.get(), receivers.sensor.get(),
+                         &speaker, &launcher, &dialogs, &pictures, &printers},
                         options.dataDirectory);
         AddXlsx(program.Files().Forms());
         ui::InstallLanguage(CurrentLanguage(program.Stores()));
         ui::ApplyLook(options.configStart ? Appearance(program.Stores()).Skin() : SkinDefault);
         ui::OpenUserLogOn(program, nullptr);
         program.Start(options.configStart);
+        program.Receiver().LookAtStart();
         ui::CMainFrame window(program, dialogs);
         user.SetWindow(&window);
         dialogs.SetWindow(program, window);

@@ -2,6 +2,7 @@
 #include "apps/common/end_signals.h"
 #include "apps/common/instrument_line.h"
 #include "apps/common/pictures.h"
+#include "apps/common/receivers.h"
 #include "apps/measure/console.h"
 #include "apps/measure/job.h"
 #include "apps/measure/options.h"
@@ -35,9 +36,10 @@ int RunToEnd(QCoreApplication& application, const app::Options& options, Line& l
     PosixClock programClock;
     LoggedComm comm(line.comm, wire);
     QtTimers timers;
+    const app::ReceiverParts receivers = app::ReceiversBeside(line, options.simulateReceiver, programClock);
     const std::unique_ptr<PageForms> pictures = app::MakePageForms();
-    Program program({comm, line.ports, timers, programClock, console, nullptr, nullptr, nullptr, nullptr,
-                     nullptr, pictures.get()},
+    Program program({comm, line.ports, timers, programClock, console, receivers.visa.get(),
+                     receivers.sensor.get(), nullptr, nullptr, nullptr, pictures.get()},
                     options.dataDirectory);
     AddXlsx(program.Files().Forms());
     app::Job job(

@@ -2,8 +2,6 @@
 
 #include "base/tenths.h"
 
-#include <algorithm>
-
 namespace qor {
 
 namespace {
@@ -19,13 +17,15 @@ Reading Reading::Of(double dBm) {
 }
 
 Reading Reading::In(std::string_view answer) {
-    const std::size_t begin = std::min(answer.find_first_not_of(" \t\r\n"), answer.size());
-    if (begin == answer.size())
+    constexpr std::string_view Blanks = " \t\r\n";
+    const std::size_t end = answer.find_last_not_of(Blanks);
+    if (end == std::string_view::npos)
         return Missing();
-    const std::size_t digits = answer.find_first_not_of("+-", begin);
-    const bool isNumber = digits != std::string_view::npos && digits <= begin + 1 &&
-                          std::string_view(".0123456789").find(answer[digits]) != std::string_view::npos;
-    return isNumber ? Of(NumberIn(answer)) : Spoilt();
+    answer = answer.substr(0, end + 1);
+    if (answer.ends_with("dBm") || answer.ends_with("DBM"))
+        answer.remove_suffix(3);
+    const auto number = EnteredNumber(answer);
+    return number ? Of(*number) : Spoilt();
 }
 
 } // namespace qor

@@ -12,7 +12,8 @@ public:
     [[nodiscard]] static Reading Spoilt() { return {Kind::Spoilt, 0}; }
     /// Spoilt beyond -250 and 100 dBm: no receiver reads there, the sign or the point was lost on the line.
     [[nodiscard]] static Reading Of(double dBm);
-    /// The number at the head of a receiver's answer, blanks in front passed over. Spoilt when there is none.
+    /// A receiver's answer: a decimal with blanks around it and, if it likes, its unit. Missing when it is
+    /// empty, spoilt when it is anything else.
     [[nodiscard]] static Reading In(std::string_view answer);
 
     [[nodiscard]] bool IsLevel() const { return m_Kind == Kind::Level; }

@@ -79,6 +79,7 @@ void AddResultRows(MenuBuilder& menu);
 void AddMeasureRows(MenuBuilder& menu);
 void AddBandRows(MenuBuilder& menu);
 void AddSetupRows(MenuBuilder& menu);
+void AddReceiverRows(MenuBuilder& menu); // within the set-up's
 void AddViewRows(MenuBuilder& menu);
 void AddAlarmRows(MenuBuilder& menu);
 void AddToolRows(MenuBuilder& menu);

@@ -71,6 +71,20 @@ std::string NextText(const Session& session) {
     return text;
 }
 
+/// The external receiver: also while it is looked for behind the start of the program.
+std::string ReceiverText(const ReceiverState& receiver) {
+    // shown to the operator
+    static constexpr std::string_view Words[] = {"Suche Empfaenger", "Empfaenger", "Kein Empfaenger"};
+    if (receiver.IsSearched())
+        return std::string(Words[0]) + ": " + receiver.Address();
+    if (receiver.InstrumentListens())
+        return {};
+    if (!receiver.IsThere())
+        return std::string(Words[2]) + ": " + receiver.Address() + ": " + receiver.Trouble();
+    const std::string fault = receiver.Trouble().empty() ? std::string() : ": " + receiver.Trouble();
+    return std::string(Words[1]) + ": " + receiver.Identity() + fault;
+}
+
 Lamp LampOf(const Session& session) {
     if (session.run.IsOn())
         return Lamp::Running;
@@ -97,6 +111,8 @@ Panel PanelOf(const Session& session) {
     panel.m_AlarmText = Fixed(static_cast<double>(curve.limit.Level()), 1);
     if (session.lossInfoShown)
         panel.m_lossInfo = LossText(session.working);
+    panel.receiver = ReceiverText(session.receiver);
+    panel.receiverMissing = !session.receiver.InstrumentListens() && !session.receiver.IsThere();
     panel.unit = curve.scale.InDbc() ? "dBc" : "dBm";
     if (const ResultDocument* const file = ShownFile(session)) {
         panel.m_FileText = file->source;

@@ -28,6 +28,9 @@ struct Panel {
     std::string m_WorstLevelText;
     std::string m_AlarmText;
     std::string m_lossInfo; ///< compensation and cable loss, empty until one is set
+    /// The external receiver in use: what it is, or where it is missing and why. Empty for the instrument's.
+    std::string receiver;
+    bool receiverMissing = false;
     std::string unit;
     // Of a file that is shown; empty without one.
     std::string m_FileText; ///< its name

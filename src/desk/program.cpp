@@ -15,6 +15,7 @@
 #include "platform/operator.h"
 #include "platform/serial_control.h"
 #include "platform/timers.h"
+#include "platform/visa.h"
 #include "tools/side_tool.h"
 
 namespace qor {
@@ -30,7 +31,8 @@ constexpr int LongestClose = 7;
 
 Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
     : m_Platform(platform), m_RestoreWasBroken(TakeBackBrokenRestore(dataDirectory)),
-      m_Store(std::move(dataDirectory)), m_Receiver(m_Store, platform.visa, platform.sensor),
+      m_Store(std::move(dataDirectory)), m_Receiver(m_Store, platform.clock, platform.visa, platform.sensor),
+      m_ReceiverSearch(m_Session.receiver, m_Receiver, m_Store),
       m_Files({m_Session.run, m_Session.curve, m_Session.working, m_Session.results}, m_Platform.clock,
               m_Store),
       m_Reports(platform.pictures, m_Store), m_Series(m_Platform.timers, m_Platform.user, m_Reports),
@@ -42,25 +44,35 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_Instrument(m_Session.link, m_Session.working, m_Platform.comm, m_Channel, m_Init, *this),
       m_FileSettings(m_Session, m_Platform, m_Store, m_Instrument),
       m_Show(m_Session, m_Store, m_FileSettings), m_List(m_Session, m_Platform, m_Store, m_Files, m_Show),
-      m_Sources(m_Session.receiver, m_Receiver),
+      m_Sources(m_Session.receiver, m_Receiver, m_ReceiverSearch),
       m_Measurement({m_Session.run, m_Session.runs, m_Session.working, m_Session.interBand, m_Session.link,
                      m_Session.curve, m_Session.readout, m_Sources},
                     m_Platform, m_Store, m_Channel, m_Instrument, *this),
       m_StartButton(m_Session, m_Platform, m_Measurement, m_Connection),
       m_Selection(m_Session, m_Platform, m_Store, m_Instrument, m_Connection),
       m_AutoSaver(*this, m_Channel, [this] { OnMeasButton(); }),
-      m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }) {
+      m_ReceiverDesk(m_Session, m_Platform, m_Store, m_Receiver, m_ReceiverSearch, m_Instrument),
+      m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }),
+      m_CallTimer(m_Platform.timers, AfterCallTimer, [this] { AfterCall(); }) {
     WindowTimers& timers = m_Platform.timers;
     timers.OnTick(MarkerTimer, [this] { m_Markers.OnMarkerTimer(); });
     for (const int timer : {SlowBeepTimer, FastBeepTimer, UnderBeepTimer})
         timers.OnTick(timer, [this, timer] { OnBeepTimer(timer, m_Session.alarm, m_Platform); });
     m_Platform.comm.SetHandler([this] { m_Channel.OnComm(); });
+    if (m_Platform.visa)
+        m_Platform.visa->SetWhileWaiting([this] { WhileCallWaits(); });
+    if (m_Platform.sensor)
+        m_Platform.sensor->SetWhileWaiting([this] { WhileCallWaits(); });
 }
 
 Program::~Program() {
     for (const int timer : {int{MarkerTimer}, int{SlowBeepTimer}, int{FastBeepTimer}, int{UnderBeepTimer}})
         m_Platform.timers.OnTick(timer, {});
     m_Platform.comm.SetHandler({});
+    if (m_Platform.visa)
+        m_Platform.visa->SetWhileWaiting({});
+    if (m_Platform.sensor)
+        m_Platform.sensor->SetWhileWaiting({});
 }
 
 void Program::Start(bool keepLastSession) {
@@ -74,11 +86,42 @@ void Program::Start(bool keepLastSession) {
         m_Platform.user.Message("Eine unterbrochene Wiederherstellung wurde zurueckgenommen.");
 }
 
+void Program::WhileCallWaits() {
+    if (m_InCall)
+        return;
+    m_InCall = true;
+    m_Platform.timers.Hold(true);
+    m_Platform.comm.Hold(true);
+    m_CallTimer.Start(AfterCallPeriod);
+    m_Platform.user.LetLive();
+    m_Platform.timers.Hold(false);
+    m_InCall = false;
+}
+
+void Program::GiveCallUp() {
+    m_Channel.SwitchOffNow();
+    m_Receiver.BreakOff();
+}
+
+/// A tick: the handler that waited has come back.
+void Program::AfterCall() {
+    m_CallTimer.Stop();
+    m_Receiver.Resume();
+    m_Platform.comm.Hold(false);
+    if (std::exchange(m_LeaveHeld, false))
+        Leave();
+}
+
 void Program::SearchNow() {
     m_Connection.OnSearchTimer();
 }
 
 void Program::OnMeasButton() {
+    if (m_InCall) {
+        if (m_Session.run.IsOn())
+            GiveCallUp();
+        return;
+    }
     if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn())
         return m_AutoSaver.StartAfterwards();
     if (Outcome free = NothingIsSaved(*this); !free)
@@ -139,6 +182,7 @@ void Program::RunIsOver() {
     StopBeeper(m_Platform);
     if (std::exchange(m_RunHasBegun, false))
         m_AutoSaver.RunHasEnded();
+    m_ReceiverDesk.RunIsOver();
 }
 
 /// The run that has just ended becomes the next numbered file of the series, and stands in the list. Whether
@@ -193,6 +237,11 @@ bool Program::Restart(bool keepSession) {
 void Program::Leave() {
     if (m_Leaving)
         return;
+    if (m_InCall) {
+        m_LeaveHeld = true;
+        GiveCallUp();
+        return;
+    }
     m_Leaving = true;
     m_Series.End();
     m_Connection.StopSearch();
@@ -200,6 +249,7 @@ void Program::Leave() {
     m_Measurement.Abandon(); // one that waited for its turn or for the instrument, too
     m_AutoSaver.SaveAtEnd();
     m_Channel.PauseStatusPoll();
+    m_ReceiverDesk.Leave();
     m_Receiver.Close();
     if (m_Platform.launcher)
         m_Platform.launcher->CloseStarted();

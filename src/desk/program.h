@@ -6,6 +6,7 @@
 #include "desk/file_settings.h"
 #include "desk/file_show.h"
 #include "desk/list_panel.h"
+#include "desk/receiver_desk.h"
 #include "desk/selection.h"
 #include "desk/session.h"
 #include "desk/start_button.h"
@@ -21,6 +22,7 @@
 #include "platform/timers.h"
 #include "receivers/level_source.h"
 #include "receivers/receiver_access.h"
+#include "receivers/receiver_search.h"
 #include "results/page_series.h"
 #include "results/result_files.h"
 
@@ -31,6 +33,8 @@ namespace qor {
 
 inline constexpr int CloseQOR = 29;     ///< timer of the program's end
 inline constexpr int ClosePeriod = 200; ///< ms
+inline constexpr int AfterCallTimer = 51;
+inline constexpr int AfterCallPeriod = 10; ///< ms
 
 /// One engine wired to one set of platform parts. Everything the operator can do without a window starts
 /// from its members; timers, port events and commands come in one at a time.
@@ -62,6 +66,11 @@ public:
     bool Restart(bool keepSession);
     /// True from the exit button on.
     [[nodiscard]] bool IsLeaving() const { return m_Leaving; }
+    /// A call to a receiver is under way, and the handler that made it waits. Nothing else may be begun: only
+    /// the start button, as a stop, and Leave are heard. They switch the carriers off at once and give the
+    /// call up; the rest follows as soon as the handler has come back.
+    [[nodiscard]] bool IsInCall() const { return m_InCall; }
+    void GiveCallUp();
     /// The status poll of an idle link, in case nothing has armed it yet.
     void ArmStatusPoll() { m_Channel.ArmStatusPoll(); }
 
@@ -75,6 +84,7 @@ public:
     [[nodiscard]] SetupStore& Stores() { return m_Store; }
     [[nodiscard]] const SetupStore& Stores() const { return m_Store; }
     [[nodiscard]] Selection& Select() { return m_Selection; }
+    [[nodiscard]] ReceiverDesk& Receiver() { return m_ReceiverDesk; }
     [[nodiscard]] InstrumentSelection& Instrument() { return m_Instrument; }
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
@@ -95,6 +105,8 @@ private:
     [[nodiscard]] std::filesystem::path NumberedFile(int number) const;
     void OnCloseTimer();
     void Quit();
+    void WhileCallWaits();
+    void AfterCall();
 
     void BeforeSend() override { m_Measurement.BeforeSend(); }
     void LineIdle() override { m_Measurement.LineIdle(); }
@@ -107,7 +119,6 @@ private:
     [[nodiscard]] bool IsRunOn() const override { return m_Session.run.IsOn(); }
     [[nodiscard]] bool InstrumentListens() const override { return m_Session.receiver.InstrumentListens(); }
     void AbandonRun() override { m_Measurement.Abandon(); }
-    void StartWasRefused(const Outcome& outcome) override { Tell(outcome); }
     void RunBegins() override;
     bool SaveNumbered() override;
     void RunIsAskedFor() override { StartBeeper(m_Session, m_Platform); }
@@ -119,6 +130,7 @@ private:
     Session m_Session;
     SetupStore m_Store;
     ReceiverAccess m_Receiver;
+    ReceiverSearch m_ReceiverSearch;
     ResultFiles m_Files;
     ReportMaker m_Reports;
     PageSeries m_Series;
@@ -138,13 +150,17 @@ private:
     StartButton m_StartButton;
     Selection m_Selection;
     AutoSaver m_AutoSaver;
+    ReceiverDesk m_ReceiverDesk;
     Timer m_CloseTimer;
+    Timer m_CallTimer; ///< what came during a call, once its handler has come back
 
     std::function<void(int)> m_Quit;
     int m_CloseTicks = 0;
     bool m_CarriersOff = false;
     bool m_Leaving = false;
     bool m_RunHasBegun = false; ///< and its end was not seen yet
+    bool m_InCall = false;
+    bool m_LeaveHeld = false; ///< the wish to leave came during the call
 };
 
 } // namespace qor

@@ -71,12 +71,6 @@ Outcome Selection::SelectMethod(int mode) {
     return Outcome::Done();
 }
 
-void Selection::UseInternalReceiver() {
-    m_Session.receiver.UseInstrument();
-    m_Store.Write("internalreceiver.ccz", "1");
-    m_Instrument.UseOwnReceiver();
-}
-
 Outcome Selection::SelectPath(int path) {
     if (Outcome off = RunIsOff(m_Session); !off)
         return off;

@@ -22,8 +22,6 @@ public:
     Outcome SelectOrder(int imIndex); ///< 1 IM3 to 5 IM11; ignored in the inter-band mode
     Outcome SelectMethod(int mode);   ///< TestMode; a spectrum run is started by the start button
     Outcome SelectPath(int path);     ///< 1 reflection, 2 transmission
-    /// Levels are read with the instrument's own receiver, and the choice is kept.
-    void UseInternalReceiver();
 
 private:
     [[nodiscard]] Outcome MayChoose() const;

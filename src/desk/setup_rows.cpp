@@ -72,23 +72,7 @@ void AddSetupRows(MenuBuilder& menu) {
               .checked = [](const Program& program, int) { return program.State().interBand.IsOn(); },
               .noDialog = "Einbauen misserfolg"});
     menu.Line();
-    menu.Menu("Receiver Ports(&P)");
-    const auto receives = [](const Program& program, int n) {
-        return program.State().receiver.InstrumentListens() == (n == 1);
-    };
-    menu.Add({.id = "receiver",
-              .argument = 1,
-              .caption = "Intern",
-              .guards = {.run = true},
-              .run =
-                  [](Desk& desk, int) {
-                      desk.program.Select().UseInternalReceiver();
-                      return Outcome::Done();
-                  },
-              .checked = receives});
-    menu.Add({.id = "receiver", .argument = 0, .caption = "Extern", .checked = receives});
-    menu.End();
-    menu.Add({.id = "analyser_setup", .caption = "R/S Analysator Setup(&A)"});
+    AddReceiverRows(menu);
     menu.Line();
     menu.Menu("Route Verlust(&V)");
     menu.Add({.id = "path_loss", .caption = "Route Verlust Einbauen(&X)", .noDialog = "Einbauen misserfolg"});

@@ -69,6 +69,11 @@ void InstrumentSelection::UseOwnReceiver() {
         m_Link.queue.Append(UseReceiver(m_Working.ImIndex()));
 }
 
+void InstrumentSelection::UseExternalReceiver() {
+    if (m_Comm.GetPortOpen())
+        m_Link.queue.Append(command::ExternalReceiver);
+}
+
 void InstrumentSelection::Activate() {
     const int step = m_Link.chain.Step();
     m_Init.HardBandInit();

@@ -28,6 +28,8 @@ public:
     void SelectPath(int path);
     /// The instrument's own receiver measures again.
     void UseOwnReceiver();
+    /// The measurement is handed over to an external one.
+    void UseExternalReceiver();
     /// What is selected becomes the working set, and goes to the instrument where it is connected.
     void Activate();
 

@@ -61,6 +61,17 @@ void Measurement::PassIsOver() {
         EndRun();
 }
 
+/// A receiver that is lost ends everything that was asked for; a stop that came while it was waited for is
+/// carried out now.
+bool Measurement::ReceiverAnswered() {
+    const LevelSource& source = m_Rooms.sources.Current();
+    if (source.IsBrokenOff())
+        EndWithin(RunEnd::Stopped);
+    else if (source.IsLost())
+        EndWithin(RunEnd::CutShort);
+    return m_Rooms.run.IsOn();
+}
+
 void Measurement::RepeatPass() {
     m_Rooms.run.CountPass(m_Shape->Tally());
     m_Shape->Repeat();
@@ -118,7 +129,7 @@ void Measurement::NextSweep() {
 void Measurement::BeginFurtherRun() {
     if (const StartAnswer answer = BeginRun(); !answer.outcome) {
         Abandon(); // what is in force can be measured no more
-        m_Events.StartWasRefused(answer.outcome);
+        m_Events.Tell(answer.outcome);
     }
 }
 
@@ -157,6 +168,11 @@ void Measurement::Judge() {
     FollowPoints();
     const RunTally& tally = m_Rooms.run.Tally();
     Curve& curve = m_Rooms.curve;
+    if (CannotJudge(m_Rooms.run.Record())) {
+        if (!curve.verdict.IsError())
+            curve.verdict.Take(VerdictNone);
+        return;
+    }
     const bool over = curve.limit.AlarmOn() && tally.Highest() && curve.ExceedsLimit(*tally.Highest());
     curve.verdict.Settle({.holdsPoint = tally.Taken() > 0,
                           .isComplete = tally.IsComplete(),

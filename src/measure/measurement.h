@@ -37,8 +37,8 @@ public:
     RunEvents& operator=(const RunEvents&) = delete;
     virtual ~RunEvents() = default;
 
-    /// A run that was waiting, or a further one, could not begin.
-    virtual void StartWasRefused(const Outcome& outcome) = 0;
+    /// What a start has to say that nobody waits for: it could not begin, or its run will have no verdict.
+    virtual void Tell(const Outcome& outcome) = 0;
     /// The first run of a press begins: the last result goes, and what it has set aside comes back in force.
     virtual void RunBegins() = 0;
     /// Saves the pass just over as the next numbered file of the series. False when it cannot be written.
@@ -101,6 +101,7 @@ private:
     [[nodiscard]] StartAnswer BeginRun();
     [[nodiscard]] StartAnswer TakeRecord(RunRecord& record);
     void TakeCorrections(RunRecord& record) const;
+    [[nodiscard]] bool CannotJudge(const RunRecord& record) const;
     [[nodiscard]] Outcome TakePlan(const BandInfo& band, RunRecord& record);
     [[nodiscard]] Outcome Refuse(const char* words);
     [[nodiscard]] std::string_view BandCommand() const;
@@ -125,6 +126,7 @@ private:
     void FollowCurve() override;
     void LevelTaken(float dBm) override { m_Rooms.run.Take(dBm); }
     void LevelShown() override { m_Events.LevelIsShown(); }
+    bool ReceiverAnswered() override;
     void PassIsOver() override;
 
     MeasurementRooms m_Rooms;

@@ -31,6 +31,10 @@ struct RunRecord {
     std::string model;
     float firmware = 0;
     std::string serial; ///< of the instrument
+    /// Of an external receiver, its answer to *IDN?: printable, at most 100 characters. Empty when the
+    /// instrument's own receiver measures.
+    std::string receiver;
+    float receiverFloor = -1000; ///< dBm with the losses; nothing below it can be heard
 };
 
 } // namespace qor

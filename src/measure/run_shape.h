@@ -30,6 +30,8 @@ public:
     virtual void LevelTaken(float dBm) = 0;
     /// A level is shown.
     virtual void LevelShown() = 0;
+    /// An external receiver was asked; false when the run is over by that.
+    [[nodiscard]] virtual bool ReceiverAnswered() = 0;
     /// The pass is over, told again and again until something new begins.
     virtual void PassIsOver() = 0;
 };

@@ -6,6 +6,7 @@
 #include "link/link_state.h"
 #include "measure/run.h"
 #include "measure/timer_ids.h"
+#include "receivers/level_source.h"
 
 namespace qor {
 
@@ -38,7 +39,8 @@ void Spectrum::Repeat() {
 void Spectrum::Stop() {
     SteppedShape::Stop();
     // The receiver listens at IM3; the next run may be of the operator's order.
-    if (const int imIndex = m_Parts.run.Record().imIndex; imIndex > 1)
+    const int imIndex = m_Parts.run.Record().imIndex;
+    if (imIndex > 1 && m_Parts.sources.Current().AnswersOverTheLine())
         m_Parts.link.queue.Append(UseReceiver(imIndex));
 }
 

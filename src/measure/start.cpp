@@ -6,6 +6,7 @@
 #include "curve/curve.h"
 #include "curve/readout.h"
 #include "link/channel.h"
+#include "link/commands.h"
 #include "link/firmware.h"
 #include "link/instrument_selection.h"
 #include "link/inter_band_mode.h"
@@ -42,7 +43,7 @@ void Measurement::InstrumentIsReady() {
         return;
     m_Rooms.run.DropWait();
     if (const StartAnswer answer = Begin(); !answer.outcome)
-        m_Events.StartWasRefused(answer.outcome);
+        m_Events.Tell(answer.outcome);
 }
 
 /// The port is open. Firmware that takes no start behind what is queued waits for it.
@@ -51,6 +52,10 @@ StartAnswer Measurement::Begin() {
     if (!IsInitialised(link))
         return {Outcome::Refused(link.chain.WaitsForChoice() ? "Auswaehlen Breite"
                                                              : "Initialisieren, bitte warten!")};
+    if (Outcome ready = m_Rooms.sources.BeReady(); !ready) {
+        m_Rooms.run.Refuse();
+        return {std::move(ready)};
+    }
     m_Channel.ForgetError(); // that of an earlier run does not condemn this one
     m_Channel.PauseStatusPoll();
     m_Events.RunIsAskedFor();
@@ -86,7 +91,7 @@ void Measurement::OnRestartTimer() {
         return;
     m_RestartTimer.Stop();
     if (const StartAnswer answer = BeginFirstRun(); !answer.outcome)
-        m_Events.StartWasRefused(answer.outcome);
+        m_Events.Tell(answer.outcome);
 }
 
 StartAnswer Measurement::BeginFirstRun() {
@@ -111,11 +116,21 @@ StartAnswer Measurement::BeginRun() {
     if (m_Rooms.run.IsFirst())
         ClearForPress();
     TakeCorrections(record);
+    if (m_Rooms.run.IsFirst() && CannotJudge(record))
+        m_Events.Tell(
+            Outcome::DoneWith("Der Leistungssensor hoert nichts unter -73 dBm: Bei diesem Grenzwert hat "
+                              "die Messung kein Ergebnis."));
     m_Shape = ShapeOf(record.method);
     m_Rooms.run.Begin(std::move(record));
     m_Channel.ExpectLevels(true);
     m_Shape->Begin();
     return answer;
+}
+
+/// The receiver hears nothing where the limit lies.
+bool Measurement::CannotJudge(const RunRecord& record) const {
+    const Curve& curve = m_Rooms.curve;
+    return curve.limit.Level() + curve.scale.Reference() < record.receiverFloor;
 }
 
 /// The one place that clears a curve for a run.
@@ -190,6 +205,7 @@ StartAnswer Measurement::TakeRecord(RunRecord& record) {
     record.model = m_Rooms.link.identity.ModelName();
     record.firmware = m_Rooms.link.identity.Firmware();
     record.serial = m_Rooms.link.identity.Serial();
+    record.receiver = m_Rooms.sources.Identity();
     if (!ShapeOf(record.method) || (interBand.IsOn() && record.method == ModeSpectrum))
         return {Refuse("Auswaehlen Messung modell")};
     return {};
@@ -201,6 +217,8 @@ void Measurement::TakeCorrections(RunRecord& record) const {
     record.rxLoss = working.Port2Loss();
     if (const BandInfo* band = FindBand(record.band); band && band->lossField >= 0)
         record.bandRxLoss = working.RxLosses()[static_cast<std::size_t>(band->lossField)];
+    const auto floor = m_Rooms.sources.Current().Floor();
+    record.receiverFloor = floor ? *floor + record.rxLoss + record.bandRxLoss : RunRecord().receiverFloor;
     record.powerOffset = working.PowerOffset();
     record.carrier = m_Rooms.curve.scale.Carrier();
 }
@@ -245,6 +263,7 @@ StartSituation Measurement::Situation() const {
     StartSituation at;
     at.firmware = link.identity.Firmware();
     at.internal = m_Rooms.sources.Current().AnswersOverTheLine();
+    at.handsOver = !at.internal && link.given.Receiver() != command::ExternalReceiver;
     at.prepared = link.chain.IsPrepared();
     at.transmission = record.path == 2;
     at.firstRun = m_Rooms.run.IsFirst();

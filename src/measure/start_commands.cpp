@@ -36,6 +36,7 @@ public:
     Script& SelectBandAgain() {
         return SendIf(m_At.firstRun && !m_At.bandCommand.empty(), {m_At.bandCommand});
     }
+    Script& HandOver() { return SendIf(m_At.handsOver, {command::ExternalReceiver}); }
     Script& Recut() { return SendIf(m_At.firstRun && HasRecut(m_At.firmware), {"#RECUT1"}); }
     /// Transmission is told to every run, reflection to the first one.
     Script& Transmission() { return SendIf(m_At.transmission, {"#SMTRA"}); }
@@ -86,6 +87,7 @@ float FirstProduct(const StartSituation& at) {
 
 StartCommands StartOfTwoTone(const StartSituation& at) {
     return Script(at)
+        .HandOver()
         .SelectBandAgain()
         .Send({"#M2T1", "#SR"})
         .Recut()
@@ -105,6 +107,7 @@ StartCommands RepeatOfTwoTone(const StartSituation& at) {
 StartCommands StartOfSweep(const StartSituation& at) {
     const bool carriersOff = at.saEnclosed && at.runIndex == 0 && !at.interBandPower;
     Script script(at);
+    script.HandOver();
     if (!at.prepared)
         script.SelectBandAgain();
     if (RestsBetweenHalves(at.firmware))
@@ -137,6 +140,7 @@ StartCommands RepeatOfSweep(const StartSituation& at) {
 StartCommands StartOfSpectrum(const StartSituation& at) {
     return Script(at)
         .Send({UseReceiver(1)})
+        .SendIf(!at.internal, {command::ExternalReceiver})
         .SelectBandAgain()
         .Send({"#SR"})
         .Recut()

@@ -14,8 +14,9 @@ namespace qor {
 /// Everything that the commands at the beginning of a run, or of a further pass over its curve, depend on.
 struct StartSituation {
     float firmware = 0;
-    bool internal = true;  ///< the instrument's own receiver listens
-    bool prepared = false; ///< the instrument says so: a sweep needs less
+    bool internal = true;   ///< the instrument's own receiver listens
+    bool handsOver = false; ///< an external one does, and the instrument was not told yet
+    bool prepared = false;  ///< the instrument says so: a sweep needs less
     bool transmission = false;
 
     bool firstRun = true;              ///< of a press of the start button

@@ -98,6 +98,8 @@ void SteppedShape::OnWaitTick() {
     m_WaitTimer.Stop();
     LevelSource& source = m_Parts.sources.Current();
     source.PrepareForSteps();
+    if (!m_Parts.host.ReceiverAnswered())
+        return;
     m_StepTimer.Start(source.StepPeriod());
     m_Parts.host.FollowCurve();
 }
@@ -143,15 +145,21 @@ void SteppedShape::BeforeSend() {
     const bool ofStep = link.transaction.Tag() == TagStepUp || link.transaction.Tag() == TagStepDown;
     if (link.transaction.Param() > 0 && ofStep && m_Parts.curve.Find(link.transaction.Param()) >= 0) {
         auto reading = source.ReadInStep();
-        for (m_Retries = 0; reading && !reading->IsLevel() && m_Retries < MostRetries; ++m_Retries)
+        // One that did not come is not asked for again: that has taken long enough.
+        for (int retries = 0; reading && reading->IsSpoilt() && retries < MostRetries; ++retries)
             reading = source.ReadInStep();
-        if (reading)
+        if (reading) {
+            if (!m_Parts.host.ReceiverAnswered())
+                return;
+            m_Retries = MostRetries;
             Reply(*reading, link.transaction.Tag() + 10, link.transaction.Param());
+        }
     }
     const float next = link.queue.Head().param;
     if (next > 0) {
         m_Parts.readout.ShowIm(static_cast<double>(next));
         source.Tune(NumberIn(Fixed(static_cast<double>(next), 1)) * 1e6);
+        static_cast<void>(m_Parts.host.ReceiverAnswered());
     }
 }
 

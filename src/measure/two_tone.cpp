@@ -25,6 +25,8 @@ void TwoTone::Begin() {
     LevelSource& source = m_Parts.sources.Current();
     source.HoldForTones();
     source.ListenAt(std::round(static_cast<double>(product) * 1e6));
+    if (!m_Parts.host.ReceiverAnswered())
+        return; // before any carrier
     BeginPass(StartOfTwoTone(m_Parts.host.Situation()));
 }
 
@@ -53,14 +55,16 @@ PassTally TwoTone::Tally() const {
     return {Points(), m_Parts.curve.NextPoint()};
 }
 
-/// Readings that are spoilt make a pass longer, by half at most; without one that is not it ends with as many
-/// as its time holds. Behind an error reply no level counts any more: the pass then ends by its ticks.
+/// Readings that are spoilt make a pass longer, by half at most; without one that is not, and with an
+/// external receiver, it ends with as many as its time holds. Behind an error reply no level counts any more:
+/// the pass then ends by its ticks.
 bool TwoTone::TimeIsUp() const {
     const Curve& curve = m_Parts.curve;
     const int points = Points();
     if (curve.verdict.IsError())
         return m_Ticks > points;
-    const int most = curve.NextPoint() == 0 ? points : points + points / 2;
+    const bool overTheLine = m_Parts.sources.Current().AnswersOverTheLine();
+    const int most = curve.NextPoint() == 0 || !overTheLine ? points : points + points / 2;
     return m_Spoilt > 0 && curve.NextPoint() + m_Spoilt >= most;
 }
 
@@ -76,6 +80,8 @@ void TwoTone::OnTick() {
     ++m_Ticks;
     source.Ask(m_Parts.link.queue, TagLevel, 0);
     const auto reading = source.ReadInTick();
+    if (reading && !m_Parts.host.ReceiverAnswered())
+        return;
     if (g_SettleTicks < source.SettleMs() / curve.TimePerPoint() + 1) {
         ++g_SettleTicks;
         return;

@@ -59,6 +59,9 @@ public:
     /// Long work goes on: `done` of `total` steps, the last call with done equal to total. False once the
     /// operator wants it to end.
     virtual bool Progress(std::string_view /*what*/, int /*done*/, int /*total*/) { return true; }
+    /// A call to the outside takes its time: what is shown is brought up to date, and of all that the
+    /// operator may press only the stop button and the way out are heard.
+    virtual void LetLive() {}
 };
 
 } // namespace qor

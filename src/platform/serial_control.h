@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qor {
 
@@ -49,11 +50,23 @@ public:
     /// The event being reported; valid inside the handler.
     [[nodiscard]] CommEvent GetCommEvent() const { return m_Event; }
 
+    /// While it is held nothing is reported: a handler waits inside a call. What has come is reported once it
+    /// is let go.
+    void Hold(bool held) {
+        m_Held = held;
+        if (!held && m_Kept != CommEvent::None)
+            Report(std::exchange(m_Kept, CommEvent::None));
+    }
     /// The owner's handler. It may call every operation above, also SetPortOpen.
     void SetHandler(std::function<void()> handler) { m_Handler = std::move(handler); }
 
 protected:
     void Report(CommEvent event) {
+        if (m_Held) {
+            if (m_Kept != CommEvent::Lost)
+                m_Kept = event;
+            return;
+        }
         m_Event = event;
         if (m_Handler)
             m_Handler();
@@ -61,8 +74,10 @@ protected:
     }
 
 private:
-    CommEvent m_Event = CommEvent::None;
     std::function<void()> m_Handler;
+    CommEvent m_Event = CommEvent::None;
+    bool m_Held = false;
+    CommEvent m_Kept = CommEvent::None; ///< came while it was held
 };
 
 } // namespace qor

@@ -28,17 +28,20 @@ public:
         for (int id = 0; id < Count; ++id)
             KillTimer(id);
     }
+    /// While they are held no timer ticks: a handler waits inside a call. What is missed does not come later.
+    void Hold(bool held) { m_Held = held; }
     void OnTick(int id, std::function<void()> handler) { m_Handlers[Index(id)] = std::move(handler); }
 
 protected:
     [[nodiscard]] static std::size_t Index(int id) { return static_cast<std::size_t>(id); }
     void Tick(int id) {
-        if (const auto& handler = m_Handlers[Index(id)])
+        if (const auto& handler = m_Handlers[Index(id)]; handler && !m_Held)
             handler();
     }
 
 private:
     std::array<std::function<void()>, Count> m_Handlers;
+    bool m_Held = false;
 };
 
 /// One of them, held by its owner: it stops with its owner.

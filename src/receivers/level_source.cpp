@@ -2,17 +2,17 @@
 
 #include "base/text_format.h"
 #include "link/command_queue.h"
+#include "receivers/analyser_setup.h"
 #include "receivers/receiver_access.h"
+#include "receivers/receiver_search.h"
 
 namespace qor {
 
 namespace {
 
 constexpr int SensorTriesInStep = 99;
-constexpr double NoResult = -80.0; // dBm
 constexpr std::string_view MeasureAnew = "INIT;*WAI";
-constexpr std::string_view MarkerOn[] = {"CALC:MARK1 ON", MeasureAnew, "CALC:MARK:STAT ON",
-                                         "CALC:MARK:TRAC 1", "CALC:MARK:MAX:AUTO ON"};
+constexpr std::string_view MarkerLevel = "CALC:MARK1:Y?";
 
 } // namespace
 
@@ -36,62 +36,143 @@ int ExternalSource::StepPeriod() const {
     return 100;
 }
 
+bool ExternalSource::IsLost() const {
+    return m_Access.IsLost();
+}
+
+bool ExternalSource::IsBrokenOff() const {
+    return m_Access.IsBrokenOff();
+}
+
 void ExternalSource::HoldForTones() {
     m_Access.VisaIO("INIT:CONT OFF");
 }
 
 void ExternalSource::ListenAt(double hertz) {
     Tune(hertz);
-    SwitchMarkerOn();
+    if (!m_Access.HasFailed())
+        SwitchMarkerOn();
+    NoteSetUp();
 }
 
 void ExternalSource::PrepareForSteps() {
     HoldForTones();
-    SwitchMarkerOn();
+    if (!m_Access.HasFailed())
+        SwitchMarkerOn();
+    NoteSetUp();
+}
+
+/// A receiver that is gone when it is made ready for a run is lost, before its first reading.
+void ExternalSource::NoteSetUp() {
+    if (m_Access.HasFailed() && !m_Access.UsesSensor())
+        m_Access.Disown();
 }
 
 void ExternalSource::SwitchMarkerOn() {
-    for (const std::string_view text : MarkerOn)
-        m_Access.VisaIO(text);
+    m_Access.Write(MarkerTail());
 }
 
 void ExternalSource::Tune(double hertz) {
-    m_Access.VisaIO("FREQUENCY:CENTER " + Fixed(hertz, 0) + "Hz");
+    m_Hertz = hertz;
+    m_Tuned = Restore() && TuneAnew();
+}
+
+bool ExternalSource::TuneAnew() {
+    m_Access.VisaIO("FREQUENCY:CENTER " + Fixed(m_Hertz, 0) + "Hz");
+    return m_Access.Went();
+}
+
+/// Nothing to do as long as the line has held.
+bool ExternalSource::Restore() {
+    if (!m_Access.WasReopened())
+        return true;
+    if (!m_Search.Restore())
+        return false;
+    HoldForTones();
+    SwitchMarkerOn();
+    if (m_Access.HasFailed() || !TuneAnew())
+        return false;
+    m_Access.Accept();
+    return true;
 }
 
 void ExternalSource::Release() {
     m_Access.VisaIO("INIT:CONT ON");
 }
 
+bool ExternalSource::ListensInTick() {
+    return Restore();
+}
+
+/// A step whose frequency could not be told has no reading, even where the line is well again.
+bool ExternalSource::ListensInStep() {
+    return Restore() && m_Tuned;
+}
+
+Reading ExternalSource::NoLevel() {
+    m_Access.CountReading(false);
+    return Reading::Missing();
+}
+
+Reading ExternalSource::Level(std::string_view question) {
+    const auto answer = m_Access.Query(question);
+    if (!answer)
+        return NoLevel();
+    m_Access.CountReading(true);
+    return Reading::In(*answer);
+}
+
 std::optional<Reading> AnalyserSource::ReadInTick() {
-    const Reading reading = Reading::In(m_Access.Query("CALC:MARK1:Y?"));
-    m_Access.VisaIO(MeasureAnew);
+    if (!ListensInTick())
+        return NoLevel();
+    const Reading reading = Level(MarkerLevel);
+    if (!m_Access.HasFailed())
+        m_Access.VisaIO(MeasureAnew);
     return reading;
 }
 
 std::optional<Reading> AnalyserSource::ReadInStep() {
+    if (!ListensInStep())
+        return NoLevel();
     m_Access.VisaIO(MeasureAnew);
-    return Reading::In(m_Access.Query("CALC:MARK1:Y?"));
+    return m_Access.Went() ? Level(MarkerLevel) : NoLevel();
 }
 
 std::optional<Reading> MeterSource::ReadInTick() {
-    return Reading::In(m_Access.Query(m_Question));
+    return ListensInTick() ? Level(m_Question) : NoLevel();
+}
+
+std::optional<Reading> MeterSource::ReadInStep() {
+    return ListensInStep() ? Level(m_Question) : NoLevel();
 }
 
 std::optional<Reading> SensorSource::ReadInTick() {
-    return m_Access.ReadSensor().value_or(Reading::Of(NoResult));
+    const Reading reading = m_Access.ReadSensor();
+    m_Access.CountReading(!reading.IsMissing());
+    return reading;
 }
 
 std::optional<Reading> SensorSource::ReadInStep() {
-    auto reading = m_Access.ReadSensor();
-    for (int tries = 1; tries < SensorTriesInStep && !reading; ++tries)
-        reading = m_Access.ReadSensor();
-    return reading.value_or(Reading::Of(NoResult));
+    const Reading reading = m_Access.ReadSensor(SensorTriesInStep);
+    m_Access.CountReading(!reading.IsMissing());
+    return reading;
 }
 
-LevelSources::LevelSources(const ReceiverState& state, ReceiverAccess& access)
-    : m_State(state), m_Analyser(access), m_Nrv(access, "SENS:DATA:AMPL?"), m_OtherMeter(access, "MEAS?"),
-      m_Sensor(access) {}
+std::optional<float> SensorSource::Floor() const {
+    return -73.0f;
+}
+
+LevelSources::LevelSources(const ReceiverState& state, ReceiverAccess& access, ReceiverSearch& search)
+    : m_State(state), m_Search(search), m_Analyser(access, search), m_Nrv(access, search, "SENS:DATA:AMPL?"),
+      m_OtherMeter(access, search, "MEAS?"), m_Sensor(access, search) {}
+
+Outcome LevelSources::BeReady() {
+    return m_State.InstrumentListens() ? Outcome::Done() : m_Search.BeReady();
+}
+
+std::string LevelSources::Identity() const {
+    return m_State.InstrumentListens() ? std::string() : m_State.Identity();
+}
 
 LevelSource& LevelSources::Current() {
     if (m_State.InstrumentListens())

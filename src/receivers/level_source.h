@@ -1,15 +1,18 @@
 #pragma once
 
+#include "base/outcome.h"
 #include "base/reading.h"
 #include "receivers/receiver_state.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace qor {
 
 class CommandQueue;
 class ReceiverAccess;
+class ReceiverSearch;
 
 /// Where the levels of a run come from. A run asks for every level in the same way: Ask, then ReadInTick or
 /// ReadInStep. The instrument's own receiver is asked over the line and answers in a reply; an external one
@@ -39,6 +42,13 @@ public:
     /// Time from one step of a sweep to the next, ms.
     [[nodiscard]] virtual int StepPeriod() const = 0;
 
+    /// dBm below which it hears nothing, whatever it shows; nothing where that is no matter of ours.
+    [[nodiscard]] virtual std::optional<float> Floor() const { return std::nullopt; }
+    /// It does not answer any more: the run ends.
+    [[nodiscard]] virtual bool IsLost() const = 0;
+    /// A call that waited for it was given up by the stop button or on the way out: the run ends at once.
+    [[nodiscard]] virtual bool IsBrokenOff() const = 0;
+
     virtual void HoldForTones() = 0;         ///< before the tones of a 2-tone run are set
     virtual void ListenAt(double hertz) = 0; ///< tuned and made ready for a 2-tone run
     virtual void PrepareForSteps() = 0;      ///< made ready for a sweep
@@ -56,6 +66,8 @@ public:
     [[nodiscard]] std::optional<Reading> ReadInStep() override { return std::nullopt; }
     [[nodiscard]] int SettleMs() const override { return 0; }
     [[nodiscard]] int StepPeriod() const override;
+    [[nodiscard]] bool IsLost() const override { return false; }
+    [[nodiscard]] bool IsBrokenOff() const override { return false; }
     void HoldForTones() override {}
     void ListenAt(double) override {}
     void PrepareForSteps() override {}
@@ -64,15 +76,20 @@ public:
 };
 
 /// A receiver of its own: everything but the reading is the same for all of them.
+///
+/// Behind a line that had to be opened anew the receiver is asked who it is, set up and tuned again before a
+/// reading counts.
 class ExternalSource : public LevelSource {
 public:
-    explicit ExternalSource(ReceiverAccess& access) : m_Access(access) {}
+    ExternalSource(ReceiverAccess& access, ReceiverSearch& search) : m_Access(access), m_Search(search) {}
 
     [[nodiscard]] bool AnswersOverTheLine() const override { return false; }
     void Ask(CommandQueue&, int, float) override {}
     void AskAgain(CommandQueue&, int, float) override {}
     [[nodiscard]] int SettleMs() const override;
     [[nodiscard]] int StepPeriod() const override;
+    [[nodiscard]] bool IsLost() const override;
+    [[nodiscard]] bool IsBrokenOff() const override;
     void HoldForTones() override;
     void ListenAt(double hertz) override;
     void PrepareForSteps() override;
@@ -80,10 +97,24 @@ public:
     void Release() override;
 
 protected:
+    /// False, and a reading has not come, when the receiver cannot be brought to where it has to listen.
+    [[nodiscard]] bool ListensInTick();
+    [[nodiscard]] bool ListensInStep();
+    /// The answer to a question for a level; missing when there is none.
+    [[nodiscard]] Reading Level(std::string_view question);
+    [[nodiscard]] Reading NoLevel();
+
     ReceiverAccess& m_Access;
 
 private:
     void SwitchMarkerOn();
+    void NoteSetUp();
+    [[nodiscard]] bool Restore();
+    [[nodiscard]] bool TuneAnew();
+
+    ReceiverSearch& m_Search;
+    double m_Hertz = 0;
+    bool m_Tuned = true; ///< the last frequency has reached it
 };
 
 /// An analyser with a marker. It measures when told to: in a sweep before the marker is read, in 2-tone
@@ -98,32 +129,39 @@ public:
 /// A power meter that answers one question with a level.
 class MeterSource final : public ExternalSource {
 public:
-    MeterSource(ReceiverAccess& access, std::string_view question)
-        : ExternalSource(access), m_Question(question) {}
+    MeterSource(ReceiverAccess& access, ReceiverSearch& search, std::string_view question)
+        : ExternalSource(access, search), m_Question(question) {}
     [[nodiscard]] std::optional<Reading> ReadInTick() override;
-    [[nodiscard]] std::optional<Reading> ReadInStep() override { return ReadInTick(); }
+    [[nodiscard]] std::optional<Reading> ReadInStep() override;
 
 private:
     std::string_view m_Question;
 };
 
-/// The power sensor. One that has no result stands for -80 dBm; in a sweep it is asked again before that.
+/// The power sensor, which is not tuned. What lies below its floor stands for -80 dBm; in a sweep it is asked
+/// again before that.
 class SensorSource final : public ExternalSource {
 public:
     using ExternalSource::ExternalSource;
     [[nodiscard]] std::optional<Reading> ReadInTick() override;
     [[nodiscard]] std::optional<Reading> ReadInStep() override;
+    [[nodiscard]] std::optional<float> Floor() const override;
 };
 
 /// All of them, and the one in use.
 class LevelSources {
 public:
-    LevelSources(const ReceiverState& state, ReceiverAccess& access);
+    LevelSources(const ReceiverState& state, ReceiverAccess& access, ReceiverSearch& search);
 
     [[nodiscard]] LevelSource& Current();
+    /// For a start: an external receiver that is in use is there. Refused when it is not.
+    Outcome BeReady();
+    /// What measures, as it is kept with a result; empty for the instrument's own receiver.
+    [[nodiscard]] std::string Identity() const;
 
 private:
     const ReceiverState& m_State;
+    ReceiverSearch& m_Search;
     InstrumentSource m_Instrument;
     AnalyserSource m_Analyser;
     MeterSource m_Nrv;

@@ -70,7 +70,7 @@ TEST(Selection, OrderAndPathTellTheInstrument) {
     EXPECT_EQ(Joined(SentDuring(rig, [&] { EXPECT_TRUE(rig.Done(rig.program.Select().SelectPath(1))); })),
               "#SMREF ");
     // With an external receiver the instrument's own is not tuned.
-    rig.S().receiver.UseExternal(ReceiverAnalyser);
+    rig.S().receiver.UseExternal();
     const auto external =
         SentDuring(rig, [&] { EXPECT_TRUE(rig.Done(rig.program.Select().SelectOrder(1))); });
     EXPECT_EQ(std::count(external.begin(), external.end(), "#USEID3"), 0);

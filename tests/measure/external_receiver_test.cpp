@@ -10,9 +10,10 @@ namespace {
 
 /// An external receiver that sees what the instrument sends out now: a product at 890.0 MHz reads -44.50 dBm,
 /// so that a reading taken at the wrong moment lands wrong. In 2-tone the readings count instead.
-class SeeingReceiver final : public VisaLibrary, public PowerSensorLibrary {
+class SeeingReceiver final : public VisaLibrary {
 public:
     Rig* rig = nullptr;
+    int kind = ReceiverAnalyser;
     bool counts = false;
     int reads = 0;
     std::vector<std::string> written;
@@ -22,8 +23,14 @@ public:
         const sim::InstrumentSettings& now = rig->instrument.Settings();
         return counts ? -40.0 - reads / 10.0 : -(2 * now.frequency1 - now.frequency2) / 200.0;
     }
-    VisaStatus OpenDefaultRM(VisaSession&) override { return -1; }
-    VisaStatus Open(VisaSession, std::string_view, VisaSession&) override { return -1; }
+    VisaStatus OpenDefaultRM(VisaSession& manager) override {
+        manager = 1;
+        return kind == ReceiverSensor ? -1 : 0;
+    }
+    VisaStatus Open(VisaSession, std::string_view, VisaSession& session) override {
+        session = 2;
+        return 0;
+    }
     VisaStatus Close(VisaSession) override { return 0; }
     VisaStatus SetAttribute(VisaSession, VisaAttribute, std::uint32_t) override { return 0; }
     VisaStatus Write(VisaSession, std::string_view text) override {
@@ -31,13 +38,28 @@ public:
         return 0;
     }
     VisaStatus Read(VisaSession, std::size_t, std::string& reply) override {
-        reply = Fixed(Level(), 2) + "\n";
+        static constexpr const char* Names[] = {"", "LAB,FSP-3,1,1.0\n", "LAB,NRVS,2,1.0\n",
+                                                "LAB,NRP2,3,1.0\n"};
+        reply = written.back() == "*IDN?" ? Names[kind] : Fixed(Level(), 2) + "\n";
         written.emplace_back("<");
         return 0;
     }
-    void ReadMeasurement(std::uint32_t, int, int, double& watts) override {
-        watts = std::pow(10.0, Level() / 10) / 1000;
-    }
+
+    struct Sensor final : PowerSensorLibrary {
+        explicit Sensor(SeeingReceiver& receiver) : sees(receiver) {}
+        std::int32_t Init(std::string_view, bool, bool, std::uint32_t&) override {
+            return sees.kind == ReceiverSensor ? 0 : -1;
+        }
+        void SetContAvAperture(std::uint32_t, int, double) override {}
+        void SetContAvSmoothingEnabled(std::uint32_t, int, bool) override {}
+        void ConfigureAvgNSRatio(std::uint32_t, int, double, double) override {}
+        void Initiate(std::uint32_t) override {}
+        void ReadMeasurement(std::uint32_t, int, int, double& watts) override {
+            watts = std::pow(10.0, sees.Level() / 10) / 1000;
+        }
+        void Close(std::uint32_t) override {}
+        SeeingReceiver& sees;
+    } sensor{*this};
 };
 
 struct Kind {
@@ -59,9 +81,10 @@ struct ExternalRig {
     SeeingReceiver receiver;
     Rig rig;
 
-    ExternalRig(int kind, const char* firmware) : rig({.firmware = firmware}, &receiver, &receiver) {
+    ExternalRig(int kind, const char* firmware) : rig({.firmware = firmware}, &receiver, &receiver.sensor) {
         receiver.rig = &rig;
-        rig.S().receiver.UseExternal(kind);
+        receiver.kind = kind;
+        EXPECT_TRUE(rig.program.Receiver().UseExternalNow({}));
         rig.program.Stores().Write("AlarmUp.ccz", "-30.0");
     }
 };
@@ -80,7 +103,7 @@ TEST(ExternalReceiver, TwoToneSettlesSeventeenTicksAndStoresFiftyOnePoints) {
         e.receiver.counts = true;
         e.receiver.written.clear();
         const auto sent = SentDuring(e.rig, [&] { ASSERT_TRUE(e.rig.Measure()); });
-        EXPECT_EQ(Joined(sent), "#SAB3 #M2T1 #SR #RECUT1 #SMREF #SFA09350 #SFB09600 #M2T0 #SMREF ");
+        EXPECT_EQ(Joined(sent), "#USESA #SAB3 #M2T1 #SR #RECUT1 #SMREF #SFA09350 #SFB09600 #M2T0 #SMREF ");
         const Curve& curve = e.rig.S().curve;
         EXPECT_EQ(curve.NextPoint(), 51);
         EXPECT_EQ(e.receiver.reads, 17 + 51);
@@ -89,7 +112,8 @@ TEST(ExternalReceiver, TwoToneSettlesSeventeenTicksAndStoresFiftyOnePoints) {
         auto texts = Chain({{"INIT:CONT OFF"}, Centre(9100), MarkerSetUp});
         for (int i = 0; i < 68; ++i)
             texts = Chain({texts, kind.inTick});
-        EXPECT_EQ(Joined(e.receiver.written), Joined(Chain({texts, {"INIT:CONT ON"}})));
+        texts = Chain({texts, {"INIT:CONT ON"}});
+        EXPECT_EQ(Joined(e.receiver.written), kind.kind == ReceiverSensor ? "" : Joined(texts));
         EXPECT_EQ(PanelOf(e.rig.S()).m_WorstLevelText, "-41.8");
         EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
     }
@@ -170,7 +194,8 @@ TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
             EXPECT_EQ(OnGrid(curve, std::span(curve.Down())).size(), 15U);
             for (const auto& [place, level] : OnGrid(curve, std::span(curve.Down())))
                 EXPECT_NEAR(level, down[place], 0.006f) << place;
-            EXPECT_EQ(Joined(e.receiver.written), Joined(Chain({texts, {"INIT:CONT ON"}})));
+            texts = Chain({texts, {"INIT:CONT ON"}});
+            EXPECT_EQ(Joined(e.receiver.written), kind.kind == ReceiverSensor ? "" : Joined(texts));
             EXPECT_EQ(PanelOf(e.rig.S()).m_WorstLevelText, "-44.5");
             EXPECT_EQ(PanelOf(e.rig.S()).m_WorstFreqText, "890.0");
             EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
@@ -211,15 +236,19 @@ TEST(ExternalReceiver, StopReadsNothingMore) {
     }
 }
 
-/// A failed reading is no level: the run ends by its time, and has no verdict.
-TEST(ExternalReceiver, WithoutALibraryTheRunStillEnds) {
+/// Without a receiver there is no start, and no carrier.
+TEST(ExternalReceiver, WithoutOneTheStartIsRefused) {
     Rig rig;
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
-    rig.S().receiver.UseExternal(ReceiverAnalyser);
-    ASSERT_TRUE(rig.Measure());
-    EXPECT_EQ(rig.S().curve.NextPoint(), 0);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
+    rig.S().receiver.UseExternal();
+    rig.Sent();
+    rig.program.OnMeasButton();
+    EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_TRUE(rig.user.WasTold("Kein Empfaenger: GPIB0::20::INSTR"));
+    EXPECT_EQ(rig.S().run.StartFail(), StartRefused);
+    rig.time.RunFor(1000);
+    EXPECT_EQ(Joined(rig.Sent()).find("#M2T1"), std::string::npos);
 }
 
 } // namespace qor::test

@@ -77,6 +77,7 @@ TEST(StartCommands, OfEveryFirmware) {
                 const std::string read = internal ? "#IMP? " : "";
                 const std::string smtra = transmission ? "#SMTRA " : "";
                 const std::string smref = transmission ? "" : "#SMREF ";
+                const std::string usesa = internal ? "" : "#USESA ";
                 const std::string selector = internal ? row.selector : row.external;
                 EXPECT_EQ(Text(StartOfTwoTone(at), false),
                           "#SAB3 #M2T1 #SR " + recut + smtra + smref + "#SFA09350 #SFB09600 " + read);
@@ -84,7 +85,7 @@ TEST(StartCommands, OfEveryFirmware) {
                           expanded("#SAB3 " + std::string(row.rest) + "#SPA1 #SPB1 #SR " + smtra + recut +
                                    smref + "#SFB09600 #SFA09250 #MSWL1 " + selector + read));
                 EXPECT_EQ(Text(StartOfSpectrum(at), true),
-                          "#USEID3 #SAB3 #SR " + recut + "#SFB09600 #SFA09250 " + read);
+                          "#USEID3 " + usesa + "#SAB3 #SR " + recut + "#SFB09600 #SFA09250 " + read);
                 EXPECT_EQ(Text(RepeatOfTwoTone(at), false), read);
                 EXPECT_EQ(Text(RepeatOfSweep(at), true),
                           expanded("#SFB09600 #SFA09250 " +
@@ -101,7 +102,8 @@ TEST(StartCommands, OfEveryFirmware) {
                 further.firstRun = false;
                 EXPECT_EQ(Text(StartOfTwoTone(further), false),
                           "#M2T1 #SR " + smtra + "#SFA09350 #SFB09600 " + read);
-                EXPECT_EQ(Text(StartOfSpectrum(further), true), "#USEID3 #SR #SFB09600 #SFA09250 " + read);
+                EXPECT_EQ(Text(StartOfSpectrum(further), true),
+                          "#USEID3 " + usesa + "#SR #SFB09600 #SFA09250 " + read);
                 EXPECT_EQ(Text(StartOfSweep(further), true),
                           expanded(std::string(row.rest) + "#SPA1 #SPB1 #SR " + smtra +
                                    "#SFB09600 #SFA09250 #MSWL1 " + selector + read));

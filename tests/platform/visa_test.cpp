@@ -198,7 +198,7 @@ TEST(OwnVisa, SessionsTimeoutsAndLimits) {
     EXPECT_LT(visa.Open(1, "TCPIP0::127.0.0.1::1::SOCKET", session), 0); // no manager
     ASSERT_EQ(visa.OpenDefaultRM(manager), Success);
     EXPECT_EQ(visa.Open(manager, "nonsense", session), ErrorInvalidName);
-    EXPECT_EQ(visa.Open(manager, "GPIB0::20::INSTR", session), ErrorNotFound);
+    EXPECT_EQ(visa.Open(manager, "GPIB0::20::INSTR", session), ErrorNoLibrary);
     EXPECT_EQ(visa.Open(manager, "TCPIP0::127.0.0.1::1::SOCKET", session), ErrorNotFound); // refused
     EXPECT_EQ(session, 0u);
     ASSERT_EQ(

@@ -50,6 +50,10 @@ public:
         return folder;
     }
     bool Progress(std::string_view, int done, int) override { return done < cancelAt; }
+    void LetLive() override {
+        if (whileLiving)
+            whileLiving();
+    }
     [[nodiscard]] bool WasTold(std::string_view part) const {
         return std::any_of(messages.begin(), messages.end(),
                            [part](const std::string& m) { return m.find(part) != std::string::npos; });
@@ -58,7 +62,8 @@ public:
     std::vector<std::string> messages;
     std::vector<std::string> questions;
     bool answer = true;
-    std::function<void()> whileAsked; ///< what happens while a question is open
+    std::function<void()> whileAsked;  ///< what happens while a question is open
+    std::function<void()> whileLiving; ///< what happens while a call waits
     Answer choice = Answer::Yes;
     std::vector<std::filesystem::path> filesToOpen;
     std::filesystem::path fileToSave;

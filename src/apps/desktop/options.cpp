@@ -21,6 +21,8 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
          "DEVICE"},
         {"all-ports", "Offer the machine's own serial ports, too, not only USB ones."},
         {"simulate", "Work on a simulated instrument, for example RT-DB22:6.2.", "MODEL[:FIRMWARE]"},
+        {"simulate-receiver", "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor.",
+         "KIND"},
         {"wire", "Log every transfer to a file.", "FILE"},
     });
     const bool parsed = parser.parse(arguments);
@@ -54,6 +56,13 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
             return {{}, problem, false};
         if (!options.ports.empty())
             return {{}, "--port and --simulate exclude each other.", false};
+    }
+    if (parser.isSet("simulate-receiver")) {
+        std::string problem;
+        options.simulateReceiver = ParseSimulatedReceiver(parser.value("simulate-receiver").toStdString(),
+                                                          options.simulate.has_value(), problem);
+        if (!problem.empty())
+            return {{}, problem, false};
     }
     return {std::move(options), {}, false};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/common/receivers.h"
 #include "sim/instrument.h"
 
 #include <QStringList>
@@ -18,6 +19,7 @@ struct DesktopOptions {
     std::vector<std::string> ports;
     bool allPorts = false; ///< the machine's own serial ports are offered, too
     std::optional<sim::InstrumentConfig> simulate;
+    std::optional<SimulatedReceiver> simulateReceiver;
     std::string wireFile;
 };
 

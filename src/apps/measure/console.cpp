@@ -1,5 +1,9 @@
 #include "apps/measure/console.h"
 
+#include "receivers/receiver_search.h"
+
+#include <QCoreApplication>
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -22,8 +26,12 @@ void Console::Notice(std::string_view text) {
     std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
 }
 
-bool Console::Ask(std::string_view, std::string_view) {
-    return true;
+bool Console::Ask(std::string_view, std::string_view title) {
+    return title != RecoveryTitle;
+}
+
+void Console::LetLive() {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
 void Console::ShowProgress(const std::string& line) {

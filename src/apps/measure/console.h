@@ -6,8 +6,8 @@
 
 namespace qor::app {
 
-/// The shell as the operator: messages go to standard error, every question is answered Yes, and while a run
-/// is on a terminal has one line that shows how it goes.
+/// The shell as the operator: messages go to standard error, every question is answered Yes but the one that
+/// would look for a lost receiver, and while a run is on a terminal has one line that shows how it goes.
 class Console final : public Operator {
 public:
     Console();
@@ -15,6 +15,7 @@ public:
 
     void Message(std::string_view text, std::string_view title = {}) override;
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
+    void LetLive() override;
 
     /// A line beside the messages.
     void Notice(std::string_view text);

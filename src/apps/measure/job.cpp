@@ -91,6 +91,11 @@ bool Job::ContactWasLost() const {
 }
 
 void Job::Look() {
+    if (m_Program.IsInCall()) { // a receiver is waited for
+        if (m_StopAsked())
+            m_Program.GiveCallUp();
+        return;
+    }
     const double limit =
         m_Options.timeoutSeconds ? *m_Options.timeoutSeconds : 3.0 * ExpectedSeconds() + 60.0;
     if (m_Phase != Phase::Exit && m_Phase != Phase::Drain) {
@@ -152,6 +157,10 @@ void Job::WaitIdle() {
 }
 
 void Job::Choose() {
+    if (m_Options.external) {
+        if (const Outcome ready = m_Program.Receiver().UseExternalNow(m_Options.receiverAddress); !ready)
+            return Finish(NoInstrument, ready.Text());
+    }
     const Outcome selected = SelectAll();
     if (!selected)
         return Finish(BadRequest, selected.Text().empty() ? "This instrument does not carry the selection."
@@ -200,7 +209,8 @@ void Job::Settle() {
         return Finish(InstrumentError, ErrorWords(session.curve.verdict.Value()));
     m_Program.OnMeasButton();
     if (!session.run.IsOn())
-        return Finish(BadRequest, m_Console.LastMessage());
+        return Finish(m_Options.external && !session.receiver.IsThere() ? NoInstrument : BadRequest,
+                      m_Console.LastMessage());
     m_Phase = Phase::Measure;
 }
 
@@ -235,7 +245,11 @@ void Job::Drain() {
     SaveFiles();
     if (!m_Outcome.message.empty())
         return Finish(FileFailed, m_Outcome.message);
-    Finish(verdict == VerdictPassed ? Passed : LimitExceeded);
+    if (verdict == VerdictPassed || verdict == VerdictFailed)
+        return Finish(verdict == VerdictPassed ? Passed : LimitExceeded);
+    const bool lost = m_Options.external && !m_Program.State().receiver.IsThere();
+    Finish(NoInstrument, lost ? "The receiver was lost before the measurement was complete."
+                              : "The measurement is not complete.");
 }
 
 void Job::SaveFiles() {

@@ -20,13 +20,20 @@ constexpr int LongestSeconds = 2147483;
 void AddOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
         "Makes one PIM measurement and tells its verdict by the exit status:\n"
-        "0 passed, 1 limit exceeded, 2 the instrument answered with an error, 3 no instrument, contact lost\n"
-        "or time up, 4 bad arguments or not carried by this instrument, 5 a file could not be written.");
+        "0 passed, 1 limit exceeded, 2 the instrument answered with an error, 3 no instrument or receiver,\n"
+        "contact lost or time up, 4 bad arguments or not carried by this instrument, 5 a file could not be "
+        "written.");
     parser.addOptions({
         {{"h", "help"}, "Show this help."},
         {{"v", "version"}, "Show the version."},
         {"port", "Serial device of the instrument.", "DEVICE"},
         {"simulate", "Measure on a simulated instrument, for example RT-DB22:6.2.", "MODEL[:FIRMWARE]"},
+        {"receiver", "intern: the instrument's own, extern: one over VISA, or a power sensor (intern).",
+         "WHICH"},
+        {"receiver-address", "Of the external receiver, as TCPIP0::host::5025::SOCKET (the stored one).",
+         "ADDRESS"},
+        {"simulate-receiver", "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor.",
+         "KIND"},
         {"band", "Band as the panel names it: EGSM, LTE700U, TD-SCDMA-F, ...", "TEXT"},
         {"order", "IM3, IM5, IM7, IM9 or IM11 (IM3).", "ORDER"},
         {"method", "2tone, sweep or spectrum (2tone).", "METHOD"},
@@ -108,6 +115,21 @@ void ReadInstrument(Reader& reader, Options& options) {
         reader.Fail(problem);
 }
 
+void ReadReceiver(Reader& reader, Options& options) {
+    std::string problem;
+    if (reader.Has("simulate-receiver"))
+        options.simulateReceiver =
+            ParseSimulatedReceiver(reader.Text("simulate-receiver"), reader.Has("simulate"), problem);
+    if (!problem.empty())
+        reader.Fail(problem);
+    options.external = reader.Choice("receiver", {"intern", "extern"}) == 1;
+    options.receiverAddress = reader.Text("receiver-address");
+    if (!options.external && (reader.Has("receiver-address") || reader.Has("simulate-receiver")))
+        reader.Fail("--receiver-address and --simulate-receiver belong to --receiver extern.");
+    if (reader.Has("receiver-address") && options.receiverAddress.empty())
+        reader.Fail("--receiver-address takes a VISA address.");
+}
+
 void ReadSelection(Reader& reader, Options& options) {
     const auto band = BandByText(reader.Text("band"));
     if (!reader.Has("band"))
@@ -169,6 +191,7 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
 
     Options options;
     ReadInstrument(reader, options);
+    ReadReceiver(reader, options);
     ReadSelection(reader, options);
     ReadOutputs(reader, parser, options);
     if (reader.Has("limit")) {

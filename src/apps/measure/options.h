@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/common/receivers.h"
 #include "results/report/report_page.h"
 #include "sim/instrument.h"
 
@@ -16,6 +17,9 @@ namespace qor::app {
 struct Options {
     std::string port;                              ///< serial device; empty with `simulate`
     std::optional<sim::InstrumentConfig> simulate; ///< an instrument in this process
+    std::optional<SimulatedReceiver> simulateReceiver;
+    bool external = false;       ///< levels are read with an external receiver
+    std::string receiverAddress; ///< the stored one otherwise
     int band = 0;
     int imIndex = 1;
     int method = 1; ///< TestMode

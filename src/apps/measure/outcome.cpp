@@ -78,6 +78,8 @@ std::string ToJson(const CallResult& outcome, const Options* options, const Sess
         object["model"] = text(link.identity.ModelName());
         object["serial"] = text(link.identity.Serial());
         object["firmware"] = text(Fixed(static_cast<double>(link.identity.Firmware()), 1));
+        if (const std::string& receiver = session->run.Record().receiver; !receiver.empty())
+            object["receiver"] = QString::fromStdString(receiver);
         object["points"] = PointsIn(*session);
         object["limit_dbm"] = InDbm(curve, curve.limit.Level());
         const bool worst = curve.WorstLevel() != 0.0f;

@@ -270,6 +270,7 @@ void CTestSDIFormView::BuildButtons() {
     m_PortButton = AddButton("Scannen Port", {}, [this] { m_Program.Link().OnButton1(); });
     Describe(m_PortButton, "Anschluss suchen, oeffnen oder schliessen");
     m_Start = new StartButton(this);
+    m_Start->setObjectName(QStringLiteral("start"));
     Describe(m_Start, "Messung beginnen oder anhalten");
     QObject::connect(m_Start, &QPushButton::clicked, this, [this] {
         Pressed([this] {
@@ -316,7 +317,7 @@ QString CTestSDIFormView::StateText() const {
         return Tr("Programm wird beendet");
     switch (ShownLamp()) {
     case Lamp::Ready:
-        return Tr("Bereit");
+        return PanelOf(m_Program.State()).receiverMissing ? Tr("Kein Empfaenger") : Tr("Bereit");
     case Lamp::Running:
         return Tr("Messung laeuft");
     case Lamp::NotReady:

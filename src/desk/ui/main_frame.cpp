@@ -33,7 +33,10 @@ QString MenuCaption(const QString& caption) {
 
 CMainFrame::CMainFrame(Program& program, Dialogs& dialogs)
     : m_Program(program), m_Commands(program, dialogs),
-      m_Form(new CTestSDIFormView(program, m_Commands, this)) {
+      m_Form(new CTestSDIFormView(program, m_Commands, this)), m_Receiver(new QLabel(this)) {
+    m_Receiver->setObjectName(QStringLiteral("receiver"));
+    m_Receiver->setTextFormat(Qt::PlainText);
+    m_Receiver->hide();
     setAccessibleName(QStringLiteral("QOR"));
     setCentralWidget(m_Form);
     BuildMenu();
@@ -95,6 +98,11 @@ void CMainFrame::RunCommand(const CommandRow& row) {
     // A key struck twice comes a second time when the first has opened its dialog.
     if (m_Program.IsLeaving() || QApplication::activeModalWidget())
         return;
+    if (m_Program.IsInCall()) {
+        if (&row == FindCommand("start_stop"))
+            m_Program.OnMeasButton();
+        return;
+    }
     m_Form->LeaveFields();
     if (&row == FindCommand("start_stop"))
         m_Form->OfferPortsAgain();
@@ -111,6 +119,7 @@ void CMainFrame::Refresh() {
     if (const int wanted = idle ? IdleRefreshMs : RefreshMs; m_Refresh.interval() != wanted)
         m_Refresh.start(wanted);
     menuBar()->setVisible(panel.menuShown);
+    ShowReceiver(TrText(panel.receiver));
     ShowTitle(panel);
     m_Form->Refresh();
 }
@@ -128,6 +137,18 @@ void CMainFrame::ShowTitle(const Panel& panel) {
     if (windowTitle() != title)
         setWindowTitle(title);
     setAccessibleDescription(title);
+}
+
+void CMainFrame::ShowReceiver(const QString& text) {
+    if (m_Receiver->toolTip() == text)
+        return;
+    m_Receiver->setToolTip(text);
+    m_Receiver->setAccessibleName(text);
+    const int room = std::max(width() / 2, 100);
+    m_Receiver->setText(m_Receiver->fontMetrics().elidedText(text, Qt::ElideRight, room) +
+                        QStringLiteral("  "));
+    menuBar()->setCornerWidget(text.isEmpty() ? nullptr : m_Receiver);
+    m_Receiver->setVisible(!text.isEmpty());
 }
 
 /// Follows the look, the layout and the plot-only display of the engine.
@@ -197,6 +218,12 @@ void CMainFrame::ResizeToLayout() {
 void CMainFrame::closeEvent(QCloseEvent* event) {
     if (m_MayClose) {
         event->accept();
+        return;
+    }
+    if (m_Program.IsInCall()) { // heard at once; the exit's question comes when the call is over
+        event->ignore();
+        m_Program.GiveCallUp();
+        QTimer::singleShot(300, this, [this] { close(); });
         return;
     }
     event->ignore(); // the exit button's way: carriers off, port closed, then it ends by itself

@@ -10,6 +10,7 @@
 #include <vector>
 
 class QAction;
+class QLabel;
 class QMenu;
 
 namespace qor {
@@ -44,12 +45,14 @@ private:
     void ShowChecks();
     void ShowTitle(const Panel& panel);
     void RunCommand(const CommandRow& row);
+    void ShowReceiver(const QString& text);
     void ApplyAppearance();
     void ResizeToLayout();
 
     Program& m_Program;
     Commands m_Commands;
     CTestSDIFormView* m_Form;
+    QLabel* m_Receiver; ///< the external one, beside the menu
     std::vector<Entry> m_Entries;
     QTimer m_Refresh;
     bool m_MayClose = false;

@@ -42,6 +42,36 @@ void ShowBox(QMessageBox::Icon sign, const QString& heading, const QString& text
     box.exec();
 }
 
+/// Keeps what the operator presses from everything but the stop button while a call waits.
+class OnlyTheStopButton final : public QObject {
+public:
+    explicit OnlyTheStopButton(const QWidget* window) : m_Window(window) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (!watched->isWidgetType() || watched->objectName() == QLatin1String("start"))
+            return false;
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+            return true;
+        case QEvent::Close:
+            event->ignore();
+            return watched != m_Window;
+        default:
+            return false;
+        }
+    }
+
+private:
+    const QWidget* m_Window;
+};
+
 std::filesystem::path PathOf(const QString& name) {
     return std::filesystem::path(Utf8(name));
 }
@@ -71,11 +101,20 @@ void WindowOperator::ShowLater(std::string_view text, std::string_view title, bo
     if (m_Open.contains(shown))
         return;
     m_Open.insert(shown);
-    // From the event loop: a timer's or a port's handler that waited here would hold up its own next tick,
-    // and the engine would go on underneath it.
+    ShowSoon(shown, TitleOr(title), failed);
+}
+
+/// From the event loop: a timer's or a port's handler that waited here would hold up its own next tick, and
+/// the engine would go on underneath it.
+void WindowOperator::ShowSoon(const QString& shown, const QString& heading, bool failed) {
     QMetaObject::invokeMethod(
         &m_Later,
-        [this, shown, heading = TitleOr(title), failed] {
+        [this, shown, heading, failed] {
+            if (m_Living) { // a box would keep the call under way from coming back
+                QTimer::singleShot(100, &m_Later,
+                                   [this, shown, heading, failed] { ShowSoon(shown, heading, failed); });
+                return;
+            }
             ShowBox(failed ? QMessageBox::Warning : QMessageBox::Information, heading, shown, Parent());
             m_Open.remove(shown);
         },
@@ -164,6 +203,15 @@ bool WindowOperator::Progress(std::string_view what, int done, int total) {
     if (m_Progress && (done >= total || !goOn))
         m_Progress->deleteLater();
     return goOn;
+}
+
+void WindowOperator::LetLive() {
+    if (m_Living)
+        return;
+    m_Living = true;
+    const OnlyTheStopButton filter(m_Window);
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    m_Living = false;
 }
 
 } // namespace qor::ui

@@ -33,16 +33,19 @@ public:
     [[nodiscard]] std::filesystem::path Folder(std::string_view title,
                                                const std::filesystem::path& start) override;
     bool Progress(std::string_view what, int done, int total) override;
+    void LetLive() override;
 
 private:
     [[nodiscard]] QWidget* Parent() const;
     /// `failed`: with the warning sign.
     void ShowLater(std::string_view text, std::string_view title, bool failed);
+    void ShowSoon(const QString& shown, const QString& heading, bool failed);
 
     QObject m_Later; ///< messages wait with it for the event loop
     QPointer<QWidget> m_Window;
     QPointer<QProgressDialog> m_Progress;
-    QSet<QString> m_Open; ///< messages on the screen now; a timer that repeats one does not pile it up
+    bool m_Living = false; ///< inside LetLive
+    QSet<QString> m_Open;  ///< messages on the screen now; a timer that repeats one does not pile it up
 };
 
 } // namespace qor::ui

@@ -1,99 +1,56 @@
 #include "platform/visa/bounded_visa.h"
 
+#include "platform/visa/loaded_visa.h"
 #include "platform/visa/own_visa.h"
-
-#include <algorithm>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <optional>
-#include <thread>
 
 namespace qor::visa {
 
 namespace {
 
-constexpr auto Tick = std::chrono::milliseconds(50);
-constexpr int OpenMs = 3000;
 constexpr int CloseMs = 500;
 
 } // namespace
 
-/// What the two threads share. The worker's thread holds it too, so that a call that was given up can end in
-/// peace.
-struct BoundedVisa::Worker {
-    std::mutex mutex;
-    std::condition_variable changed;
-    std::optional<Job> job;
-    std::optional<Answer> answer;
-    bool over = false;
-};
-
-BoundedVisa::BoundedVisa(Factory factory) : m_Factory(std::move(factory)) {}
-
-BoundedVisa::~BoundedVisa() {
-    if (!m_Worker)
-        return;
-    const std::lock_guard lock(m_Worker->mutex);
-    m_Worker->over = true;
-    m_Worker->changed.notify_all();
+std::unique_ptr<VisaLibrary> MakeVisa() {
+    std::string why;
+    if (auto installed = LoadedVisa::Load(InstalledVisaNames(), why))
+        return installed;
+    return std::make_unique<OwnVisa>();
 }
 
-BoundedVisa::Answer BoundedVisa::Do(Job job, int limitMs) {
-    if (!m_Worker)
-        return {ErrorConnectionLost, 0, {}};
-    const std::shared_ptr<Worker> worker = m_Worker;
-    std::unique_lock lock(worker->mutex);
-    worker->job = std::move(job);
-    worker->answer.reset();
-    worker->changed.notify_all();
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limitMs);
-    m_Abandon = false;
-    while (!worker->changed.wait_until(lock, std::min(end, std::chrono::steady_clock::now() + Tick),
-                                       [&] { return worker->answer.has_value(); })) {
-        lock.unlock();
-        if (m_WhileWaiting)
-            m_WhileWaiting();
-        lock.lock();
-        if (worker->answer)
-            break;
-        if (m_Abandon || std::chrono::steady_clock::now() >= end) {
-            worker->over = true;
-            worker->changed.notify_all();
-            m_Worker.reset();
-            return {ErrorTimeout, 0, {}};
-        }
+BoundedVisa::Answer BoundedVisa::Do(std::function<Answer(VisaLibrary&)> job, int limitMs) {
+    const auto answer = std::make_shared<Answer>();
+    switch (m_Calls.Do([answer, job = std::move(job)](VisaLibrary& visa) { *answer = job(visa); }, limitMs)) {
+    case CallThread<VisaLibrary>::Call::Done:
+        return std::move(*answer);
+    case CallThread<VisaLibrary>::Call::GivenUp:
+        return {ErrorTimeout, 0, {}};
+    case CallThread<VisaLibrary>::Call::NoLibrary:
+        break;
     }
-    return std::move(*worker->answer);
+    return {};
+}
+
+bool BoundedVisa::IsInstalled() {
+    m_Calls.Start();
+    return Do(
+               [](VisaLibrary& visa) {
+                   return Answer{visa.IsInstalled() ? 1 : 0, 0, {}};
+               },
+               CloseMs)
+               .status == 1;
 }
 
 VisaStatus BoundedVisa::OpenDefaultRM(VisaSession& manager) {
-    if (!m_Worker) {
-        m_Worker = std::make_shared<Worker>();
-        std::thread([worker = m_Worker, factory = m_Factory] {
-            const std::unique_ptr<VisaLibrary> library = factory();
-            std::unique_lock lock(worker->mutex);
-            for (;;) {
-                worker->changed.wait(lock, [&] { return worker->over || worker->job; });
-                if (worker->over)
-                    return;
-                const Job job = std::move(*worker->job);
-                worker->job.reset();
-                lock.unlock();
-                Answer answer = library ? job(*library) : Answer{ErrorNotFound, 0, {}};
-                lock.lock();
-                worker->answer = std::move(answer);
-                worker->changed.notify_all();
-            }
-        }).detach();
-    }
+    m_Calls.Start();
+    m_TimeoutMs = UsualTimeoutMs;
     const Answer answer = Do(
         [](VisaLibrary& visa) {
             Answer a{};
             a.status = visa.OpenDefaultRM(a.session);
             return a;
         },
-        OpenMs);
+        UsualOpenMs);
     manager = answer.session;
     return answer.status;
 }
@@ -105,7 +62,7 @@ VisaStatus BoundedVisa::Open(VisaSession manager, std::string_view address, Visa
             a.status = visa.Open(manager, text, a.session);
             return a;
         },
-        OpenMs);
+        m_OpenMs);
     session = answer.session;
     return answer.status;
 }
@@ -123,6 +80,10 @@ VisaStatus BoundedVisa::SetAttribute(VisaSession session, VisaAttribute attribut
                },
                CloseMs)
         .status;
+}
+
+VisaStatus BoundedVisa::SetBuf(VisaSession session, std::uint32_t bytes) {
+    return Do([=](VisaLibrary& visa) { return Answer{visa.SetBuf(session, bytes), 0, {}}; }, CloseMs).status;
 }
 
 VisaStatus BoundedVisa::Write(VisaSession session, std::string_view text) {

@@ -1,52 +1,49 @@
 #pragma once
 
 #include "platform/visa.h"
-
-#include <functional>
-#include <memory>
+#include "platform/visa/call_thread.h"
 
 namespace qor::visa {
 
-/// Puts every call of a VISA library on a thread of its own and comes back by a deadline, whatever the
-/// library does. A call that is given up is left to its thread; the library is then taken as gone until
-/// OpenDefaultRM, which makes a fresh one.
-///
-/// While a call is under way `whileWaiting` runs every 50 ms: the window repaints there, and a stop or the
-/// way out gives the call up through Abandon.
+/// A VISA library whose every call comes back by a deadline, whatever it does. Behind a call that is given up
+/// it is taken as gone until OpenDefaultRM.
 class BoundedVisa final : public VisaLibrary {
 public:
-    using Factory = std::function<std::unique_ptr<VisaLibrary>()>;
+    explicit BoundedVisa(CallThread<VisaLibrary>::Factory factory) : m_Calls(std::move(factory)) {}
 
-    explicit BoundedVisa(Factory factory);
-    ~BoundedVisa() override;
-
-    void SetWhileWaiting(std::function<void()> whileWaiting) { m_WhileWaiting = std::move(whileWaiting); }
-    /// Gives the call up that is under way; it comes back at once as failed. For use in `whileWaiting`.
-    void Abandon() { m_Abandon = true; }
+    void SetWhileWaiting(std::function<void()> whileWaiting) override {
+        m_Calls.SetWhileWaiting(std::move(whileWaiting));
+    }
+    void Abandon() override { m_Calls.Abandon(); }
+    [[nodiscard]] bool IsInstalled() override;
+    void LimitOpen(int ms) override { m_OpenMs = ms > 0 ? ms : UsualOpenMs; }
 
     VisaStatus OpenDefaultRM(VisaSession& manager) override;
     VisaStatus Open(VisaSession manager, std::string_view address, VisaSession& session) override;
     VisaStatus Close(VisaSession session) override;
     VisaStatus SetAttribute(VisaSession session, VisaAttribute attribute, std::uint32_t value) override;
+    VisaStatus SetBuf(VisaSession session, std::uint32_t bytes) override;
     VisaStatus Write(VisaSession session, std::string_view text) override;
     VisaStatus Read(VisaSession session, std::size_t limit, std::string& reply) override;
 
 private:
-    struct Worker;
+    static constexpr int UsualOpenMs = 3000;
+    static constexpr int UsualTimeoutMs = 2000;
+
     struct Answer {
-        VisaStatus status;
+        VisaStatus status = ErrorConnectionLost;
         VisaSession session = 0;
         std::string reply;
     };
-    using Job = std::function<Answer(VisaLibrary&)>;
-    [[nodiscard]] Answer Do(Job job, int limitMs);
+    [[nodiscard]] Answer Do(std::function<Answer(VisaLibrary&)> job, int limitMs);
     [[nodiscard]] int TransferMs() const { return m_TimeoutMs + 500; }
 
-    Factory m_Factory;
-    std::shared_ptr<Worker> m_Worker; ///< none once a call was given up
-    std::function<void()> m_WhileWaiting;
-    int m_TimeoutMs = 2000; ///< the longest that a session was given
-    bool m_Abandon = false;
+    CallThread<VisaLibrary> m_Calls;
+    int m_OpenMs = UsualOpenMs;
+    int m_TimeoutMs = UsualTimeoutMs; ///< the longest that a session was given
 };
+
+/// The VISA of this computer: the library that is installed, or else our own.
+[[nodiscard]] std::unique_ptr<VisaLibrary> MakeVisa();
 
 } // namespace qor::visa

@@ -1,8 +1,9 @@
 #include "platform/visa/loaded_visa.h"
 
+#include "platform/visa/resolve.h"
+
 #include <algorithm>
 #include <array>
-#include <dlfcn.h>
 
 namespace qor::visa {
 
@@ -15,16 +16,9 @@ constexpr const char* Names[] = {"libvisa.so", "libvisa.so.0", "librsvisa.so", "
 constexpr std::uint32_t TimeoutValue = 0x3FFF001A;
 constexpr std::uint32_t ReadBufferMode = 0x3FFF002A;
 constexpr std::uint32_t WriteBufferMode = 0x3FFF002D;
+constexpr std::uint16_t BothBuffers = 1 | 2;
 constexpr std::int32_t SuccessMaxCount = 0x3FFF0006; ///< the reply goes on
 constexpr std::uint32_t OpenMs = 300;
-
-template <typename Function>
-bool Resolve(void* library, const char* name, Function*& into, std::string& why) {
-    into = reinterpret_cast<Function*>(dlsym(library, name));
-    if (!into)
-        why = name;
-    return into != nullptr;
-}
 
 std::uint32_t NumberOf(VisaAttribute attribute) {
     switch (attribute) {
@@ -56,6 +50,7 @@ std::unique_ptr<LoadedVisa> LoadedVisa::Load(std::span<const char* const> names,
             Resolve(library, "viOpen", vi.viOpen, missing) &&
             Resolve(library, "viClose", vi.viClose, missing) &&
             Resolve(library, "viSetAttribute", vi.viSetAttribute, missing) &&
+            Resolve(library, "viSetBuf", vi.viSetBuf, missing) &&
             Resolve(library, "viWrite", vi.viWrite, missing) &&
             Resolve(library, "viRead", vi.viRead, missing))
             return std::unique_ptr<LoadedVisa>(new LoadedVisa(vi));
@@ -78,6 +73,10 @@ VisaStatus LoadedVisa::Close(VisaSession session) {
 
 VisaStatus LoadedVisa::SetAttribute(VisaSession session, VisaAttribute attribute, std::uint32_t value) {
     return m_Vi.viSetAttribute(session, NumberOf(attribute), value);
+}
+
+VisaStatus LoadedVisa::SetBuf(VisaSession session, std::uint32_t bytes) {
+    return m_Vi.viSetBuf(session, BothBuffers, bytes);
 }
 
 VisaStatus LoadedVisa::Write(VisaSession session, std::string_view text) {

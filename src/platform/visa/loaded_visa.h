@@ -20,10 +20,12 @@ public:
     [[nodiscard]] static std::unique_ptr<LoadedVisa> Load(std::span<const char* const> names,
                                                           std::string& why);
 
+    [[nodiscard]] bool IsInstalled() override { return true; }
     VisaStatus OpenDefaultRM(VisaSession& manager) override;
     VisaStatus Open(VisaSession manager, std::string_view address, VisaSession& session) override;
     VisaStatus Close(VisaSession session) override;
     VisaStatus SetAttribute(VisaSession session, VisaAttribute attribute, std::uint32_t value) override;
+    VisaStatus SetBuf(VisaSession session, std::uint32_t bytes) override;
     VisaStatus Write(VisaSession session, std::string_view text) override;
     /// What exceeds `limit` is read up and dropped.
     VisaStatus Read(VisaSession session, std::size_t limit, std::string& reply) override;
@@ -36,6 +38,7 @@ private:
                                std::uint32_t*) = nullptr;
         std::int32_t (*viClose)(std::uint32_t) = nullptr;
         std::int32_t (*viSetAttribute)(std::uint32_t, std::uint32_t, std::uintptr_t) = nullptr;
+        std::int32_t (*viSetBuf)(std::uint32_t, std::uint16_t, std::uint32_t) = nullptr;
         std::int32_t (*viWrite)(std::uint32_t, const unsigned char*, std::uint32_t, std::uint32_t*) = nullptr;
         std::int32_t (*viRead)(std::uint32_t, unsigned char*, std::uint32_t, std::uint32_t*) = nullptr;
     };

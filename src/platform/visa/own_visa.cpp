@@ -57,7 +57,7 @@ VisaStatus OwnVisa::Open(VisaSession manager, std::string_view address, VisaSess
         return ErrorInvalidName;
     std::unique_ptr<Link> link = MakeLink(*parsed);
     if (!link)
-        return ErrorNotFound;
+        return ErrorNoLibrary;
     const LinkResult opened = link->Open(Deadline::In(OpenMs));
     if (opened != LinkResult::Done)
         return opened == LinkResult::TimedOut ? ErrorTimeout : ErrorNotFound;

@@ -8,14 +8,6 @@
 
 namespace qor::visa {
 
-/// The published results of VISA operations that we give.
-inline constexpr VisaStatus Success = 0;
-inline constexpr VisaStatus ErrorInvalidObject = static_cast<VisaStatus>(0xBFFF000E);
-inline constexpr VisaStatus ErrorNotFound = static_cast<VisaStatus>(0xBFFF0011);
-inline constexpr VisaStatus ErrorInvalidName = static_cast<VisaStatus>(0xBFFF0012);
-inline constexpr VisaStatus ErrorTimeout = static_cast<VisaStatus>(0xBFFF0015);
-inline constexpr VisaStatus ErrorConnectionLost = static_cast<VisaStatus>(0xBFFF00A6);
-
 /// VISA without an installed library: raw sockets, VXI-11, HiSLIP and USBTMC, chosen by the address. Every
 /// call comes back: an open within 2.5 s, a transfer within the session's timeout (2 s unless set).
 class OwnVisa final : public VisaLibrary {

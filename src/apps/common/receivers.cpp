@@ -1,0 +1,40 @@
+#include "apps/common/receivers.h"
+
+#include "platform/visa/bounded_visa.h"
+#include "platform/visa/loaded_sensor.h"
+
+namespace qor::app {
+
+std::optional<SimulatedReceiver> ParseSimulatedReceiver(const std::string& text, bool simulatedInstrument,
+                                                        std::string& problem) {
+    static constexpr struct {
+        const char* name;
+        SimulatedReceiver receiver;
+    } Names[] = {{"analyser", {sim::ReceiverKind::Analyser, false}},
+                 {"nrv", {sim::ReceiverKind::Nrv, false}},
+                 {"nrp", {sim::ReceiverKind::Nrp, false}},
+                 {"sensor", {sim::ReceiverKind::Nrp, true}}};
+    if (!simulatedInstrument) {
+        problem = "--simulate-receiver listens to a simulated instrument: it goes with --simulate only.";
+        return std::nullopt;
+    }
+    for (const auto& row : Names)
+        if (row.name == text)
+            return row.receiver;
+    problem = "--simulate-receiver takes one of analyser, nrv, nrp, sensor, not \"" + text + "\".";
+    return std::nullopt;
+}
+
+ReceiverParts::ReceiverParts()
+    : visa(std::make_unique<visa::BoundedVisa>(visa::MakeVisa)),
+      sensor(std::make_unique<visa::BoundedSensor>(visa::MakeSensor)) {}
+
+ReceiverParts::ReceiverParts(SimulatedReceiver kind, const sim::Instrument& instrument, WallClock& clock)
+    : simulated(std::make_unique<sim::Receiver>(kind.kind, instrument, instrument.Config().seed)) {
+    if (kind.overUsb)
+        sensor = std::make_unique<sim::SimulatedSensor>(*simulated);
+    else
+        visa = std::make_unique<sim::SimulatedVisa>(*simulated, clock);
+}
+
+} // namespace qor::app

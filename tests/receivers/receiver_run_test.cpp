@@ -1,0 +1,246 @@
+// Runs with a simulated receiver at the simulated instrument, and what becomes of them when it fails.
+#include "sim/simulated_receiver.h"
+#include "support/wire_reading.h"
+
+namespace qor::test {
+namespace {
+
+/// A program whose external receiver hears the instrument's own device under test.
+struct ReceiverRig {
+    explicit ReceiverRig(sim::ReceiverKind kind = sim::ReceiverKind::Analyser, bool overUsb = false)
+        : visa(late), sensor(late), rig({}, overUsb ? nullptr : &visa, overUsb ? &sensor : nullptr),
+          receiver(kind, rig.instrument, 1) {
+        late.rig = this;
+        rig.Store().Write("gpib_addr.ccz", "TCPIP0::lab::5025::SOCKET");
+        rig.Store().Write("rs_ANALYZER_setup.ccz", "910#0#-20#100#0#0#6#6#"); // 10 kHz: quick
+        rig.Store().Write("AlarmUp.ccz", "-30.0");
+    }
+    bool ReadyFor(int method) {
+        return rig.ReadyFor(method) && rig.program.Receiver().UseExternalNow({}).IsDone();
+    }
+    [[nodiscard]] Session& S() { return rig.S(); }
+
+    /// What the program sees before the instrument is made.
+    struct Late {
+        ReceiverRig* rig = nullptr;
+    } late;
+    struct Visa final : VisaLibrary {
+        explicit Visa(Late& l) : late(l) {}
+        sim::SimulatedVisa& Real() {
+            if (!real)
+                real = std::make_unique<sim::SimulatedVisa>(late.rig->receiver, late.rig->rig.time.clock);
+            if (m_While)
+                real->SetWhileWaiting(m_While);
+            return *real;
+        }
+        void SetWhileWaiting(std::function<void()> w) override { m_While = std::move(w); }
+        void Abandon() override { Real().Abandon(); }
+        VisaStatus OpenDefaultRM(VisaSession& m) override { return gone ? -1 : Real().OpenDefaultRM(m); }
+        VisaStatus Open(VisaSession m, std::string_view a, VisaSession& s) override {
+            return gone ? visa::ErrorNotFound : Real().Open(m, a, s);
+        }
+        VisaStatus Close(VisaSession s) override { return Real().Close(s); }
+        VisaStatus SetAttribute(VisaSession s, VisaAttribute a, std::uint32_t v) override {
+            return Real().SetAttribute(s, a, v);
+        }
+        VisaStatus Write(VisaSession s, std::string_view t) override {
+            texts.emplace_back(t);
+            return gone ? -1 : Real().Write(s, t);
+        }
+        VisaStatus Read(VisaSession s, std::size_t n, std::string& r) override {
+            return gone ? -1 : Real().Read(s, n, r);
+        }
+        Late& late;
+        std::unique_ptr<sim::SimulatedVisa> real;
+        std::function<void()> m_While;
+        std::vector<std::string> texts;
+        bool gone = false; ///< pulled off the network
+    } visa;
+    struct Sensor final : PowerSensorLibrary {
+        explicit Sensor(Late& l) : late(l) {}
+        std::int32_t Init(std::string_view, bool, bool, std::uint32_t&) override { return 0; }
+        void SetContAvAperture(std::uint32_t, int, double) override {}
+        void SetContAvSmoothingEnabled(std::uint32_t, int, bool) override {}
+        void ConfigureAvgNSRatio(std::uint32_t, int, double, double) override {}
+        void Initiate(std::uint32_t) override {}
+        void ReadMeasurement(std::uint32_t s, int c, int t, double& watts) override {
+            if (!gone)
+                sim::SimulatedSensor(late.rig->receiver).ReadMeasurement(s, c, t, watts);
+        }
+        void Close(std::uint32_t) override {}
+        Late& late;
+        bool gone = false;
+    } sensor;
+    Rig rig;
+    sim::Receiver receiver;
+};
+
+bool CarriersAreOn(const Rig& rig) {
+    const sim::InstrumentSettings& now = rig.instrument.Settings();
+    return now.carrier1 != 0 || now.carrier2 != 0 || now.twoTone != 0;
+}
+
+TEST(ReceiverRun, InternAndExternHearTheSameDevice) {
+    for (const int method : {int{ModeTwoTone}, int{ModeSweep}}) {
+        ReceiverRig r;
+        ASSERT_TRUE(r.ReadyFor(method));
+        ASSERT_TRUE(r.rig.Measure());
+        const auto external = OnGrid(r.S().curve, std::span(r.S().curve.Up()));
+        const float worst = r.S().curve.WorstLevel();
+        EXPECT_EQ(r.S().curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(r.S().run.Record().receiver, "QOR,SIM-ANALYSER,SIM01,1.0");
+        r.rig.program.Receiver().UseInternal();
+        ASSERT_TRUE(r.rig.RunUntilIdle());
+        ASSERT_TRUE(r.rig.Measure());
+        EXPECT_EQ(r.S().run.Record().receiver, "");
+        EXPECT_NEAR(r.S().curve.WorstLevel(), worst, 1.0f);
+        for (const auto& [place, level] : OnGrid(r.S().curve, std::span(r.S().curve.Up())))
+            EXPECT_NEAR(level, external.at(place), 1.5f) << place;
+    }
+}
+
+/// The carriers are off before the question; it is asked once; No leaves the program without a receiver.
+TEST(ReceiverRun, ALostReceiverEndsTheRunAndIsAskedAboutOnce) {
+    for (const int method : {int{ModeTwoTone}, int{ModeSweep}, int{ModeSpectrum}}) {
+        for (const bool silent : {true, false}) {
+            SCOPED_TRACE(std::to_string(method) + (silent ? " silent" : " gone"));
+            ReceiverRig r;
+            ASSERT_TRUE(r.ReadyFor(method));
+            r.S().runs.SetContinuous(method == ModeTwoTone);
+            bool carried = true;
+            r.rig.user.answer = false;
+            r.rig.user.whileAsked = [&] { carried = CarriersAreOn(r.rig); };
+            r.rig.program.OnMeasButton();
+            r.rig.time.RunFor(3000);
+            ASSERT_TRUE(r.S().run.IsOn());
+            if (silent)
+                r.receiver.Add({sim::ReceiverFault::Kind::Silence, 0});
+            else
+                r.visa.gone = true;
+            ASSERT_TRUE(r.rig.RunUntilRunIsOver(60000));
+            EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+            r.rig.time.RunFor(5000);
+            EXPECT_EQ(
+                r.rig.user.questions,
+                std::vector<std::string>{"Communicate with R&S Spectrum Analyzer failed. \nRetry again."});
+            EXPECT_FALSE(carried);
+            EXPECT_FALSE(CarriersAreOn(r.rig));
+            EXPECT_FALSE(r.S().receiver.InstrumentListens());
+            EXPECT_TRUE(PanelOf(r.S()).receiverMissing);
+            r.rig.user.messages.clear();
+            r.rig.program.OnMeasButton(); // tries the address once
+            EXPECT_FALSE(r.S().run.IsOn());
+            EXPECT_TRUE(r.rig.user.WasTold("Kein Empfaenger: TCPIP0::lab::5025::SOCKET"));
+            EXPECT_EQ(r.rig.user.questions.size(), 1U);
+        }
+    }
+}
+
+TEST(ReceiverRun, WhatWasOverTheLimitHasFailedWhoeverIsLost) {
+    ReceiverRig r;
+    r.rig.Store().Write("AlarmUp.ccz", "-150.0");
+    ASSERT_TRUE(r.ReadyFor(ModeTwoTone));
+    r.rig.user.answer = false;
+    r.rig.program.OnMeasButton();
+    r.rig.time.RunFor(3500);
+    r.visa.gone = true;
+    ASSERT_TRUE(r.rig.RunUntilRunIsOver(60000));
+    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictFailed);
+}
+
+/// A connection that is cut once costs a level, and the receiver is set up again before the next one counts.
+TEST(ReceiverRun, ACutConnectionIsRepairedWithinTheRun) {
+    ReceiverRig r;
+    ASSERT_TRUE(r.ReadyFor(ModeSweep));
+    r.receiver.Add({sim::ReceiverFault::Kind::Cut, 60});
+    r.visa.texts.clear();
+    ASSERT_TRUE(r.rig.Measure());
+    const RunTally& tally = r.S().run.Tally();
+    EXPECT_EQ(tally.Asked() - tally.Taken(), 1);
+    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_TRUE(r.rig.user.questions.empty());
+    const std::string texts = Joined(r.visa.texts);
+    const std::size_t again = texts.find("*IDN? FREQUENCY:CENTER 910000000Hz");
+    ASSERT_NE(again, std::string::npos);
+    EXPECT_NE(texts.find("INIT:CONT OFF CALC:MARK1 ON INIT;*WAI CALC:MARK:STAT ON CALC:MARK:TRAC 1 "
+                         "CALC:MARK:MAX:AUTO ON FREQUENCY:CENTER",
+                         again),
+              std::string::npos);
+}
+
+/// While a reading is waited for the stop button is heard: carriers off at once, the call given up.
+TEST(ReceiverRun, AStopDoesNotWaitForTheReceiver) {
+    for (const bool leave : {false, true}) {
+        ReceiverRig r;
+        ASSERT_TRUE(r.ReadyFor(ModeTwoTone));
+        r.rig.program.OnMeasButton();
+        r.rig.time.RunFor(2500);
+        r.receiver.Add({sim::ReceiverFault::Kind::Silence, 0});
+        std::int64_t pressed = 0;
+        r.rig.user.whileLiving = [&] {
+            EXPECT_TRUE(r.rig.program.IsInCall());
+            if (pressed != 0)
+                return;
+            pressed = r.rig.time.NowMs();
+            r.rig.Sent();
+            leave ? r.rig.program.Leave() : r.rig.program.OnMeasButton();
+            EXPECT_NE(Joined(r.rig.Sent()).find("#M2T0"), std::string::npos); // before the call comes back
+        };
+        ASSERT_TRUE(r.rig.time.RunUntil([&] { return !r.S().run.IsOn(); }, 60000));
+        EXPECT_LT(r.rig.time.NowMs() - pressed, 250);
+        r.rig.time.RunFor(2000);
+        EXPECT_EQ(r.rig.program.IsLeaving(), leave);
+        EXPECT_FALSE(CarriersAreOn(r.rig));
+        EXPECT_TRUE(r.rig.user.questions.empty());
+    }
+}
+
+TEST(ReceiverRun, TheSensorHasNoVerdictBelowItsFloor) {
+    ReceiverRig r(sim::ReceiverKind::Nrp, true);
+    ASSERT_TRUE(r.ReadyFor(ModeTwoTone));
+    ASSERT_TRUE(r.rig.Measure());
+    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictPassed); // -80 dBm, the limit is -30
+    EXPECT_EQ(r.S().curve.WorstLevel(), -80.0f);
+    r.S().curve.limit.Take(-97.0f);
+    ASSERT_TRUE(r.rig.Measure());
+    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_TRUE(r.rig.user.WasTold("unter -73 dBm"));
+    r.sensor.gone = true;
+    r.S().curve.limit.Take(-30.0f);
+    ASSERT_TRUE(r.rig.Measure());
+    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_FALSE(r.S().receiver.IsThere());
+    EXPECT_TRUE(r.rig.user.questions.empty());
+}
+
+/// Choosing: what is told to the instrument and kept, and a search behind the start.
+TEST(ReceiverRun, TheChoiceIsKeptAndToldToTheInstrument) {
+    ReceiverRig r;
+    ASSERT_TRUE(r.rig.ReadyFor(ModeTwoTone));
+    r.rig.Sent();
+    r.rig.program.Receiver().UseExternal();
+    EXPECT_FALSE(r.S().receiver.InstrumentListens());
+    EXPECT_EQ(PanelOf(r.S()).receiver, "Empfaenger: QOR,SIM-ANALYSER,SIM01,1.0");
+    ASSERT_TRUE(r.rig.RunUntilIdle());
+    ASSERT_TRUE(r.rig.Measure());
+    EXPECT_EQ(Joined(r.rig.Sent()).find("#USESA "), 0U);
+    EXPECT_EQ(Joined(r.rig.Sent()).find("#USESA "), std::string::npos); // it was told already
+    r.rig.program.Receiver().UseInternal();
+    EXPECT_EQ(r.rig.Stored("internalreceiver.ccz"), "1");
+    ASSERT_TRUE(r.rig.RunUntilIdle());
+    EXPECT_EQ(Joined(r.rig.Sent()), "#USEID3 ");
+    r.rig.program.Receiver().UseExternal();
+    EXPECT_FALSE(r.rig.Store().Exists("internalreceiver.ccz"));
+
+    ReceiverRig start;
+    start.rig.program.Start(false);
+    start.rig.program.Receiver().LookAtStart();
+    EXPECT_FALSE(start.S().receiver.IsThere());
+    ASSERT_TRUE(start.rig.RunUntilReady());
+    start.rig.time.RunFor(1000);
+    EXPECT_TRUE(start.S().receiver.IsThere());
+    EXPECT_TRUE(start.S().receiver.InstrumentListens()); // until "Extern" is chosen
+}
+
+} // namespace
+} // namespace qor::test
