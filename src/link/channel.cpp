@@ -7,6 +7,8 @@
 #include "platform/port_list.h"
 #include "platform/serial_control.h"
 
+#include <algorithm>
+
 namespace qor {
 
 namespace {
@@ -316,6 +318,10 @@ void Channel::OnStatusTimer() {
 void Channel::OnWaitTimer() {
     Transaction& transaction = m_Link.transaction;
     const int ticks = transaction.Tick();
+    if (HoldsUpOffCommands()) {
+        GiveUp();
+        return;
+    }
     if (transaction.IsRecognised()) {
         if (transaction.IsIdle())
             m_WaitTimer.Stop();
@@ -327,6 +333,19 @@ void Channel::OnWaitTimer() {
         OpenReplyOver();
     else if (ticks >= SilentTicks)
         LoseContact();
+}
+
+/// The run is over, and what is awaited belongs to it still: it must not hold up what switches the carriers
+/// off.
+bool Channel::HoldsUpOffCommands() const {
+    if (m_Run.IsRunOn() || m_Link.transaction.IsIdle() || m_Link.chain.IsUnderWay())
+        return false;
+    const auto off = m_Link.carriers.OffCommands();
+    const auto isOff = [&](std::string_view text) {
+        return std::find(off.begin(), off.end(), text) != off.end();
+    };
+    return m_Link.carriers.MayBeOn() && !isOff(m_Link.transaction.Sent()) &&
+           std::any_of(off.begin(), off.end(), [this](const auto& text) { return m_Link.queue.Holds(text); });
 }
 
 /// The second tick of an open-ended command: what has come by now is the reply.

@@ -114,6 +114,7 @@ private:
     void StatusReply();
     void BandReply(std::size_t at);
     void TakeLevel();
+    [[nodiscard]] bool HoldsUpOffCommands() const;
     void OpenReplyOver();
     void ReplyIsHere();
     void Finish();

@@ -130,6 +130,23 @@ TEST(Carriers, AnOffCommandThatIsRefusedIsGivenAgain) {
     EXPECT_TRUE(Marks(rig).empty());
 }
 
+/// The last reading of a run stays out: what switches the carriers off does not wait five seconds for it.
+TEST(Carriers, AnUnansweredReadingDoesNotHoldUpTheOffCommands) {
+    Rig rig(AtDcs("6.2"));
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));
+    RunUntilCarrying(rig);
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.program.LineIsIdle(); }, 5000));
+    rig.line.Add({sim::FaultKind::Silence, rig.line.CommandCount()});
+    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.program.LineIsIdle(); }, 5000));
+    rig.time.RunFor(50);
+    rig.line.ClearFaults();
+    rig.program.StopMeas();
+    rig.time.RunFor(2000);
+    EXPECT_FALSE(Carries(rig));
+    EXPECT_EQ(rig.S().link.connection.Losses(), 0);
+    EXPECT_TRUE(Marks(rig).empty());
+}
+
 TEST(Carriers, NoBandIsSelectedUnderThem) {
     Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));

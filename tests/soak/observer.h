@@ -27,7 +27,7 @@ struct Face {
 
     int lengthMs = 0;   ///< of a 2-tone run
     int runs = 1;       ///< of a sweep
-    std::string choice; ///< band, order, method: what a clean run is the measure of
+    std::string choice; ///< band, order, method, instrument: what a clean run is the measure of
     bool twoTone = false;
     bool spectrum = false;
 };

@@ -10,9 +10,12 @@ namespace qor::test {
 
 namespace {
 
-/// Numbers of the choice that a clean run needs: band, order, method.
-std::string ChoiceText(int band, int order, int method) {
-    return std::to_string(band) + " " + std::to_string(order) + " " + std::to_string(method);
+/// What a clean run needs: band, order, method, and the instrument, by its port and its bridge.
+std::string ChoiceText(const WorkingSet& working, int port) {
+    std::string text;
+    for (const int number : {working.Band(), working.ImIndex(), working.Method(), port, working.Bridge()})
+        text += (text.empty() ? "" : " ") + std::to_string(number);
+    return text;
 }
 
 } // namespace
@@ -27,7 +30,7 @@ World::World(const sim::InstrumentConfig& config, StoreTexts stores, unsigned se
                sent ? observer.Sent(time.NowMs(), bytes) : observer.Came(time.NowMs(), bytes);
                m_NextLookMs = 0;
            }),
-      m_Config(config), m_Stores(std::move(stores)), m_Seed(seed), m_Purpose(purpose) {
+      m_Configs{config}, m_Stores(std::move(stores)), m_Seed(seed), m_Purpose(purpose) {
     user.told = [this](const std::string& text) {
         Note("told: " + text);
         observer.Told(time.NowMs(), text);
@@ -81,7 +84,7 @@ Face World::SeenFace() const {
     face.lengthMs = curve.Length();
     face.twoTone = s.working.Method() == ModeTwoTone;
     face.spectrum = s.working.Method() == ModeSpectrum;
-    face.choice = ChoiceText(s.working.Band(), s.working.ImIndex(), s.working.Method());
+    face.choice = ChoiceText(s.working, comm.Opened());
     // The stamp as it is painted.
     const PlotScene scene = BuildScene(curve, ComputeLayout(curve, 800, 500), FactsOf(s));
     for (const PlotItem& item : scene.front) {
@@ -154,6 +157,7 @@ void World::Run(std::string_view command, int argument) {
 
 void World::PlugInAnother(const sim::InstrumentConfig& config) {
     Note("plugged in: " + config.model + " " + config.firmware);
+    m_Configs.push_back(config);
     lines.emplace_back(instruments.emplace_back(config));
     ports.Add(lines.back(), "/dev/ttySIM" + std::to_string(lines.size() - 1));
 }
@@ -209,11 +213,15 @@ Places World::CleanRun(const std::string& choice) {
         return {};
     if (known != m_Clean.end())
         return known->second;
-    World clean(m_Config, m_Stores, m_Seed, Purpose::Yardstick);
     int band = 0;
     int order = 0;
     int method = 0;
-    std::sscanf(choice.c_str(), "%d %d %d", &band, &order, &method);
+    int at = 0;
+    int bridge = 0;
+    std::sscanf(choice.c_str(), "%d %d %d %d %d", &band, &order, &method, &at, &bridge);
+    sim::InstrumentConfig config = m_Configs[static_cast<std::size_t>(at) - 1];
+    config.bridge3dB = bridge != 0; // a bridge that could not be read is none
+    World clean(config, m_Stores, m_Seed, Purpose::Yardstick);
     Places places;
     if (clean.RunUntilReady()) {
         const auto choose = [&](std::string_view command, int argument) {

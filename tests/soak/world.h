@@ -137,7 +137,7 @@ public:
 private:
     Places CleanRun(const std::string& choice);
 
-    sim::InstrumentConfig m_Config;
+    std::vector<sim::InstrumentConfig> m_Configs; ///< by port
     StoreTexts m_Stores;
     unsigned m_Seed;
     Purpose m_Purpose;
