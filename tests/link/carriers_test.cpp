@@ -58,6 +58,7 @@ TEST_P(CarriersLost, AreSwitchedOffBehindTheIdentityBeforeAnythingElse) {
     EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady) << "from the moment of loss";
     rig.program.OnMeasButton();
     EXPECT_FALSE(rig.S().run.IsOn());
+    EXPECT_FALSE(rig.program.Select().SelectBand(BandEgsm)) << "its position depends on who comes back";
     rig.user.answer = false;
     rig.Sent();
     rig.user.messages.clear();

@@ -115,6 +115,16 @@ TEST(Contact, TheHeartbeatNoticesSilenceWhileIdle) {
     ExpectUsable(rig);
 }
 
+/// What its adapter still lets open is not kept open: the instrument before counts for nothing.
+TEST(Contact, AnAdapterWhoseInstrumentIsOffIsClosedAgain) {
+    Rig rig(AtDcs("6.2"));
+    ASSERT_TRUE(rig.PowerOn());
+    rig.line.Add({sim::FaultKind::Silence, 0});
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.connection.Losses() == 1; }, 10000));
+    EXPECT_TRUE(rig.time.RunUntil([&] { return !rig.comm.GetPortOpen(); }, 5000));
+    EXPECT_TRUE(rig.S().link.identity.Model().empty());
+}
+
 struct RunCase {
     int mode;
     int afterMs; ///< of the run

@@ -128,23 +128,30 @@ TEST(Identity, ATypeCodeIsAWholeDecimalOrNone) {
 }
 
 TEST(Identity, APositionThatStandsForNoBandWaitsForTheOperator) {
-    sim::InstrumentConfig config;
-    config.model = "RT-C010";
-    config.firmware = "5.9";
-    config.position = 8;
-    Rig rig(config);
-    EXPECT_FALSE(rig.PowerOn());
-    rig.Sent();
-    rig.time.RunFor(20000);
-    EXPECT_TRUE(rig.Sent().empty()) << "the chain waits";
-    EXPECT_EQ(rig.S().link.connection.Losses(), 0);
-    rig.program.OnMeasButton();
-    EXPECT_FALSE(rig.S().run.IsOn());
-    EXPECT_EQ(rig.Told(), Texts{"Auswaehlen Breite"});
-    ASSERT_TRUE(rig.program.Select().SelectBand(BandEgsm));
-    ASSERT_TRUE(rig.RunUntilReady());
-    EXPECT_EQ(rig.instrument.Settings().position, 3);
-    EXPECT_TRUE(rig.Measure());
+    struct Case {
+        const char* model;
+        const char* firmware;
+        int position;
+    };
+    for (const Case& c :
+         {Case{"RT-C010", "5.9", 8}, Case{"RT-DB22", "5.9", 11}, Case{"RT-DB22", "6.2", 11}}) {
+        SCOPED_TRACE(std::string(c.model) + " " + c.firmware);
+        sim::InstrumentConfig config = Numbered(c.firmware, "1", c.position);
+        config.model = c.model;
+        Rig rig(config);
+        EXPECT_FALSE(rig.PowerOn());
+        rig.Sent();
+        rig.time.RunFor(20000);
+        EXPECT_TRUE(rig.Sent().empty()) << "the chain waits";
+        EXPECT_EQ(rig.S().link.connection.Losses(), 0);
+        rig.program.OnMeasButton();
+        EXPECT_FALSE(rig.S().run.IsOn());
+        EXPECT_EQ(rig.Told(), Texts{"Auswaehlen Breite"});
+        ASSERT_TRUE(rig.program.Select().SelectBand(BandEgsm));
+        ASSERT_TRUE(rig.RunUntilReady());
+        EXPECT_EQ(rig.instrument.Settings().position, 3);
+        EXPECT_TRUE(rig.Measure());
+    }
 }
 
 TEST(Identity, OldFirmwareIsReadyWithinEightSeconds) {

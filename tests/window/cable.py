@@ -164,6 +164,18 @@ def refused_limit_under_a_menu(window, _):
     window.key("Tab")
 
 
+def told_to_end_in_mid_run(window, stores, number):
+    """Nobody is asked, and no carrier stays on: the instrument has echoed what switches them off."""
+    start_run(window)
+    expect(list(stores.glob("carriers_on.*")), "the run has left its mark")
+    begin = time.monotonic()
+    window.process.send_signal(number)
+    status = window.process.wait(20)
+    expect(time.monotonic() - begin < 2.5, f"{number.name}: it took {time.monotonic() - begin:.1f} s")
+    expect(status == 16, f"{number.name}: it ended with {status}")
+    expect(not list(stores.glob("carriers_on.*")), f"{number.name}: the carriers may be on")
+
+
 def main():
     program, simulator = (os.path.abspath(path) for path in sys.argv[1:3])
     scenes = [scene for scene in (pulled_in_mid_run, silent_in_mid_run, dialog_open_meanwhile, question_open_meanwhile,
@@ -172,7 +184,8 @@ def main():
     with tempfile.TemporaryDirectory() as temporary:
         folder = pathlib.Path(temporary)
         analyser = Analyser(simulator, folder / "analyser")
-        window = QorWindow(program, "--data-dir", str(folder / "stores"), "--port", str(folder / "analyser"))
+        words = (program, "--data-dir", str(folder / "stores"), "--port", str(folder / "analyser"))
+        window = QorWindow(*words)
         try:
             connect(window)
             end = time.monotonic() + float(sys.argv[3])
@@ -188,6 +201,10 @@ def main():
             window.key("alt+j")
             status = window.process.wait(20)
             expect(status == 16, f"it ended with {status}")
+            for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+                window = QorWindow(*words)
+                connect(window)
+                told_to_end_in_mid_run(window, folder / "stores", number)
         except Failure:
             window.screenshot("cable.png")
             raise
