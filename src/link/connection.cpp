@@ -53,10 +53,11 @@ void Connection::OnLoss() {
 }
 
 void Connection::ReadPortList() {
-    m_State.g_PortList.clear();
+    std::vector<PortEntry> found;
     for (const SerialDevice& device : m_Parts.ports.List())
-        m_State.g_PortList.push_back(
+        found.push_back(
             {device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")", false});
+    m_State.TakePorts(std::move(found));
 }
 
 Connection::Search Connection::ScanComm() {
@@ -77,19 +78,18 @@ Connection::Search Connection::TryPorts() {
     m_Channel.Stop();
     m_Channel.Reset();
     m_Link.chain.Lose();
-    m_State.m_Chosen.clear();
     ReadPortList();
 
-    const std::vector<PortEntry>& ports = m_State.g_PortList;
+    const std::vector<PortEntry>& ports = m_State.Ports();
     if (ports.empty()) {
-        m_State.m_Button = PortButton::Scan;
-        m_State.m_ButtonShown = false;
+        m_State.Offer(PortButton::Scan);
+        m_State.ShowButton(false);
         return Search::Failed;
     }
     if (ports.size() == 1)
         return OpenFound(ports[0].number);
-    if (ports.size() == 2 && m_State.g_LastPort != 0) {
-        const bool firstWasLast = ports[0].number == m_State.g_LastPort;
+    if (ports.size() == 2 && m_State.LastPort() != 0) {
+        const bool firstWasLast = ports[0].number == m_State.LastPort();
         return OpenFound(ports[firstWasLast ? 1 : 0].number);
     }
     BeginChoice();
@@ -97,46 +97,46 @@ Connection::Search Connection::TryPorts() {
 }
 
 Connection::Search Connection::OpenFound(int number) {
-    m_State.m_comm_sel_v = std::to_string(number);
+    m_comm_sel_v = std::to_string(number);
     if (!SetComm()) {
         FailedToOpen();
         return Search::Failed;
     }
     m_Init.Begin();
-    m_State.tagCommTimer = 0;
+    tagCommTimer = 0;
     m_ScanWatch.Start(ConnectWatchPeriod);
     return Search::Opened;
 }
 
 void Connection::FailedToOpen() {
-    m_State.m_Button = PortButton::Scan;
-    m_State.m_ButtonShown = false;
-    const std::string device = m_Parts.ports.DeviceOf(WholeNumberIn(m_State.m_comm_sel_v));
+    m_State.Offer(PortButton::Scan);
+    m_State.ShowButton(false);
+    const std::string device = m_Parts.ports.DeviceOf(WholeNumberIn(m_comm_sel_v));
     m_Events.Tell(
         Outcome::Refused("Cannot connect to device for incorrect port, please select correct port!\nCOM" +
-                         m_State.m_comm_sel_v + " (" + device + ")"));
+                         m_comm_sel_v + " (" + device + ")"));
 }
 
 /// More ports than can be decided here: the list box, and a look at what hangs on each.
 void Connection::BeginChoice() {
-    m_State.m_ListShown = true;
-    m_State.m_ButtonShown = true;
-    m_State.m_Button = PortButton::Open;
-    m_State.g_ProbeIndex = 0;
+    m_State.ShowList(true);
+    m_State.ShowButton(true);
+    m_State.Offer(PortButton::Open);
+    g_ProbeIndex = 0;
     m_SearchTimer.Stop(); // the operator's turn
     m_ProbeTimer.Start(ProbePeriod);
 }
 
 void Connection::OnProbeTimer() {
-    const int count = static_cast<int>(m_State.g_PortList.size());
-    if (m_State.g_bProbing && m_State.g_ProbeIndex < count)
+    const int count = static_cast<int>(m_State.Ports().size());
+    if (m_State.IsProbing() && g_ProbeIndex < count)
         TakeProbeAnswer();
-    if (m_State.g_ProbeIndex < count)
+    if (g_ProbeIndex < count)
         ProbeNext();
-    m_State.g_bProbing = true;
-    if (m_State.g_ProbeIndex >= count) {
+    m_State.Probe(true);
+    if (g_ProbeIndex >= count) {
         m_ProbeTimer.Stop();
-        m_State.g_bProbing = false;
+        m_State.Probe(false);
         ProposeTheOneThatAnswered();
     }
 }
@@ -144,15 +144,15 @@ void Connection::OnProbeTimer() {
 /// The press of the button stays the operator's.
 void Connection::ProposeTheOneThatAnswered() {
     const PortEntry* answered = nullptr;
-    for (const PortEntry& port : m_State.g_PortList) {
+    for (const PortEntry& port : m_State.Ports()) {
         if (!port.answers)
             continue;
         if (answered)
             return;
         answered = &port;
     }
-    if (answered && m_State.m_Chosen.empty())
-        m_State.m_Chosen = answered->text;
+    if (answered && m_State.Chosen().empty())
+        m_State.Choose(answered->text);
 }
 
 void Connection::TakeProbeAnswer() {
@@ -162,7 +162,6 @@ void Connection::TakeProbeAnswer() {
         {"RT-T", "RT-T000"},   {"RT-S", "RT-S036"},   {"MPX", "MPX"},
     };
     std::string& answer = m_Link.transaction.Text();
-    PortEntry& entry = m_State.g_PortList[static_cast<std::size_t>(m_State.g_ProbeIndex)];
     std::string_view label;
     for (const auto& [sought, name] : Labels) {
         if (answer.find(sought) != std::string::npos) {
@@ -173,43 +172,41 @@ void Connection::TakeProbeAnswer() {
     m_Parts.comm.SetPortOpen(false);
     answer.clear();
     if (!label.empty()) {
-        entry.text += ": ";
-        entry.text += label;
-        entry.answers = true;
-        m_State.m_PortSettings[entry.number] = m_State.m_comm_settings;
-    } else if (m_State.m_ProbeIsOut && m_Link.transaction.IsIdle()) {
-        entry.answers = true; // the identity handling has taken the answer
-    } else if (!m_Link.transaction.IsIdle() && m_State.g_bProbeSlow) {
-        m_State.g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
+        m_State.Label(static_cast<std::size_t>(g_ProbeIndex), label);
+    } else if (m_ProbeIsOut && m_Link.transaction.IsIdle()) {
+        m_State.Label(static_cast<std::size_t>(g_ProbeIndex),
+                      {}); // the identity handling has taken the answer
+    } else if (!m_Link.transaction.IsIdle() && g_bProbeSlow) {
+        g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
         return;
     }
-    ++m_State.g_ProbeIndex; // answered or not asked
+    ++g_ProbeIndex; // answered or not asked
 }
 
 void Connection::ProbeNext() {
-    const int number = m_State.g_PortList[static_cast<std::size_t>(m_State.g_ProbeIndex)].number;
+    const int number = m_State.Ports()[static_cast<std::size_t>(g_ProbeIndex)].number;
     m_Link.transaction.Finish();
-    m_State.m_ProbeIsOut = false;
+    m_ProbeIsOut = false;
     if (number > HighestPort)
         return;
     m_Parts.comm.SetSThreshold(1);
-    if (!OpenPort(number, m_State.g_bProbeSlow ? SlowSettings : FastSettings))
+    if (!OpenPort(number, g_bProbeSlow ? SlowSettings : FastSettings))
         return;
     m_Link.identity.AwaitAnyAnswer();
     m_Link.transaction.BeginUnasked();
     m_Parts.comm.SetOutput(
         command::Identity); // past the queue: nothing else may go out while ports are tried
     m_Parts.comm.SetOutput("\r");
-    m_State.m_ProbeIsOut = true;
+    m_ProbeIsOut = true;
 }
 
 /// Opens a port for text, at these settings; whatever port was open before is closed.
 bool Connection::OpenPort(int number, std::string settings) {
     CMSComm& comm = m_Parts.comm;
-    m_State.m_comm_settings = std::move(settings);
+    m_comm_settings = std::move(settings);
     comm.SetPortOpen(false);
     comm.SetCommPort(number);
-    comm.SetSettings(m_State.m_comm_settings);
+    comm.SetSettings(m_comm_settings);
     comm.SetInputMode(CommInputMode::Text);
     comm.SetInputLen(0);
     comm.SetRThreshold(1);
@@ -220,22 +217,22 @@ bool Connection::OpenPort(int number, std::string settings) {
 bool Connection::SetComm() {
     m_ProbeTimer.Stop();
     m_SearchTimer.Stop(); // its next tick would begin the chain again
-    m_State.g_bProbing = false;
+    m_State.Probe(false);
     m_Working.DoubtBand();
-    if (m_State.m_Chosen.size() > 3) {
-        const std::string text = m_State.m_Chosen.substr(3);
-        m_State.m_comm_sel_v = std::to_string(WholeNumberIn(text.substr(0, text.rfind(':'))));
+    if (m_State.Chosen().size() > 3) {
+        const std::string text = m_State.Chosen().substr(3);
+        m_comm_sel_v = std::to_string(WholeNumberIn(text.substr(0, text.rfind(':'))));
     }
-    const int number = WholeNumberIn(m_State.m_comm_sel_v);
+    const int number = WholeNumberIn(m_comm_sel_v);
     if (number > HighestPort) {
-        m_Events.Tell(Outcome::Refused("Port muessen kleiner als 17\nCOM" + m_State.m_comm_sel_v + " (" +
+        m_Events.Tell(Outcome::Refused("Port muessen kleiner als 17\nCOM" + m_comm_sel_v + " (" +
                                        m_Parts.ports.DeviceOf(number) + ")"));
         return false;
     }
-    m_State.bCOMResponse = false;
-    m_State.g_LastPort = number;
+    bCOMResponse = false;
+    m_State.PortIsOpened(number);
     const bool isOpen = OpenPort(number, SlowSettings);
-    m_State.bCOMResponse = true;
+    bCOMResponse = true;
     return isOpen;
 }
 
@@ -245,8 +242,8 @@ void Connection::OnButton1() {
 
 bool Connection::ConnectDev() {
     // Contact was lost a moment ago and the button still offers to close: a connection is asked for.
-    if (m_State.m_Button == PortButton::Close)
-        m_State.m_Button = PortButton::Scan;
+    if (m_State.Button() == PortButton::Close)
+        m_State.Offer(PortButton::Scan);
     return Press();
 }
 
@@ -255,22 +252,22 @@ bool Connection::Press() {
         return false;
     m_Link.identity.ForgetModel();
     m_Link.chain.GoBackTo(InitIdentity);
-    switch (m_State.m_Button) {
+    switch (m_State.Button()) {
     case PortButton::Scan:
-        m_State.g_LastPort = 0;
+        m_State.PortIsOpened(0);
         return ScanComm() == Search::Opened;
     case PortButton::Open:
-        if (m_State.m_Chosen.empty() && WholeNumberIn(m_State.m_comm_sel_v) == 0) {
+        if (m_State.Chosen().empty() && WholeNumberIn(m_comm_sel_v) == 0) {
             m_Events.Tell(Outcome::Refused("Bitte zuerst einen Port auswaehlen."));
             return false;
         }
         if (!SetComm()) {
-            m_State.m_Button = PortButton::Scan;
-            m_State.m_ListShown = false;
+            m_State.Offer(PortButton::Scan);
+            m_State.ShowList(false);
             return false;
         }
         m_Init.Begin();
-        m_State.tagCommTimer = 0;
+        tagCommTimer = 0;
         m_OpenWatch.Start(ConnectWatchPeriod);
         return true;
     case PortButton::Close:
@@ -287,24 +284,25 @@ void Connection::ClosePortLater() {
     m_Run.AbandonRun();
     m_Working.DoubtBand();
     m_Link.chain.Lose();
-    m_State.m_CloseCountdown = CloseTicks;
-    m_State.m_ContactIsLost = false; // the operator has closed it
+    m_CloseCountdown = CloseTicks;
+    m_State.BeginClosing();
     m_Housekeeping.Start(HousekeepingPeriod);
     m_Channel.PauseStatusPoll();
     m_Channel.StopWait();
     m_SearchTimer.Stop();
     m_ScanWatch.Stop();
     m_OpenWatch.Stop();
-    m_State.m_Button = PortButton::Open;
-    m_State.m_ListShown = true;
+    m_State.Offer(PortButton::Open);
+    m_State.ShowList(true);
 }
 
 void Connection::OnHousekeepingTimer() {
-    if (m_State.m_CloseCountdown == 0 || --m_State.m_CloseCountdown == 0) {
+    if (m_CloseCountdown == 0 || --m_CloseCountdown == 0) {
         m_Housekeeping.Stop();
+        m_State.EndClosing();
         return;
     }
-    if (m_State.m_CloseCountdown != 1)
+    if (m_CloseCountdown != 1)
         return;
     // Nothing may go out any more: a command that is sent opens the port.
     m_Channel.PauseStatusPoll();
@@ -316,30 +314,29 @@ void Connection::OnHousekeepingTimer() {
 }
 
 void Connection::OnConnectWatch(int timer) {
-    if (!m_Link.identity.HasModel() && m_State.tagCommTimer < IdentityTicks) {
-        ++m_State.tagCommTimer;
+    if (!m_Link.identity.HasModel() && tagCommTimer < IdentityTicks) {
+        ++tagCommTimer;
         return;
     }
     (timer == commScan ? m_ScanWatch : m_OpenWatch).Stop();
-    m_State.tagCommTimer = 0;
+    tagCommTimer = 0;
     if (!m_Link.identity.HasModel()) {
         m_Parts.comm.SetPortOpen(false);
         m_Channel.LoseContact(); // else what is still queued would open the port again
         return;
     }
-    m_State.m_AnsweredPort = m_State.g_LastPort;
-    m_State.m_ContactIsLost = false;
-    m_State.m_Button = PortButton::Close;
-    m_State.m_ListShown = false;
-    m_State.m_ButtonShown = !(timer == commScan && m_State.g_PortList.size() == 1);
+    m_State.InstrumentHasAnswered();
+    m_State.Offer(PortButton::Close);
+    m_State.ShowList(false);
+    m_State.ShowButton(!(timer == commScan && m_State.Ports().size() == 1));
     // A run asked for begins when the chain is over: its wipe of the queue would take the run's commands.
 }
 
 void Connection::OnSearchTimer() {
-    if (!m_State.bCOMResponse) {
-        m_State.m_Button = PortButton::Scan;
-        m_State.m_ButtonShown = true;
-        m_State.bCOMResponse = true;
+    if (!bCOMResponse) {
+        m_State.Offer(PortButton::Scan);
+        m_State.ShowButton(true);
+        bCOMResponse = true;
         m_SearchTimer.Stop();
         return;
     }

@@ -48,7 +48,7 @@ public:
     /// Searches at once.
     void OnSearchTimer();
     /// Port `number` was opened, by whatever way.
-    void Opened(int number) { m_State.g_LastPort = number; }
+    void Opened(int number) { m_State.PortIsOpened(number); }
     /// The program ends: nothing is looked for any more, and nothing that is found is talked to.
     void StopSearch();
 
@@ -82,7 +82,16 @@ private:
     Timer m_Housekeeping; ///< counts the seconds of closing
     Timer m_SearchTimer;
     Timer m_ProbeTimer;
-    bool m_IsOver = false; ///< the program is ending
+
+    std::string m_comm_sel_v;    ///< number of the selected port, as text
+    std::string m_comm_settings; ///< settings text of the port
+    int g_ProbeIndex = 0;        ///< port being looked at
+    bool m_ProbeIsOut = false;   ///< it was asked
+    bool g_bProbeSlow = true;    ///< it is asked at 9600 baud
+    int tagCommTimer = 0;        ///< ticks of the wait for an identity
+    bool bCOMResponse = true;    ///< the last opening has come back
+    int m_CloseCountdown = 0;    ///< ticks until the port closes
+    bool m_IsOver = false;       ///< the program is ending
 };
 
 } // namespace qor

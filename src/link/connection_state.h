@@ -1,8 +1,9 @@
 #pragma once
 
-#include <map>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qor {
@@ -17,19 +18,21 @@ struct PortEntry {
     bool answers = false; ///< an instrument has said its name there
 };
 
-/// Ports, the button that opens and closes them, and the search for the instrument. The connection writes it.
+/// What the connection shows of itself: ports, the button that opens and closes them, and how far it is.
 class ConnectionState {
 public:
     [[nodiscard]] const std::vector<PortEntry>& Ports() const { return g_PortList; }
     [[nodiscard]] PortButton Button() const { return m_Button; }
     [[nodiscard]] bool ButtonIsShown() const { return m_ButtonShown; }
     [[nodiscard]] bool ListIsShown() const { return m_ListShown; }
+    /// The entry chosen in the list box, its text; the one port that has answered until another is chosen.
+    [[nodiscard]] const std::string& Chosen() const { return m_Chosen; }
     /// Number of the port opened last, 0 when none was.
     [[nodiscard]] int LastPort() const { return g_LastPort; }
     /// An instrument has said who it is on the port opened last.
     [[nodiscard]] bool InstrumentAnswered() const { return g_LastPort != 0 && m_AnsweredPort == g_LastPort; }
     /// The port is being closed: the button is ignored, no run begins.
-    [[nodiscard]] bool IsClosing() const { return m_CloseCountdown > 0; }
+    [[nodiscard]] bool IsClosing() const { return m_Closing; }
     /// Ports are being looked at, outside the queue.
     [[nodiscard]] bool IsProbing() const { return g_bProbing; }
     /// Times contact was lost since the program started.
@@ -37,35 +40,51 @@ public:
 
     /// The operator is to choose a port and to press the button; what hangs on each is known.
     [[nodiscard]] bool AwaitsChoice() const {
-        return m_ListShown && m_Button == PortButton::Open && !g_bProbing && !IsClosing();
+        return m_ListShown && m_Button == PortButton::Open && !g_bProbing && !m_Closing;
     }
-    /// The entry chosen in the list box, its text; the one port that has answered until another is chosen.
-    [[nodiscard]] const std::string& Chosen() const { return m_Chosen; }
-    void Choose(std::string_view entry) { m_Chosen = entry; }
     /// Contact with an instrument was lost, and it has not been found again.
     [[nodiscard]] bool ContactIsLost() const { return m_ContactIsLost; }
+
+    void Choose(std::string_view entry) { m_Chosen = entry; }
     void CountLoss() {
         ++m_Losses;
         m_ContactIsLost = m_AnsweredPort != 0;
     }
+    /// The ports found now; nothing is chosen among them.
+    void TakePorts(std::vector<PortEntry> ports) {
+        g_PortList = std::move(ports);
+        m_Chosen.clear();
+    }
+    /// An instrument has answered on a port: says so in the list, with its model where that is known.
+    void Label(std::size_t index, std::string_view model) {
+        PortEntry& entry = g_PortList[index];
+        entry.answers = true;
+        if (!model.empty())
+            entry.text.append(": ").append(model);
+    }
+    void Offer(PortButton button) { m_Button = button; }
+    void ShowButton(bool shown) { m_ButtonShown = shown; }
+    void ShowList(bool shown) { m_ListShown = shown; }
+    /// 0: none counts as opened any more.
+    void PortIsOpened(int number) { g_LastPort = number; }
+    void InstrumentHasAnswered() {
+        m_AnsweredPort = g_LastPort;
+        m_ContactIsLost = false;
+    }
+    void BeginClosing() {
+        m_Closing = true;
+        m_ContactIsLost = false; // the operator has closed it
+    }
+    void EndClosing() { m_Closing = false; }
+    void Probe(bool isOnTheWay) { g_bProbing = isOnTheWay; }
 
 private:
-    friend class Connection;
-
-    std::string m_comm_sel_v;                  ///< number of the selected port, as text
-    std::string m_comm_settings;               ///< settings text of the port
-    std::vector<PortEntry> g_PortList;         ///< ports found
-    std::string m_Chosen;                      ///< entry chosen in the list box
-    int g_LastPort = 0;                        ///< number of the port opened last
-    int m_AnsweredPort = 0;                    ///< number of the port where an instrument has answered
-    int g_ProbeIndex = 0;                      ///< port being looked at
-    bool g_bProbing = false;                   ///< its answer is awaited
-    bool m_ProbeIsOut = false;                 ///< it was asked
-    bool g_bProbeSlow = true;                  ///< it is asked at 9600 baud
-    std::map<int, std::string> m_PortSettings; ///< settings at which a port has answered
-    int tagCommTimer = 0;                      ///< ticks of the wait for an identity
-    bool bCOMResponse = true;                  ///< the last opening has come back
-    int m_CloseCountdown = 0;                  ///< ticks until the port closes
+    std::vector<PortEntry> g_PortList; ///< ports found
+    std::string m_Chosen;
+    int g_LastPort = 0;
+    int m_AnsweredPort = 0;  ///< number of the port where an instrument has answered
+    bool g_bProbing = false; ///< an answer is awaited
+    bool m_Closing = false;
     PortButton m_Button = PortButton::Scan;
     bool m_ButtonShown = false;
     bool m_ListShown = false;
