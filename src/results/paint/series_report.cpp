@@ -114,7 +114,7 @@ public:
         m_Painter.setPen(Ink);
         m_Painter.drawText(QPointF(m_Area.left() - 28, m_Area.top() - 8), title);
         m_Painter.setFont(FontOf(8));
-        const double stepX = StepOf(m_X1 - m_X0, static_cast<int>(m_Area.width() / 50));
+        const double stepX = StepOf(m_X1 - m_X0, static_cast<int>(m_Area.width() / 40));
         for (double x = std::ceil(m_X0 / stepX - 1e-9) * stepX; x <= m_X1 + stepX * 1e-6; x += stepX) {
             const double at = At(x, m_Y0).x();
             Line({at, m_Area.top()}, {at, m_Area.bottom()});
@@ -359,7 +359,7 @@ private:
     }
 
     void DrawRuns(QPainter& painter, const Field& field, double width) {
-        painter.setPen(QPen(QColor(0x4A, 0x7F, 0xB5, m_Kind.runs.size() > MostLines ? 40 : 110), width));
+        painter.setPen(QPen(QColor(0x4A, 0x7F, 0xB5, m_Kind.runs.size() > MostLines ? 70 : 110), width));
         QPolygonF line;
         for (const std::size_t index : m_Kind.runs) {
             line.clear();

@@ -11,6 +11,8 @@ namespace qor::ui {
 
 namespace {
 
+constexpr int FieldWidth = 320; ///< pixels: what is wrong with a field has room below it
+
 bool OpenSetup(Program& program, int /*argument*/, QWidget* parent) {
     const AutoSaveForms chosen = program.State().results.autoSave.Forms();
     FormDialog dialog("Auto Save Setup", parent);
@@ -45,6 +47,7 @@ bool OpenPrefix(Program& program, int /*argument*/, QWidget* parent) {
     QFormLayout* form = dialog.AddGroup({});
     QLineEdit* name = dialog.AddField(form, "Name:", Plain(settings.PrefixName()));
     QLineEdit* number = dialog.AddField(form, "SN:", Plain(settings.PrefixNumber()));
+    name->setMinimumWidth(FieldWidth);
     name->setMaxLength(LongestPrefix);
     number->setMaxLength(LongestNumber);
     dialog.AddButtons("OK");
@@ -65,7 +68,8 @@ bool OpenPrefix(Program& program, int /*argument*/, QWidget* parent) {
 bool OpenSeries(Program& program, int /*argument*/, QWidget* parent) {
     FormDialog dialog("Ordner der Serie", parent);
     QFormLayout* form = dialog.AddGroup({});
-    const QLineEdit* name = dialog.AddField(form, "Name:", {});
+    QLineEdit* name = dialog.AddField(form, "Name:", {});
+    name->setMinimumWidth(FieldWidth);
     const QLineEdit* folder = dialog.AddField(form, "Ordner:", {});
     dialog.AddButtons("OK");
     dialog.SetAccept([&] {
