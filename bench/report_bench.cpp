@@ -38,7 +38,8 @@ struct Page {
         }
         curve->Update(true);
         curve->SearchMaxima();
-        curve->verdict.Take(VerdictPassed);
+        curve->tally.Count({1, 1});
+        curve->tally.EndByItself();
         document.limit = -97.0f;
         for (int row = 0; row < 8; ++row)
             document.comment += "a row of a comment of the operator    \r\n";

@@ -8,6 +8,10 @@
       <translation>%1 of %2</translation>
     </message>
     <message>
+      <source>%1 von %2 Punkten</source>
+      <translation>%1 of %2 points</translation>
+    </message>
+    <message>
       <source>&amp;Ja</source>
       <translation>&amp;Yes</translation>
     </message>
@@ -1418,10 +1422,6 @@
     <message>
       <source>Prueflinge</source>
       <translation>Devices</translation>
-    </message>
-    <message>
-      <source>Punkte:</source>
-      <translation>points:</translation>
     </message>
     <message>
       <source>QOR Device SN(&amp;Z)</source>

@@ -8,6 +8,10 @@
       <translation>%1 / %2</translation>
     </message>
     <message>
+      <source>%1 von %2 Punkten</source>
+      <translation>%1 / %2 点</translation>
+    </message>
+    <message>
       <source>&amp;Ja</source>
       <translation>是(&amp;Y)</translation>
     </message>
@@ -1418,10 +1422,6 @@
     <message>
       <source>Prueflinge</source>
       <translation>被测件</translation>
-    </message>
-    <message>
-      <source>Punkte:</source>
-      <translation>点数：</translation>
     </message>
     <message>
       <source>QOR Device SN(&amp;Z)</source>

@@ -72,8 +72,7 @@ int main(int argc, char* argv[]) {
     if (!parsed.options) {
         std::fprintf(stderr, "qor-measure: %s\n", parsed.text.c_str());
         if (parsed.json)
-            std::fputs(app::ToJson({app::BadRequest, parsed.text, {}, false}, nullptr, nullptr).c_str(),
-                       stdout);
+            std::fputs(app::ToJson({app::BadRequest, parsed.text, {}}, nullptr, nullptr).c_str(), stdout);
         return app::BadRequest;
     }
     if (parsed.options->WantsPictures() && !app::CanPaint()) {

@@ -4,21 +4,18 @@
 #include "base/tenths.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
-#include "desk/session.h"
-#include "platform/operator.h"
+#include "curve/readout.h"
 #include "platform/platform.h"
 #include "platform/speaker.h"
 #include "platform/timers.h"
 
-#include <array>
+#include <algorithm>
+#include <optional>
 
 namespace qor {
 
 namespace {
 
-constexpr int SlowBeeps = 3;
-constexpr int FastBeeps = 7;
-constexpr int UnderBeeps = 1;
 constexpr int BeepMs = 100;
 constexpr int UnderTone = 1900;
 constexpr int ToneDigits = 4;
@@ -30,131 +27,69 @@ constexpr std::size_t LimitCharacters = 7;
 constexpr std::string_view NoNumber = "ist keine Zahl. Bitte mit Dezimalpunkt eingeben.";
 
 /// How far the level shown is over the limit, dB; nothing when no level is shown.
-std::optional<double> Excess(const Session& session) {
-    const auto dBm = session.readout.Level();
+std::optional<double> Excess(const Curve& curve, const Readout& readout) {
+    const auto dBm = readout.Level();
     if (!dBm)
         return std::nullopt;
-    const double level = AsShown(static_cast<double>(InShownUnit(session.curve, *dBm)));
-    if (!(level < -0.1))
-        return std::nullopt;
     // Both are shown with one decimal, and a difference of just 0.1 does not count as more.
-    const double limit = AsShown(static_cast<double>(session.curve.limit.Level()));
+    const double level = AsShown(static_cast<double>(InShownUnit(curve, *dBm)));
+    const double limit = AsShown(static_cast<double>(curve.limit.Level()));
     return static_cast<double>(ToTenths(level) - ToTenths(limit)) / 10.0;
 }
 
-/// What the limit says of the curve has changed.
-void Rejudge(Session& session) {
-    session.curve.JudgeAnew(session.receiver.InstrumentListens());
-}
-
-/// Keeps the flags. A curve taken while the alarm was off has not been judged yet.
-void TakeFlags(Session& session, SetupStore& store) {
-    const Limit& limit = session.curve.limit;
+void KeepFlags(const Limit& limit, SetupStore& store) {
     store.Write("tagWarningOn.ccz", limit.AlarmOn() ? "0" : "1");
     store.Write("tagWarningStampOn.ccz", limit.StampOn() ? "0" : "1");
-    if (limit.AlarmOn())
-        Rejudge(session);
 }
 
 } // namespace
 
-AlarmState LoadAlarmTones(const SetupStore& store) {
-    AlarmState alarm;
+void AlarmState::Load(const SetupStore& store) {
     const int tone = WholeNumberIn(store.Read("BeepVolume.ccz", ToneDigits).value_or(""));
-    for (const int known : Tones) {
-        if (tone == known)
-            alarm.g_beepTone = tone;
-    }
-    if (WholeNumberIn(store.Read("UnderBeepVolume.ccz", ToneDigits).value_or("")) == UnderTone)
-        alarm.g_underBeepTone = UnderTone;
-    return alarm;
+    g_beepTone = std::find(Tones.begin(), Tones.end(), tone) != Tones.end() ? tone : 0;
+    const int under = WholeNumberIn(store.Read("UnderBeepVolume.ccz", ToneDigits).value_or(""));
+    g_underBeepTone = under == UnderTone ? UnderTone : 0;
 }
 
-void FlipAlarm(Session& session, SetupStore& store) {
-    Limit& limit = session.curve.limit;
-    limit.SetAlarm(!limit.AlarmOn());
-    if (!limit.AlarmOn())
-        limit.SetStamp(false);
-    TakeFlags(session, store);
-}
-
-void FlipStamp(Session& session, SetupStore& store) {
-    Limit& limit = session.curve.limit;
-    limit.SetStamp(!limit.StampOn());
-    if (limit.StampOn())
-        limit.SetAlarm(true);
-    TakeFlags(session, store);
-}
-
-void ChooseBeepTone(int hz, AlarmState& alarm, SetupStore& store) {
-    alarm.g_beepTone = hz;
+void AlarmState::ChooseTone(int hz, SetupStore& store) {
+    g_beepTone = hz;
     store.Write("BeepVolume.ccz", ZeroPadded(hz, ToneDigits));
 }
 
-void FlipUnderLimitBeep(AlarmState& alarm, SetupStore& store) {
-    alarm.g_underBeepTone = alarm.g_underBeepTone == 0 ? UnderTone : 0;
-    store.Write("UnderBeepVolume.ccz", ZeroPadded(alarm.g_underBeepTone, ToneDigits));
+void AlarmState::FlipUnderLimitBeep(SetupStore& store) {
+    g_underBeepTone = g_underBeepTone == 0 ? UnderTone : 0;
+    store.Write("UnderBeepVolume.ccz", ZeroPadded(g_underBeepTone, ToneDigits));
 }
 
-bool IsLimit(double level) {
-    return level <= 0 && level >= LowestLimit;
+void AlarmState::Hush() {
+    g_beepCountSlow = SlowBeeps;
+    g_beepCountFast = FastBeeps;
+    g_beepCountUnder = UnderBeeps;
 }
 
-bool EnterLimit(std::string_view text, Session& session, const Platform& platform, SetupStore& store) {
-    Curve& curve = session.curve;
-    if (text.find_first_not_of(" \t") == std::string_view::npos) {
-        platform.user.Failure("The value of Alarm Lever cannot be empty!");
-        return false;
-    }
-    const auto entered = EnteredNumber(text);
-    if (!entered) {
-        platform.user.Failure(std::string(text) + ": " + std::string(NoNumber));
-        return false;
-    }
-    if (!IsLimit(*entered)) {
-        platform.user.Failure("The value of Alarm Lever should be in range 0 ~ -200");
-        return false;
-    }
-    curve.limit.Take(static_cast<float>(*entered));
-    Rejudge(session);
-    const double absolute = *entered + static_cast<double>(curve.scale.Reference());
-    store.Write("AlarmUp.ccz", Fixed(absolute, 1).substr(0, LimitCharacters));
-    return true;
-}
-
-bool IsOverLimit(const Session& session) {
-    const auto excess = Excess(session);
-    return session.curve.limit.AlarmOn() && excess && *excess > 0.1;
-}
-
-void LevelShown(Session& session) {
-    AlarmState& alarm = session.alarm;
-    alarm.g_beepCountSlow = SlowBeeps;
-    alarm.g_beepCountFast = FastBeeps;
-    alarm.g_beepCountUnder = UnderBeeps;
-    if (!IsOverLimit(session))
-        alarm.g_beepCountUnder = 0;
-    else if (Excess(session).value_or(0) < FastFrom)
-        alarm.g_beepCountSlow = 0;
-    else
-        alarm.g_beepCountFast = 0;
-}
-
-void StartBeeper(Session& session, const Platform& platform) {
-    session.alarm.g_beepCountSlow = SlowBeeps;
-    session.alarm.g_beepCountFast = FastBeeps;
-    session.alarm.g_beepCountUnder = UnderBeeps;
+void AlarmState::Begin(const Platform& platform) {
+    Hush();
     platform.timers.SetTimer(SlowBeepTimer, SlowBeepPeriod);
     platform.timers.SetTimer(FastBeepTimer, FastBeepPeriod);
     platform.timers.SetTimer(UnderBeepTimer, UnderBeepPeriod);
 }
 
-void StopBeeper(const Platform& platform) {
-    for (const int timer : {SlowBeepTimer, FastBeepTimer, UnderBeepTimer})
+void AlarmState::End(const Platform& platform) {
+    for (const int timer : BeepTimers)
         platform.timers.KillTimer(timer);
 }
 
-void OnBeepTimer(int timer, AlarmState& alarm, const Platform& platform) {
+void AlarmState::LevelShown(const Curve& curve, const Readout& readout) {
+    Hush();
+    if (!IsOverLimit(curve, readout))
+        g_beepCountUnder = 0;
+    else if (Excess(curve, readout).value_or(0) < FastFrom)
+        g_beepCountSlow = 0;
+    else
+        g_beepCountFast = 0;
+}
+
+void AlarmState::OnTimer(int timer, const Platform& platform) {
     const auto beep = [&platform](int& count, int limit, int tone) {
         if (count >= limit)
             return;
@@ -164,14 +99,50 @@ void OnBeepTimer(int timer, AlarmState& alarm, const Platform& platform) {
     };
     switch (timer) {
     case SlowBeepTimer:
-        return beep(alarm.g_beepCountSlow, SlowBeeps, alarm.g_beepTone);
+        return beep(g_beepCountSlow, SlowBeeps, g_beepTone);
     case FastBeepTimer:
-        return beep(alarm.g_beepCountFast, FastBeeps, alarm.g_beepTone);
+        return beep(g_beepCountFast, FastBeeps, g_beepTone);
     case UnderBeepTimer:
-        return beep(alarm.g_beepCountUnder, UnderBeeps, alarm.g_underBeepTone);
+        return beep(g_beepCountUnder, UnderBeeps, g_underBeepTone);
     default:
         return;
     }
+}
+
+void FlipAlarm(Limit& limit, SetupStore& store) {
+    limit.SetAlarm(!limit.AlarmOn());
+    if (!limit.AlarmOn())
+        limit.SetStamp(false);
+    KeepFlags(limit, store);
+}
+
+void FlipStamp(Limit& limit, SetupStore& store) {
+    limit.SetStamp(!limit.StampOn());
+    if (limit.StampOn())
+        limit.SetAlarm(true);
+    KeepFlags(limit, store);
+}
+
+bool IsLimit(double level) {
+    return level <= 0 && level >= LowestLimit;
+}
+
+Outcome EnterLimit(std::string_view text, Curve& curve, SetupStore& store) {
+    if (text.find_first_not_of(" \t") == std::string_view::npos)
+        return Outcome::Refused("The value of Alarm Lever cannot be empty!");
+    const auto entered = EnteredNumber(text);
+    if (!entered)
+        return Outcome::Refused(std::string(text) + ": " + std::string(NoNumber));
+    if (!IsLimit(*entered))
+        return Outcome::Refused("The value of Alarm Lever should be in range 0 ~ -200");
+    curve.limit.Take(static_cast<float>(*entered));
+    const double absolute = *entered + static_cast<double>(curve.scale.Reference());
+    store.Write("AlarmUp.ccz", Fixed(absolute, 1).substr(0, LimitCharacters));
+    return Outcome::Done();
+}
+
+bool IsOverLimit(const Curve& curve, const Readout& readout) {
+    return curve.limit.AlarmOn() && Excess(curve, readout).value_or(0) > 0.1;
 }
 
 } // namespace qor

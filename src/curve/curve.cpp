@@ -1,25 +1,19 @@
 #include "curve/curve.h"
 
-#include "base/tenths.h"
-
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace qor {
 
 namespace {
 
-/// A level may stand this far above the limit and still pass.
-constexpr double LimitMargin = 0.01;
 /// A maximum gives way only to a level that is higher by more than this.
 constexpr double MaximumMargin = 0.05;
-/// Floats of decimal levels lie up to this far beside them; the margins mean the decimals.
+/// Floats of decimal levels lie up to this far beside them; the margin means the decimals.
 constexpr double DecimalSlack = 0.0005;
+constexpr float LeastLevel = 0.01f;
 constexpr int ShortestTimePerPoint = 100;
-
-bool Exceeds(float level, double limit) {
-    return level < 0.0f && static_cast<double>(level) - limit > LimitMargin + DecimalSlack;
-}
 
 bool IsHigher(float level, float than) {
     return static_cast<double>(level) - static_cast<double>(than) > MaximumMargin + DecimalSlack;
@@ -51,6 +45,10 @@ template <std::size_t Size> void Fill(std::array<float, Size>& to, const std::ve
 
 } // namespace
 
+float AsPoint(float dBm) {
+    return std::abs(dBm) < LeastLevel / 2 ? LeastLevel : dBm;
+}
+
 CurveMaximum HighestOf(std::span<const float> row) {
     std::optional<CurveMaximum> best;
     SearchRow(row, row.size(), best);
@@ -62,9 +60,24 @@ int Curve::Find(float frequency) const {
 }
 
 bool Curve::HoldsPoints() const {
-    const auto isPoint = [](float level) { return level != 0.0f; };
-    return std::any_of(g_levelUp.begin(), g_levelUp.end(), isPoint) ||
-           std::any_of(g_levelDown.begin(), g_levelDown.end(), isPoint);
+    return std::any_of(g_levelUp.begin(), g_levelUp.end(), IsPresent) ||
+           std::any_of(g_levelDown.begin(), g_levelDown.end(), IsPresent);
+}
+
+RunFacts Curve::Facts() const {
+    const auto single = SingleRow(g_shownRun);
+    RunFacts facts = WithLimit(single ? tally.OfRow(*single) : tally.OfAll());
+    facts.watched = limit.AlarmOn();
+    return facts;
+}
+
+RunFacts Curve::LastRunFacts() const {
+    return WithLimit(tally.OfLast());
+}
+
+RunFacts Curve::WithLimit(RunFacts facts) const {
+    facts.limit = LimitInDbm();
+    return facts;
 }
 
 std::size_t Curve::Row() const {
@@ -127,47 +140,59 @@ void Curve::HoldTimePerPoint(bool internalReceiver) {
 
 void Curve::BeginTwoTone(float imFrequency) {
     SetTimeAxis();
-    Clear(Content::Levels);
+    ClearLevels();
+    tally.Begin(Row());
     g_worstFreq = imFrequency;
-    g_worstLevel = 0;
+    g_worstLevel.reset();
 }
 
 void Curve::BeginSweep() {
-    Clear(Content::Levels);
+    ClearLevels();
+    tally.Begin(Row());
     g_worstFreq = 0;
-    g_worstLevel = 0;
+    g_worstLevel.reset();
 }
 
 void Curve::Add(float level) {
-    if (static_cast<std::size_t>(StoreDataPot) >= g_levelUp.size())
+    if (static_cast<std::size_t>(StoreDataPot) >= g_levelUp.size()) {
+        tally.Take(level); // it was measured, though the plot has no room for it
         return;
+    }
     Put(static_cast<std::size_t>(StoreDataPot), level);
     ++StoreDataPot;
 }
 
 void Curve::Put(std::size_t index, float level, CurveSide side) {
     (side == CurveSide::Up ? g_levelUp.at(index) : g_levelDown.at(index)) = level;
+    if (IsPresent(level))
+        tally.Take(level);
     Touch();
 }
 
-void Curve::NoteShown(std::string_view level) {
-    if (NumberIn(level) > NumberIn(g_worstText))
-        g_worstText = level;
+void Curve::NoteShown(float dBm) {
+    if (m_WatchesWorst)
+        m_WorstShown = std::max(m_WorstShown.value_or(dBm), dBm);
 }
 
-void Curve::Clear(Content content) {
-    if (content != Content::Runs) {
-        g_levelUp.fill(0);
-        g_levelDown.fill(0);
-    }
-    if (content == Content::Levels)
-        return;
+void Curve::ClearLevels() {
+    g_levelUp.fill(0);
+    g_levelDown.fill(0);
+}
+
+void Curve::Clear() {
+    ClearLevels();
+    tally = {};
+    StoreDataPot = 0;
     g_runIndex = 0;
     m_MaxUp = m_MaxDown = {};
-    g_worstFreq = g_worstLevel = 0;
+    g_worstFreq = 0;
+    g_worstLevel.reset();
     g_forcedMsPerPoint = 0;
+    m_LoadedLength = 0;
     g_fromFile = 0;
-    g_worstText.clear();
+    m_WatchesWorst = false;
+    m_WorstShown.reset();
+    m_FileName.clear();
     for (int run = 0; run < m_RowsUsed; ++run) {
         const auto row = static_cast<std::size_t>(run);
         for (RunMatrix* matrix : {&m_LevelUp, &m_LevelDown, &m_RawUp, &m_RawDown})
@@ -176,26 +201,22 @@ void Curve::Clear(Content content) {
     m_RowsUsed = 0;
     m_ViewedRun = 0;
     ++m_RowsRevision;
-    if (content == Content::Runs)
-        return;
-    StoreDataPot = 0;
-    verdict.Take(VerdictNone);
+    Touch();
 }
 
 void Curve::Load(const LoadedCurve& loaded) {
-    Clear(Content::All);
+    Clear();
     SetTimeAxis();
     g_fromFile = 1;
-    g_worstText = loaded.name;
+    m_FileName = loaded.name;
+    tally.Load(loaded.facts);
     g_shownRun = 0; // a file holds one run
     g_worstFreq = loaded.imFrequency;
-    g_worstLevel = 0;
-    verdict.Take(VerdictPassed);
     Fill(g_levelUp, loaded.up);
     Fill(g_levelDown, loaded.down);
     if (loaded.twoTone) {
         StoreDataPot = static_cast<int>(std::min(loaded.up.size(), g_levelUp.size()));
-        g_testTimeMs = loaded.length;
+        m_LoadedLength = loaded.length > 0 ? loaded.length : 1000;
         g_forcedMsPerPoint = loaded.msPerPoint;
     } else {
         const std::vector<float>& grid = loaded.grid;
@@ -218,22 +239,19 @@ void Curve::Update(bool internalReceiver) {
     m_RowsUsed = std::max(m_RowsUsed, static_cast<int>(run) + 1);
     if (!m_Sweep) {
         CopyRow(g_levelUp, m_LevelUp.Row(run));
-        JudgeRow(m_LevelUp.Row(run));
         return;
     }
     CopyRow(g_levelUp, m_RawUp.Row(run));
     CopyRow(g_levelDown, m_RawDown.Row(run));
-    std::size_t checked = run;
     if (m_ViewedRun != g_shownRun)
         ++m_RowsRevision;
     if (const auto single = SingleRow(g_shownRun)) {
-        checked = *single;
         for (std::size_t row = 0; row <= run; ++row) {
             std::ranges::fill(m_LevelUp.Row(row), 0.0f);
             std::ranges::fill(m_LevelDown.Row(row), 0.0f);
         }
-        CopyRow(m_RawUp.Row(checked), m_LevelUp.Row(checked));
-        CopyRow(m_RawDown.Row(checked), m_LevelDown.Row(checked));
+        CopyRow(m_RawUp.Row(*single), m_LevelUp.Row(*single));
+        CopyRow(m_RawDown.Row(*single), m_LevelDown.Row(*single));
     } else {
         // Rows of finished runs are in view already unless a single run was before.
         for (std::size_t row = m_ViewedRun == 0 ? run : 0; row <= run; ++row) {
@@ -242,22 +260,6 @@ void Curve::Update(bool internalReceiver) {
         }
     }
     m_ViewedRun = g_shownRun;
-    JudgeRow(m_LevelUp.Row(checked));
-    JudgeRow(m_LevelDown.Row(checked));
-}
-
-void Curve::JudgeAnew(bool internalReceiver) {
-    const Verdict before = verdict.Value();
-    if (before == VerdictOverLimit || before >= VerdictFailed)
-        verdict.Take(VerdictPassed);
-    Update(internalReceiver);
-    Touch();
-    if (verdict.Value() != VerdictPassed)
-        return;
-    for (std::size_t row = 0; row <= Row(); ++row) {
-        JudgeRow(m_LevelUp.Row(row));
-        JudgeRow(m_LevelDown.Row(row));
-    }
 }
 
 void Curve::SearchMaxima() {
@@ -266,32 +268,18 @@ void Curve::SearchMaxima() {
     if (!down)
         m_MaxDown = {};
 
-    const auto counts = [](bool found, const CurveMaximum& m) { return found && m.level < -0.1f; };
-    const bool upCounts = counts(up, m_MaxUp);
-    const bool downWins = counts(down, m_MaxDown) && (!upCounts || IsHigher(m_MaxDown.level, m_MaxUp.level));
-    if (!downWins && !upCounts)
+    g_worstLevel.reset();
+    if (!up && !down)
         return;
+    const bool downWins = down && (!up || IsHigher(m_MaxDown.level, m_MaxUp.level));
     const CurveMaximum& worst = downWins ? m_MaxDown : m_MaxUp;
-    g_worstLevel = scale.InDbc() ? worst.level - scale.Carrier() : worst.level;
+    g_worstLevel = worst.level;
     if (m_Sweep)
         g_worstFreq = g_freqGrid[static_cast<std::size_t>(worst.index)];
 }
 
-bool Curve::ExceedsLimit(float level) const {
-    return Exceeds(level, LimitInDbm());
-}
-
 double Curve::LimitInDbm() const {
     return static_cast<double>(limit.Level()) + static_cast<double>(scale.Reference());
-}
-
-void Curve::JudgeRow(std::span<const float> levels) {
-    // An instrument error outranks the limit.
-    if (!limit.AlarmOn() || verdict.IsError())
-        return;
-    const double highest = LimitInDbm();
-    if (std::any_of(levels.begin(), levels.end(), [highest](float level) { return Exceeds(level, highest); }))
-        verdict.Take(VerdictOverLimit);
 }
 
 /// False, and the best is none, when the runs in view hold no point.

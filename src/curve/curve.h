@@ -4,11 +4,11 @@
 #include "curve/limit.h"
 #include "curve/plot_scale.h"
 #include "curve/run_matrix.h"
-#include "curve/verdict.h"
+#include "curve/run_tally.h"
 
 #include <array>
-#include <cmath>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,10 +20,12 @@ namespace qor {
 inline constexpr std::string_view NotFromData =
     "<The graph is invalid for official report as it's not loaded from DAT file>";
 
-/// True for a level that counts as a point in the plot and the maximum search: not 0 once cut to an integer.
+/// True for a level that is a point; 0.0 is none.
 [[nodiscard]] inline bool IsPresent(float level) {
-    return std::abs(level) >= 1.0f;
+    return level != 0.0f;
 }
+/// A level as it is kept: one that would be written 0.00 is told from no point.
+[[nodiscard]] float AsPoint(float dBm);
 
 /// Highest level of a row or of several and its index, earliest first unless another is more than 0.05 dB
 /// higher; 0 where there is none.
@@ -47,6 +49,7 @@ struct LoadedCurve {
     int length = 1000;       ///< 2-tone, ms
     int msPerPoint = 0;      ///< 2-tone; 0: by the rules of a run
     float imFrequency = 0;   ///< 2-tone, MHz
+    RunFacts facts;          ///< of the whole file, whatever of it the plot has room for; without a limit
 };
 
 /// The memory of a measurement and of what is drawn of it. Levels are dBm whatever the unit shown; 0.0 is no
@@ -58,7 +61,7 @@ class Curve {
 public:
     PlotScale scale;
     Limit limit;
-    VerdictState verdict;
+    RunTally tally; ///< what has come of the levels that were asked for
 
     // The live layer. Up() holds one point more than the plot shows: the longest 2-tone run counts 2001.
     using UpLevels = std::array<float, CurvePoints + 1>;
@@ -76,8 +79,20 @@ public:
     [[nodiscard]] float SweepStep() const { return g_SweepStep; } ///< MHz
     [[nodiscard]] bool IsFromFile() const { return g_fromFile != 0; }
 
+    // Its verdict.
+    /// What is known of the runs in view, and what the limit and the alarm are.
+    [[nodiscard]] RunFacts Facts() const;
+    /// What is known of the run in the live layer, whether the alarm is on or off: a file goes by that.
+    [[nodiscard]] RunFacts LastRunFacts() const;
+    /// The verdict of the runs in view as it is shown: none while the alarm is off.
+    [[nodiscard]] Verdict ShownVerdict() const { return Judge(Facts()); }
+    /// True for a level (dBm) that stands above the limit by more than 0.01 dB.
+    [[nodiscard]] bool ExceedsLimit(float level) const { return IsAboveLimit(level, LimitInDbm()); }
+
     // Time of a 2-tone run, ms.
-    [[nodiscard]] int Length() const { return g_testTimeMs > 0 ? g_testTimeMs : 1000; } ///< one not set: 1 s
+    /// Of the curve in the plot: a file's, or that of a run.
+    [[nodiscard]] int Length() const { return m_LoadedLength > 0 ? m_LoadedLength : OwnLength(); }
+    [[nodiscard]] int OwnLength() const { return g_testTimeMs > 0 ? g_testTimeMs : 1000; } ///< of a run
     [[nodiscard]] int TimePerPoint() const { return tone2SetTimes; }
     [[nodiscard]] int ReplyTime() const { return RealReceiveTime; } ///< of the receiver; 0 until it is known
 
@@ -101,10 +116,12 @@ public:
     // Worst points, of the runs in view.
     [[nodiscard]] const CurveMaximum& MaxUp() const { return m_MaxUp; }
     [[nodiscard]] const CurveMaximum& MaxDown() const { return m_MaxDown; }
-    [[nodiscard]] float WorstFrequency() const { return g_worstFreq; } ///< MHz
-    [[nodiscard]] float WorstLevel() const { return g_worstLevel; }    ///< in the unit shown; 0: none
-    /// Worst level of a continuous run as shown, or the name of a loaded file.
-    [[nodiscard]] const std::string& WorstText() const { return g_worstText; }
+    [[nodiscard]] float WorstFrequency() const { return g_worstFreq; }             ///< MHz
+    [[nodiscard]] std::optional<float> WorstLevel() const { return g_worstLevel; } ///< dBm
+    /// Worst level shown during a continuous measurement, dBm.
+    [[nodiscard]] std::optional<float> WorstShown() const { return m_WorstShown; }
+    /// Of a loaded curve, as it is told under the plot.
+    [[nodiscard]] const std::string& FileName() const { return m_FileName; }
 
     /// Counts the changes that the plot has to follow.
     [[nodiscard]] unsigned Revision() const { return m_Revision; }
@@ -112,7 +129,7 @@ public:
     [[nodiscard]] unsigned RowsRevision() const { return m_RowsRevision; }
 
     // Before a run.
-    void SetLength(int ms) { g_testTimeMs = ms; }
+    void SetLength(int ms) { g_testTimeMs = ms; } ///< of the next run
     void SetRuns(int count) { g_runCount = count; }
     void NoteReplyTime(int ms) { RealReceiveTime = ms; }
     /// The points lie over these frequencies from now on, MHz; `grid` ascends, a 0.0 ends it.
@@ -140,37 +157,29 @@ public:
     /// A run is over: the next one has a row of its own.
     void EndRun() { ++g_runIndex; }
 
-    /// The worst text follows the levels of a continuous run from now on.
-    void WatchWorst() { g_worstText = "-300"; } // any level is higher
-    void NoteShown(std::string_view level);     ///< a level as it is shown
+    /// The worst level shown is kept from now on.
+    void WatchWorst() { m_WatchesWorst = true; }
+    void NoteShown(float dBm);
 
-    /// What Clear takes away.
-    enum class Content {
-        Levels, ///< those of the live layer; the plot keeps showing them until it follows
-        Runs,   ///< what the runs have left in view, their maxima, and the mark of a file
-        All,    ///< both, and the verdict: an empty plot
-    };
-    void Clear(Content content);
-    /// Replaces all by a curve from a file; its verdict is passed until it is judged.
+    /// An empty plot: no levels, no runs, no file, and nothing known of any. Its axis stays.
+    void Clear();
+    /// Replaces all by a curve from a file.
     void Load(const LoadedCurve& loaded);
 
     // What is seen of it.
-    void ShowRun(int run) { g_shownRun = run; } ///< followed by Judge or Touch
+    void ShowRun(int run) {
+        g_shownRun = run;
+        Touch();
+    }
     /// The plot has something to follow.
     void Touch() { ++m_Revision; }
     /// Brings the rows up to the live layer when something has changed since the last time: false when not.
     bool Follow(bool internalReceiver);
-    /// The same in any case. The row in view is checked against the limit: a level below 0.0 that exceeds it
-    /// by more than 0.01 dB makes the verdict "over the limit" unless the alarm is off.
+    /// The same in any case.
     void Update(bool internalReceiver);
-    /// Judges the curve in view anew, all its runs, after a change of the limit, the alarm or the runs shown.
-    /// Only a verdict about levels changes: none, and an error of the instrument, stay.
-    void JudgeAnew(bool internalReceiver);
     /// Finds the highest present level of the shown runs, earliest first unless another is more than 0.05 dB
     /// higher, and with it the worst point of the curve.
     void SearchMaxima();
-    /// True for a level (dBm, below 0.0) that stands above the limit by more than 0.01 dB.
-    [[nodiscard]] bool ExceedsLimit(float level) const;
 
 private:
     /// The highest level of the runs before the one in progress, kept so that each tick searches that one
@@ -183,7 +192,8 @@ private:
     };
 
     [[nodiscard]] double LimitInDbm() const;
-    void JudgeRow(std::span<const float> levels);
+    [[nodiscard]] RunFacts WithLimit(RunFacts facts) const;
+    void ClearLevels();
     [[nodiscard]] bool FindMaximum(const RunMatrix& matrix, FinishedMaximum& known, CurveMaximum& best) const;
 
     // Live layer.
@@ -193,7 +203,8 @@ private:
     int StoreDataPot = 0;       ///< 2-tone: index of the next point
     bool m_Sweep = false;       ///< over the grid, not over time
     int tone2SetTimes = 100;    ///< ms between 2-tone points, at least 100
-    int g_testTimeMs = 5000;    ///< length of a 2-tone run
+    int g_testTimeMs = 5000;    ///< length of a 2-tone run as it was set
+    int m_LoadedLength = 0;     ///< of the file whose curve is shown; 0: none is
     float g_SweepStep = 1;      ///< MHz
     int g_forcedMsPerPoint = 0; ///< from a loaded file; overrides every other rule when not 0
     int RealReceiveTime = 0;    ///< ms, measured once after initialisation
@@ -218,9 +229,11 @@ private:
     CurveMaximum m_MaxDown;
     FinishedMaximum m_FinishedUp;
     FinishedMaximum m_FinishedDown;
-    float g_worstFreq = 0;   ///< MHz
-    float g_worstLevel = 0;  ///< in the unit shown
-    std::string g_worstText; ///< worst level of a continuous run as shown, or a loaded file's name
+    float g_worstFreq = 0; ///< MHz
+    std::optional<float> g_worstLevel;
+    bool m_WatchesWorst = false;
+    std::optional<float> m_WorstShown;
+    std::string m_FileName;
 };
 
 } // namespace qor

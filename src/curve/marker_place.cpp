@@ -172,7 +172,7 @@ void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<Marker
     const int nearest = time / step + (time % step * 2 > step ? 1 : 0);
     const auto column = static_cast<std::size_t>(nearest);
     const float level = column < CurvePoints ? curve.ShownUp(curve.Row())[column] : 0.0f;
-    if (level < 0.0f) {
+    if (IsPresent(level)) {
         ShowLevel(marker.g_markerValueUp, level);
         PutOnPoint(marker, mark, curve, m_Plot, column, level);
     }

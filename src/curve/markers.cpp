@@ -32,11 +32,6 @@ void Blank(Marker& marker) {
     marker.g_markerEnableDown.fill(false);
 }
 
-/// A maximum that is none is 0.
-bool IsMaximum(float level) {
-    return level < -0.1f;
-}
-
 void EnableOnly(Marker& marker, bool up) {
     const auto run = static_cast<std::size_t>(marker.g_markerRun);
     marker.g_markerCurve = up ? MarkerOnUp : MarkerOnDown;
@@ -106,7 +101,7 @@ void Markers::UpdateInTwoTone(Marker& marker) {
     if (marker.m_MarkerMax) {
         marker.m_MarkerPosText.clear();
         marker.m_MarkerLevelText.clear();
-        if (IsMaximum(curve.MaxUp().level)) {
+        if (IsPresent(curve.MaxUp().level)) {
             marker.m_MarkerPosText = Fixed(curve.MaxUp().index * curve.TimePerPoint() / 1000.0, 1);
             ShowLevel(marker.m_MarkerLevelText, curve.MaxUp().level);
         }
@@ -128,7 +123,7 @@ void Markers::StandOnMaximum(Marker& marker, bool up) {
     marker.g_markerPos = -1;
     marker.m_MarkerPosText.clear();
     marker.m_MarkerLevelText.clear();
-    if (!IsMaximum(level))
+    if (!IsPresent(level))
         return;
     marker.g_markerPos = m_Session.curve.Grid()[static_cast<std::size_t>(index)];
     marker.m_MarkerPosText = Fixed(static_cast<double>(marker.g_markerPos), 1);
@@ -146,7 +141,7 @@ void Markers::UpdateInSweep(Marker& marker) {
     if (marker.m_MarkerMax) {
         const float highestUp = m_Session.markers.g_runUpMax[run];
         const float highestDown = m_Session.markers.g_runDownMax[run];
-        const bool upWins = !IsMaximum(highestDown) || (IsMaximum(highestUp) && highestUp >= highestDown);
+        const bool upWins = !IsPresent(highestDown) || (IsPresent(highestUp) && highestUp >= highestDown);
         StandOnMaximum(marker, up && (!down || upWins));
         marker.g_markerFresh = false;
         return;
@@ -155,15 +150,16 @@ void Markers::UpdateInSweep(Marker& marker) {
     if (marker.g_markerFresh)
         ForgetLevels(marker); // a paint may have found them at the old place
     marker.g_markerFresh = false;
-    const double levelUp = NumberIn(marker.g_markerValueUp);
-    const double levelDown = NumberIn(marker.g_markerValueDown);
-    if (up != down || (levelUp < 0 && levelDown < 0)) {
-        const bool upWins = up && (!down || levelUp >= levelDown);
+    const bool onUp = !marker.g_markerValueUp.empty();
+    const bool onDown = !marker.g_markerValueDown.empty();
+    if (up != down || (onUp && onDown)) {
+        const bool upWins =
+            up && (!down || NumberIn(marker.g_markerValueUp) >= NumberIn(marker.g_markerValueDown));
         EnableOnly(marker, upWins);
         marker.m_MarkerLevelText = upWins ? marker.g_markerValueUp : marker.g_markerValueDown;
     } else {
         marker.g_markerEnableUp[run] = marker.g_markerEnableDown[run] = true;
-        marker.m_MarkerLevelText = levelDown < 0 ? marker.g_markerValueDown : marker.g_markerValueUp;
+        marker.m_MarkerLevelText = onDown ? marker.g_markerValueDown : marker.g_markerValueUp;
     }
 }
 
@@ -247,7 +243,7 @@ void RefreshMarkers(MarkerState& markers) {
 
 void ClearPlot(Session& session) {
     ClearMarkers(session.markers);
-    session.curve.Clear(Curve::Content::Runs);
+    session.curve.Clear();
 }
 
 } // namespace qor

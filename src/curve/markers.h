@@ -89,7 +89,7 @@ private:
 void ClearMarkers(MarkerState& markers);
 /// The panel and the maxima of the runs have to follow a change of curve, unit or control.
 void RefreshMarkers(MarkerState& markers);
-/// ResetCurve, and the texts of the markers with it.
+/// An empty plot, and no texts of the markers.
 void ClearPlot(Session& session);
 
 } // namespace qor

@@ -3,8 +3,6 @@
 #include "base/setup_store.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
-#include "platform/operator.h"
-#include "platform/platform.h"
 
 namespace qor {
 
@@ -37,16 +35,14 @@ PlotRange ShownPlotRange(const Curve& curve) {
             static_cast<double>(curve.scale.Bottom()) - reference};
 }
 
-bool ApplyPlotRange(const PlotRange& range, Curve& curve, const Platform& platform, SetupStore& store) {
+Outcome ApplyPlotRange(const PlotRange& range, Curve& curve, SetupStore& store) {
     const double reference = ReferenceOf(curve);
     const double top = range.top + reference;
     const double bottom = range.bottom + reference;
-    if (!IsPlotRange({top, bottom})) {
-        platform.user.Failure("Falsch, dichtesortierung.");
-        return false;
-    }
+    if (!IsPlotRange({top, bottom}))
+        return Outcome::Refused("Falsch, dichtesortierung.");
     Take(top, bottom, curve, store);
-    return true;
+    return Outcome::Done();
 }
 
 void StepPlotRange(bool larger, Curve& curve, SetupStore& store) {

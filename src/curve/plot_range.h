@@ -1,10 +1,11 @@
 #pragma once
 
+#include "base/outcome.h"
+
 namespace qor {
 
 class SetupStore;
 class Curve;
-struct Platform;
 
 /// Ends of the level scale in the unit shown.
 struct PlotRange {
@@ -18,9 +19,8 @@ struct PlotRange {
 /// between them.
 [[nodiscard]] bool IsPlotRange(const PlotRange& dBm);
 
-/// Takes new ends over and keeps them in `dbmset.ccz`, in dBm. False, with a message and nothing changed, for
-/// those the scale cannot have.
-bool ApplyPlotRange(const PlotRange& range, Curve& curve, const Platform& platform, SetupStore& store);
+/// Takes new ends over and keeps them in `dbmset.ccz`, in dBm. Refused for those the scale cannot have.
+[[nodiscard]] Outcome ApplyPlotRange(const PlotRange& range, Curve& curve, SetupStore& store);
 
 /// Raises the bottom of the scale by 10 dB, so that the curve is seen larger, or lowers it. Does nothing
 /// where the scale would leave its limits.

@@ -21,11 +21,14 @@ constexpr Rgb DownTextColour = 0xFF3700;
 constexpr Rgb StatusColour = 0x00C8B4;
 constexpr Rgb StampColour = 0x0000FF;
 constexpr Rgb NearlyBlack = 0x000500;
-constexpr double NoLevel = -0.1; ///< a text or maximum that is not below is no level
+constexpr Rgb PartialYellow = 0xFFC800;
+constexpr int StampRows = 85;
 
 // shown to the operator: errors of the instrument
 constexpr std::array<std::string_view, 3> ErrorTexts = {
     "ERR0 - SYNTAX ERROR", "ERR1 - Parameter out of limits.", "ERR2 - PLL not locket."};
+// shown to the operator
+constexpr std::string_view AnyErrorText = "Fehler";
 // shown to the operator
 constexpr std::string_view PassText = "Durch";
 // shown to the operator
@@ -44,13 +47,8 @@ double InUnit(const Curve& curve, float level) {
 
 /// What the bar stands for: the newest point of the run in progress, the worst one when none is.
 std::optional<float> BarLevel(const Curve& curve, const PlotFacts& facts) {
-    if (!facts.runOn) {
-        double worst = NumberIn(facts.worstLevelText);
-        if (curve.scale.InDbc())
-            worst += static_cast<double>(curve.scale.Carrier());
-        if (worst < NoLevel)
-            return static_cast<float>(worst);
-    }
+    if (!facts.runOn && curve.WorstLevel())
+        return curve.WorstLevel();
     for (const auto row : {curve.ShownDown(curve.Row()), curve.ShownUp(curve.Row())}) {
         const auto last = std::find_if(row.rbegin(), row.rend(), IsPresent);
         if (last != row.rend())
@@ -76,7 +74,7 @@ void AddFlag(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometr
     const float level = down ? curve.MaxDown().level : curve.MaxUp().level;
     const auto index =
         static_cast<std::size_t>(std::max(down ? curve.MaxDown().index : curve.MaxUp().index, 0));
-    if (!(static_cast<double>(level) < NoLevel) || index >= CurvePoints)
+    if (!IsPresent(level) || index >= CurvePoints)
         return;
     const bool sweep = curve.IsSweep();
     const double place = sweep ? static_cast<double>(curve.Grid()[index])
@@ -106,9 +104,11 @@ void AddMark(std::vector<PlotItem>& items, const MarkerMark& mark, const PlotCol
 
 void AddStatusTexts(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
                     const PlotFacts& facts) {
-    if (const std::string& worst = curve.WorstText(); !worst.empty() && worst != "-300") {
-        const bool announced = facts.tagEndless && NumberIn(worst) < 0.0;
-        std::string text = announced ? Translated(facts, WorstText) + " " + worst : worst;
+    std::string text = curve.FileName();
+    if (text.empty() && curve.WorstShown())
+        text = (facts.tagEndless ? Translated(facts, WorstText) + " " : "") +
+               Fixed(InUnit(curve, *curve.WorstShown()), 1);
+    if (!text.empty()) {
         if (text.ends_with(NotFromData))
             text.replace(text.size() - NotFromData.size(), NotFromData.size(),
                          Translated(facts, NotFromData));
@@ -124,37 +124,57 @@ void AddStatusTexts(std::vector<PlotItem>& items, const Curve& curve, const Plot
                                     StatusColour, TextSize(plot)});
 }
 
-std::string_view ErrorText(int verdict) {
-    return ErrorTexts[static_cast<std::size_t>(verdict - VerdictSyntaxError)];
+std::string_view ErrorText(int error) {
+    const auto n = static_cast<std::size_t>(error - 2);
+    return n < ErrorTexts.size() ? ErrorTexts[n] : AnyErrorText;
+}
+
+std::string PointsText(const RunFacts& run, const PlotFacts& facts) {
+    std::string text = Translated(facts, PointsPattern);
+    for (const auto& [place, number] : {std::pair("%1", run.taken), std::pair("%2", run.asked)})
+        if (const std::size_t at = text.find(place); at != std::string::npos)
+            text.replace(at, 2, std::to_string(number));
+    return text;
 }
 
 /// The verdict of the run over the upper right of the plot; an error of the instrument over all its width.
 void AddStamp(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
               const PlotFacts& facts) {
-    const int verdict = curve.verdict.Value();
+    const RunFacts run = curve.Facts();
+    const Verdict verdict = Judge(run);
     const int textY = plot.top + 4 * plot.marginY - 20;
     const bool stamped = curve.limit.AlarmOn() && curve.limit.StampOn();
-    if (IsInstrumentError(verdict)) {
+    if (verdict == Verdict::Error) {
         // The upper part of a tall plot; never less than the rows of a stamp.
         const int last = std::max(plot.axis - 500, plot.top + 89);
         items.emplace_back(PlotBox{plot.left + 1, plot.top + 1, plot.Span() - 1, last - plot.top, FailRed});
         if (stamped)
             items.emplace_back(PlotText{(plot.left + plot.right) / 2, textY,
-                                        Translated(facts, ErrorText(verdict)), StampColour, StampSize,
+                                        Translated(facts, ErrorText(run.error)), StampColour, StampSize,
                                         PlotAlign::Centre, plot.Span() - 16, PlotFont::Stamp});
-        return;
     }
-    const bool passed = verdict > 1000;
-    const bool failed = verdict >= 1 && verdict <= 999;
-    if (!stamped || facts.g_calDisplay || !(passed || failed))
+    if (facts.g_calDisplay)
         return;
+    const bool passed = verdict == Verdict::Passed;
+    const bool failed = verdict == Verdict::Failed;
+    const Rgb colour = passed ? PassGreen : FailRed;
     const int left = plot.right * 3 / 4;
     const int width = plot.right - left;
-    const std::string indent = facts.narrowScreen ? "" : passed ? "    " : " ";
-    std::string text = indent + Translated(facts, passed ? PassText : FailText);
-    items.emplace_back(PlotBox{left, plot.top + 5, width, 85, passed ? PassGreen : FailRed});
-    items.emplace_back(PlotText{left + width / 2, textY, std::move(text), StampColour, StampSize,
-                                PlotAlign::Centre, width - 16, PlotFont::Stamp});
+    if (stamped && (passed || failed)) {
+        const std::string indent = facts.narrowScreen ? "" : passed ? "    " : " ";
+        std::string text = indent + Translated(facts, passed ? PassText : FailText);
+        items.emplace_back(PlotBox{left, plot.top + 5, width, StampRows, colour});
+        items.emplace_back(PlotText{left + width / 2, textY, std::move(text), StampColour, StampSize,
+                                    PlotAlign::Centre, width - 16, PlotFont::Stamp});
+    }
+    if (!run.IsPartial())
+        return;
+    // Under the stamp and as a part of it; in a colour of its own where nothing is stamped.
+    const int size = TextSize(plot);
+    items.emplace_back(PlotBox{left, plot.top + 5 + StampRows, width, LineHeight(size) + 4,
+                               stamped && (passed || failed) ? colour : PartialYellow});
+    items.emplace_back(PlotText{left + width / 2, plot.top + 7 + StampRows, PointsText(run, facts),
+                                NearlyBlack, size, PlotAlign::Centre, width - 8});
 }
 
 } // namespace
@@ -182,8 +202,6 @@ PlotFacts FactsOf(const Session& session) {
     facts.bandSelected = session.working.Band() != BandNone;
     facts.power1 = NumberIn(session.working.Power1()) / 10.0;
     facts.power2 = NumberIn(session.working.Power2()) / 10.0;
-    if (const auto worst = ShownWorstLevel(session.curve))
-        facts.worstLevelText = Fixed(static_cast<double>(*worst), 1);
     return facts;
 }
 

@@ -31,15 +31,14 @@ struct PlotColours {
 /// What a paint shows besides the curve and its scale.
 struct PlotFacts {
     PlotLook look = PlotLook::Screen;
-    bool m_PrintMode = false;   ///< picture for a report: black grid, the first run's traces nearly black
-    bool runOn = false;         ///< the bar shows the newest point, not the worst
-    bool tagEndless = false;    ///< g_worstText is announced as the worst of the runs
-    bool bandSelected = true;   ///< the powers are those of a band
-    bool g_calDisplay = false;  ///< read-back curves: levels stand 150 above the scale, no flags, no stamp
-    bool narrowScreen = false;  ///< the short texts of the stamp
-    double power1 = 0;          ///< dBm
-    double power2 = 0;          ///< dBm
-    std::string worstLevelText; ///< m_WorstLevelText of the panel, in the display unit
+    bool m_PrintMode = false;  ///< picture for a report: black grid, the first run's traces nearly black
+    bool runOn = false;        ///< the bar shows the newest point, not the worst
+    bool tagEndless = false;   ///< the worst level shown is announced as that of the runs
+    bool bandSelected = true;  ///< the powers are those of a band
+    bool g_calDisplay = false; ///< read-back curves: levels stand 150 above the scale, no flags, no stamp
+    bool narrowScreen = false; ///< the short texts of the stamp
+    double power1 = 0;         ///< dBm
+    double power2 = 0;         ///< dBm
     std::vector<MarkerMark> marks;
     /// Puts a text into the language of the screen; its German original is the key. None: German.
     std::function<std::string(std::string_view)> translate;
@@ -101,6 +100,8 @@ inline constexpr int StampSize = 46;
     return size * 6 / 5;
 }
 
+// shown to the operator: how much of a measurement is there
+inline constexpr std::string_view PointsPattern = "%1 von %2 Punkten";
 inline constexpr std::string_view PlotTitle = "- - - ZANDVOSS QOR SYSTEM - - -";
 
 [[nodiscard]] PlotColours ColoursOf(PlotLook look, bool printMode);

@@ -9,17 +9,13 @@ float InShownUnit(const Curve& curve, float dBm) {
 }
 
 std::optional<float> ShownWorstLevel(const Curve& curve) {
-    return curve.WorstLevel() != 0 ? std::optional(curve.WorstLevel()) : std::nullopt;
-}
-
-std::optional<float> WorstLevelDbm(const Curve& curve) {
-    const auto shown = ShownWorstLevel(curve);
-    return shown && curve.scale.InDbc() ? *shown + curve.scale.Carrier() : shown;
+    const auto worst = curve.WorstLevel();
+    return worst ? std::optional(InShownUnit(curve, *worst)) : std::nullopt;
 }
 
 std::optional<float> WorstFrequency(const Curve& curve) {
-    return curve.WorstLevel() != 0 && curve.WorstFrequency() > 0 ? std::optional(curve.WorstFrequency())
-                                                                 : std::nullopt;
+    return curve.WorstLevel() && curve.WorstFrequency() > 0 ? std::optional(curve.WorstFrequency())
+                                                            : std::nullopt;
 }
 
 } // namespace qor

@@ -53,9 +53,8 @@ private:
 
 /// A level of dBm in the unit shown.
 [[nodiscard]] float InShownUnit(const Curve& curve, float dBm);
-/// Highest level of the curve, in the unit shown and in dBm; nothing when it has no point.
+/// Highest level of the curve in the unit shown; nothing when it has no point.
 [[nodiscard]] std::optional<float> ShownWorstLevel(const Curve& curve);
-[[nodiscard]] std::optional<float> WorstLevelDbm(const Curve& curve);
 /// MHz. Nothing for files too old to say it, too.
 [[nodiscard]] std::optional<float> WorstFrequency(const Curve& curve);
 

@@ -11,7 +11,7 @@ void AddAlarmRows(MenuBuilder& menu) {
               .caption = "Alarm Oeffnen/Schliessen",
               .run =
                   [](Desk& desk, int) {
-                      FlipAlarm(desk.program.State(), desk.program.Stores());
+                      FlipAlarm(desk.program.State().curve.limit, desk.program.Stores());
                       return Outcome::Done();
                   },
               .checked = [](const Program& program, int) { return program.State().curve.limit.AlarmOn(); }});
@@ -19,7 +19,7 @@ void AddAlarmRows(MenuBuilder& menu) {
               .caption = "Alarm Stempel Oeffnen/Schliessen",
               .run =
                   [](Desk& desk, int) {
-                      FlipStamp(desk.program.State(), desk.program.Stores());
+                      FlipStamp(desk.program.State().curve.limit, desk.program.Stores());
                       return Outcome::Done();
                   },
               .checked = [](const Program& program, int) { return program.State().curve.limit.StampOn(); }});
@@ -36,20 +36,20 @@ void AddAlarmRows(MenuBuilder& menu) {
              .caption = caption,
              .run =
                  [](Desk& desk, int n) {
-                     ChooseBeepTone(n, desk.program.State().alarm, desk.program.Stores());
+                     desk.program.State().alarm.ChooseTone(n, desk.program.Stores());
                      return Outcome::Done();
                  },
-             .checked = [](const Program& program, int n) { return program.State().alarm.g_beepTone == n; }});
+             .checked = [](const Program& program, int n) { return program.State().alarm.Tone() == n; }});
     menu.End();
     menu.Add(
         {.id = "under_limit_beep",
          .caption = "Under Limit Beep On/Off",
          .run =
              [](Desk& desk, int) {
-                 FlipUnderLimitBeep(desk.program.State().alarm, desk.program.Stores());
+                 desk.program.State().alarm.FlipUnderLimitBeep(desk.program.Stores());
                  return Outcome::Done();
              },
-         .checked = [](const Program& program, int) { return program.State().alarm.g_underBeepTone != 0; }});
+         .checked = [](const Program& program, int) { return program.State().alarm.BeepsUnderLimit(); }});
     menu.End();
 }
 

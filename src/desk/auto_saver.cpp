@@ -75,7 +75,7 @@ void AutoSaver::TagAutoSaveReport(bool mayAsk) {
     const ResultVerdict verdict = filed.document.verdict;
     if (verdict == ResultVerdict::Error)
         filed.mark = "_error";
-    else if (!session.run.Tally().IsComplete())
+    else if (!session.curve.tally.OfAll().IsComplete())
         filed.mark = "_incomplete";
     const bool asks = verdict == ResultVerdict::Failed && filed.mark.empty() && mayAsk;
     if (asks && !user.Ask("Save FAIL  file?", "Speichern DATen File")) {

@@ -15,7 +15,7 @@ void ShowWorkingSet(Session& session) {
     const ImCoefficients c = working.Coefficients();
     float imFrequency = 0;
 
-    curve.verdict.Take(VerdictNone);
+    curve.Clear();
     curve.ShowRun(0);
     readout.ClearLevel();
     switch (working.Method()) {
@@ -36,9 +36,7 @@ void ShowWorkingSet(Session& session) {
         imFrequency = ImFrequency(band, {2, 1}, plan.f1Start, plan.f2Fix);
         break;
     }
-    curve.Clear(Curve::Content::Levels);
     readout.ShowIm(imFrequency);
-    curve.Touch();
 }
 
 } // namespace qor

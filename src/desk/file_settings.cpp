@@ -80,7 +80,7 @@ void FileSettings::KeepOwn(const std::string& powerStore) {
                     working.ImIndex(),
                     working.Method(),
                     curve.limit.Level() + curve.scale.Reference(),
-                    curve.Length(),
+                    curve.OwnLength(),
                     m_Store.Read(LimitStore, LongestStore),
                     {}};
     m_Own->powerStores.try_emplace(powerStore, m_Store.Read(powerStore, LongestStore));
@@ -104,7 +104,6 @@ Outcome FileSettings::BringBackOwn() {
         PutBack(name, text);
 
     ClearPlot(m_Session);
-    curve.Clear(Curve::Content::All);
     m_Session.results.loaded.Clear();
     m_Session.readout.ClearLevel();
     RestorePathLoss(m_Session, m_Store);

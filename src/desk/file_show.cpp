@@ -46,16 +46,18 @@ Outcome FileShow::CurrentShow(const std::filesystem::path& path) {
     if (inForce && !document.limit)
         note = "Die Datei nennt keine Grenze, es gilt die eingestellte.";
     Curve& curve = m_Session.curve;
-    curve.Load(CurveOf(document));
+    LoadedCurve loaded = CurveOf(document);
+    if (!inForce && document.verdict == ResultVerdict::Failed)
+        loaded.facts.hasFailed = true; // by its own limit, which is not in force
+    curve.Load(loaded);
     curve.Update(m_Session.receiver.InstrumentListens());
     curve.SearchMaxima();
-    TakeVerdict(document, inForce);
     RefreshMarkers(m_Session.markers);
     if (document.hasHead)
         m_Session.readout.ShowTones(f1, f2);
     if (const auto worst = WorstFrequency(curve))
         m_Session.readout.ShowIm(*worst);
-    m_Session.readout.EndWith(WorstLevelDbm(curve));
+    m_Session.readout.EndWith(curve.WorstLevel());
     m_Session.results.loaded.Show(std::move(document), inForce, std::move(note));
     return Outcome::Done();
 }
@@ -72,30 +74,6 @@ void FileShow::TakeRemarks(const ResultDocument& document) {
         return;
     m_Session.results.device.EnterSerial(document.deviceSerial);
     m_Store.Write("Add_comments.ccz", WithCarriageReturns(document.comment));
-}
-
-/// The file is judged over all its rows, whatever of them the curve has room for: by its own limit, and where
-/// that is not in force by the one that is, too.
-void FileShow::TakeVerdict(ResultDocument document, bool inForce) {
-    Curve& curve = m_Session.curve;
-    ResultDocument byPanel = document;
-    byPanel.limit = curve.limit.Level() + curve.scale.Reference();
-    JudgeRows(byPanel);
-    if (!document.limit || (!inForce && DistanceFromPass(byPanel) > DistanceFromPass(document)))
-        document = byPanel;
-    switch (document.verdict) {
-    case ResultVerdict::Passed:
-        curve.verdict.Take(VerdictPassed);
-        return;
-    case ResultVerdict::Failed:
-        curve.verdict.Take(VerdictOverLimit);
-        return;
-    case ResultVerdict::Error:
-        curve.verdict.Take(static_cast<Verdict>(document.error));
-        return;
-    case ResultVerdict::None:
-        curve.verdict.Take(VerdictNone);
-    }
 }
 
 } // namespace qor

@@ -24,7 +24,6 @@ public:
 private:
     void TakeUnit(const ResultDocument& document);
     void TakeRemarks(const ResultDocument& document);
-    void TakeVerdict(ResultDocument document, bool inForce);
 
     Session& m_Session;
     SetupStore& m_Store;

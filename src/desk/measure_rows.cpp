@@ -9,20 +9,16 @@ namespace {
 Outcome SelectMethod(Desk& desk, int mode) {
     const bool spectrum = mode == ModeSpectrum && desk.program.State().working.Method() != ModeSpectrum;
     Outcome outcome = desk.program.Select().SelectMethod(mode);
-    if (outcome && spectrum)
-        desk.program.OnMeasButton(); // the spectrum is shown at once
-    return outcome;
+    return outcome && spectrum ? desk.program.PressStart() : outcome; // the spectrum is shown at once
 }
 
 } // namespace
 
 void AddMeasureRows(MenuBuilder& menu) {
     menu.Menu("Messung(&M)");
-    menu.Add(
-        {.id = "start_stop", .caption = "Start/Stop Measurement(&M)\tCtrl+M", .run = [](Desk& desk, int) {
-             desk.program.OnMeasButton();
-             return Outcome::Done();
-         }});
+    menu.Add({.id = "start_stop",
+              .caption = "Start/Stop Measurement(&M)\tCtrl+M",
+              .run = [](Desk& desk, int) { return desk.program.PressStart(); }});
     menu.Line();
     CommandRow order{
         .id = "order",

@@ -67,7 +67,7 @@ std::string NextText(const Session& session) {
                                             : " SPECTRUM ";
     text += dBm(working.Power1()) + " / " + dBm(working.Power2()) + " dBm";
     if (working.Method() == ModeTwoTone)
-        text += " " + std::to_string(session.curve.Length() / 1000) + " s";
+        text += " " + std::to_string(session.curve.OwnLength() / 1000) + " s";
     return text;
 }
 
@@ -113,6 +113,7 @@ Panel PanelOf(const Session& session) {
         panel.m_lossInfo = LossText(session.working);
     panel.receiver = ReceiverText(session.receiver);
     panel.receiverMissing = !session.receiver.InstrumentListens() && !session.receiver.IsThere();
+    panel.overLimit = IsOverLimit(curve, session.readout);
     panel.unit = curve.scale.InDbc() ? "dBc" : "dBm";
     if (const ResultDocument* const file = ShownFile(session)) {
         panel.m_FileText = file->source;

@@ -32,6 +32,7 @@ struct Panel {
     std::string receiver;
     bool receiverMissing = false;
     std::string unit;
+    bool overLimit = false; ///< the level read last: its box is red
     // Of a file that is shown; empty without one.
     std::string m_FileText; ///< its name
     std::string m_NextText; ///< what the next start measures: "EGSM IM3 2-TON 43.0 / 43.0 dBm 5 s"

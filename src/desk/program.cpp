@@ -56,8 +56,8 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_CallTimer(m_Platform.timers, AfterCallTimer, [this] { AfterCall(); }) {
     WindowTimers& timers = m_Platform.timers;
     timers.OnTick(MarkerTimer, [this] { m_Markers.OnMarkerTimer(); });
-    for (const int timer : {SlowBeepTimer, FastBeepTimer, UnderBeepTimer})
-        timers.OnTick(timer, [this, timer] { OnBeepTimer(timer, m_Session.alarm, m_Platform); });
+    for (const int timer : BeepTimers)
+        timers.OnTick(timer, [this, timer] { m_Session.alarm.OnTimer(timer, m_Platform); });
     m_Platform.comm.SetHandler([this] { m_Channel.OnComm(); });
     if (m_Platform.visa)
         m_Platform.visa->SetWhileWaiting([this] { WhileCallWaits(); });
@@ -66,7 +66,8 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
 }
 
 Program::~Program() {
-    for (const int timer : {int{MarkerTimer}, int{SlowBeepTimer}, int{FastBeepTimer}, int{UnderBeepTimer}})
+    m_Platform.timers.OnTick(MarkerTimer, {});
+    for (const int timer : BeepTimers)
         m_Platform.timers.OnTick(timer, {});
     m_Platform.comm.SetHandler({});
     if (m_Platform.visa)
@@ -116,18 +117,19 @@ void Program::SearchNow() {
     m_Connection.OnSearchTimer();
 }
 
-void Program::OnMeasButton() {
+Outcome Program::PressStart() {
     if (m_InCall) {
         if (m_Session.run.IsOn())
             GiveCallUp();
-        return;
+        return Outcome::Refused({});
     }
-    if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn())
-        return m_AutoSaver.StartAfterwards();
+    if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn()) {
+        m_AutoSaver.StartAfterwards();
+        return Outcome::Done();
+    }
     if (Outcome free = NothingIsSaved(*this); !free)
-        return Tell(free);
-    if (MayWriteSeries())
-        m_StartButton.Press();
+        return free;
+    return MayWriteSeries() ? m_StartButton.Press() : Outcome::Refused({});
 }
 
 bool Program::LineIsIdle() const {
@@ -140,8 +142,8 @@ bool Program::IsReady() const {
 }
 
 void Program::ErrorReply(InstrumentError error) {
-    static constexpr Verdict Verdicts[] = {VerdictSyntaxError, VerdictOutOfRange, VerdictPllNotLocked};
-    m_Session.curve.verdict.Take(Verdicts[static_cast<std::size_t>(error)]);
+    constexpr int First = 2; // of the numbers under which they are known
+    m_Session.curve.tally.NoteError(First + static_cast<int>(error));
 }
 
 void Program::ReplyTime(int ms) {
@@ -161,7 +163,7 @@ void Program::Initialised() {
     // The grid of the band stays, the empty plot has its axis from it; and so does a run cut short by a lost
     // line.
     if (!m_Session.curve.HoldsPoints())
-        m_Session.curve.verdict.Take(VerdictNone);
+        m_Session.curve.Clear();
     m_Measurement.InstrumentIsReady();
 }
 
@@ -179,7 +181,7 @@ void Program::RunBegins() {
 }
 
 void Program::RunIsOver() {
-    StopBeeper(m_Platform);
+    AlarmState::End(m_Platform);
     if (std::exchange(m_RunHasBegun, false))
         m_AutoSaver.RunHasEnded();
     m_ReceiverDesk.RunIsOver();

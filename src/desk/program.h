@@ -51,9 +51,12 @@ public:
     /// Lets queued commands out over a port that was opened by hand.
     void StartLine() { m_Channel.Start(); }
 
-    /// The start button.
-    void OnMeasButton();
+    /// The start button, for the operator, and for whoever tells the outcome himself.
+    void OnMeasButton() { Tell(PressStart()); }
+    Outcome PressStart();
     void StopMeas() { m_Measurement.Stop(); }
+    /// Ends a run that nobody stopped: it has no verdict but a level over the limit.
+    void CutRunShort() { m_Measurement.Abandon(); }
     /// A run that was asked for and has not begun does not begin any more.
     void DropStart() { m_Measurement.DropStart(); }
     /// What ends the application once the program has ended in order.
@@ -121,8 +124,8 @@ private:
     void AbandonRun() override { m_Measurement.Abandon(); }
     void RunBegins() override;
     bool SaveNumbered() override;
-    void RunIsAskedFor() override { StartBeeper(m_Session, m_Platform); }
-    void LevelIsShown() override { LevelShown(m_Session); }
+    void RunIsAskedFor() override { m_Session.alarm.Begin(m_Platform); }
+    void LevelIsShown() override { m_Session.alarm.LevelShown(m_Session.curve, m_Session.readout); }
     void RunIsOver() override;
 
     Platform m_Platform;

@@ -33,7 +33,6 @@ Outcome Selection::SelectBand(int band) {
     }
     if (Outcome carries = m_Instrument.Carries(band); !carries)
         return carries;
-    m_Session.curve.verdict.Take(VerdictNone);
     ClearPlot(m_Session);
     return m_Instrument.SelectBand(band);
 }

@@ -7,48 +7,46 @@
 #include "platform/operator.h"
 #include "platform/platform.h"
 
+#include <utility>
+
 namespace qor {
 
-void StartButton::Press() {
+Outcome StartButton::Press() {
     m_Session.results.device.ForgetSerialUnlessKept();
     if (m_Session.run.IsOn()) {
         m_Measurement.Stop();
-        return;
+        return Outcome::Done();
     }
     m_Session.results.list.Clear();
-    const StartAnswer answer = m_Measurement.Start();
+    StartAnswer answer = m_Measurement.Start();
     switch (answer.needs) {
-    case StartAnswer::Needs::Nothing:
-        if (!answer.outcome)
-            m_Platform.user.Failure(answer.outcome.Text());
-        return;
     case StartAnswer::Needs::Connection:
-        Connect();
-        return;
+        return Connect();
     case StartAnswer::Needs::InterBandPlan:
-        AskForInterBand();
-        return;
+        return AskForInterBand();
+    default:
+        return std::move(answer.outcome);
     }
 }
 
-void StartButton::Connect() {
+Outcome StartButton::Connect() {
     if (m_Platform.user.Ask("The device is disconnect. Connect it now?", "Oeffnen port erst!") &&
-        m_Connection.ConnectDev())
+        m_Connection.ConnectDev()) {
         m_Measurement.StartOnceConnected();
-    else
-        m_Measurement.GiveUpStart();
+        return Outcome::Done();
+    }
+    m_Measurement.GiveUpStart();
+    return Outcome::Refused({});
 }
 
 /// The frequencies were set for another carrier band: the operator sets them anew, or switches the mode off,
 /// and the start button acts once more. Left as they are, there is no start.
-void StartButton::AskForInterBand() {
-    if (!m_Platform.dialogs || !m_Platform.dialogs->Open("inter_band")) {
-        m_Platform.user.Failure("Falsch, dichtesortierung.");
-        return;
-    }
+Outcome StartButton::AskForInterBand() {
+    if (!m_Platform.dialogs || !m_Platform.dialogs->Open("inter_band"))
+        return Outcome::Refused("Falsch, dichtesortierung.");
     const InterBandMode& mode = m_Session.interBand;
-    if (!mode.IsOn() || InterBandFits(mode.Plan(), m_Session.working.Band()))
-        Press();
+    const bool fits = !mode.IsOn() || InterBandFits(mode.Plan(), m_Session.working.Band());
+    return fits ? Press() : Outcome::Refused({});
 }
 
 } // namespace qor

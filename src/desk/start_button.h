@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/outcome.h"
+
 namespace qor {
 
 class Connection;
@@ -14,12 +16,13 @@ public:
     StartButton(Session& session, const Platform& platform, Measurement& measurement, Connection& connection)
         : m_Session(session), m_Platform(platform), m_Measurement(measurement), m_Connection(connection) {}
 
-    /// Starts, or stops the run that is on.
-    void Press();
+    /// Starts, or stops the run that is on. Refused without words where the operator did not want what the
+    /// start needs.
+    Outcome Press();
 
 private:
-    void Connect();
-    void AskForInterBand();
+    Outcome Connect();
+    Outcome AskForInterBand();
 
     Session& m_Session;
     const Platform& m_Platform;

@@ -99,7 +99,7 @@ void LoadStores(Session& session, SetupStore& store) {
     session.working.SetRxLosses(table.losses);
     store.Found("loss.conf", losses.empty() || !table.IsDamaged());
     LoadAlarm(curve, store);
-    session.alarm = LoadAlarmTones(store);
+    session.alarm.Load(store);
     session.appearance = Appearance(store);
 }
 

@@ -22,7 +22,6 @@ Outcome ClearDisplay(Desk& desk, int) {
         return off;
     ClearPlot(session);
     RestorePathLoss(session, desk.program.Stores());
-    session.curve.Clear(Curve::Content::All);
     session.readout.ClearLevel();
     session.results.loaded.Clear();
     return Outcome::Done();
@@ -97,11 +96,11 @@ void AddRunRows(MenuBuilder& menu) {
                  [](Desk& desk, int n) {
                      if (Outcome off = RunIsOff(desk.program.State()); !off)
                          return off;
-                     static_cast<void>(ShowRun(n, desk.program.State()));
+                     ShowRun(n, desk.program.State().curve);
                      return Outcome::Done();
                  },
              .checked = [](const Program& program, int n) { return program.State().curve.ShownRun() == n; },
-             .enabled = [](const Program& program, int n) { return CanShowRun(program.State(), n); }});
+             .enabled = [](const Program& program, int n) { return CanShowRun(program.State().curve, n); }});
     menu.Add({.id = "run_number",
               .caption = "Bilden...",
               .guards = {.run = true},

@@ -73,8 +73,13 @@ bool Measurement::ReceiverAnswered() {
 }
 
 void Measurement::RepeatPass() {
-    m_Rooms.run.CountPass(m_Shape->Tally());
+    CountPass();
     m_Shape->Repeat();
+}
+
+void Measurement::CountPass() {
+    m_Rooms.run.CountPass();
+    m_Rooms.curve.tally.Count(m_Shape->Tally());
 }
 
 /// A continuous measurement goes on: over the points in the plot, or, saved, from an empty one. The last one
@@ -85,7 +90,7 @@ void Measurement::BeginFurtherPass() {
         RepeatPass();
         return;
     }
-    run.CountPass(m_Shape->Tally());
+    CountPass();
     run.GoOn();
     if (!m_Events.SaveNumbered())
         EndRun();
@@ -120,7 +125,7 @@ void Measurement::OnIntervalTimer() {
 }
 
 void Measurement::NextSweep() {
-    m_Rooms.run.CountPass(m_Shape->Tally());
+    CountPass();
     m_Rooms.run.GoOn();
     m_Rooms.curve.EndRun();
     BeginFurtherRun();
@@ -137,11 +142,11 @@ void Measurement::BeginFurtherRun() {
 void Measurement::EndRun() {
     const RunSettings& settings = m_Rooms.settings;
     if (!settings.IsContinuous() || settings.ReplacesData())
-        m_Rooms.run.CountPass(m_Shape->Tally()); // its numbered file has counted it otherwise
+        CountPass(); // its numbered file has counted it otherwise
     m_Shape->Finish();
-    m_Rooms.run.EndByItself();
-    Judge();
-    m_Rooms.readout.EndWith(WorstLevelDbm(m_Rooms.curve));
+    m_Rooms.run.End();
+    m_Rooms.curve.tally.EndByItself();
+    m_Rooms.readout.EndWith(m_Rooms.curve.WorstLevel());
     GoIdle();
 }
 
@@ -156,28 +161,12 @@ void Measurement::EndWithin(RunEnd how) {
     m_Rooms.link.queue.Clear();
     m_IntervalTimer.Stop();
     m_Rooms.run.ResetPause(m_Rooms.settings);
-    m_Rooms.run.EndWithin(how, m_Shape->Tally(), m_Shape == &m_Sweep ? runsLeft : 0, repeats);
+    m_Rooms.run.End();
+    m_Rooms.curve.tally.EndWithin(how, m_Shape->Tally(), m_Shape == &m_Sweep ? runsLeft : 0, repeats);
     m_Shape->Stop();
-    Judge();
-    m_Rooms.readout.FreezeAt(WorstLevelDbm(m_Rooms.curve));
-    GoIdle();
-}
-
-/// The verdict of a run that has ended, from what has come of it.
-void Measurement::Judge() {
     FollowPoints();
-    const RunTally& tally = m_Rooms.run.Tally();
-    Curve& curve = m_Rooms.curve;
-    if (CannotJudge(m_Rooms.run.Record())) {
-        if (!curve.verdict.IsError())
-            curve.verdict.Take(VerdictNone);
-        return;
-    }
-    const bool over = curve.limit.AlarmOn() && tally.Highest() && curve.ExceedsLimit(*tally.Highest());
-    curve.verdict.Settle({.holdsPoint = tally.Taken() > 0,
-                          .isComplete = tally.IsComplete(),
-                          .wasStopped = tally.End() == RunEnd::Stopped,
-                          .overLimit = over});
+    m_Rooms.readout.FreezeAt(m_Rooms.curve.WorstLevel());
+    GoIdle();
 }
 
 /// The same after every way a run ends: its worst point is shown, the idle link is watched.

@@ -119,12 +119,11 @@ private:
     void BeginFurtherRun();
     void EndRun();
     void EndWithin(RunEnd how);
-    void Judge();
+    void CountPass();
     void GoIdle();
 
     StartSituation Situation() const override;
     void FollowCurve() override;
-    void LevelTaken(float dBm) override { m_Rooms.run.Take(dBm); }
     void LevelShown() override { m_Events.LevelIsShown(); }
     bool ReceiverAnswered() override;
     void PassIsOver() override;

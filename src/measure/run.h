@@ -1,7 +1,6 @@
 #pragma once
 
 #include "measure/run_record.h"
-#include "measure/run_tally.h"
 
 #include <utility>
 
@@ -73,31 +72,14 @@ public:
         g_StartFail = StartDone;
     }
     void DropWait() { m_Wait = Wait::None; }
-    /// The first run of the press begins, and what came of the one before is forgotten.
-    void Forget() { m_Tally = {}; }
     void Begin(RunRecord record) {
         m_Record = std::move(record);
         m_Wait = Wait::None;
         g_StartFail = StartDone;
         m_On = true;
     }
-    void EndByItself() {
-        m_On = false;
-        m_Tally.EndByItself();
-    }
-    void EndWithin(RunEnd how, const PassTally& pass, int runsLeft, bool repeats) {
-        m_On = false;
-        m_Tally.EndWithin(how, pass, runsLeft, repeats);
-    }
-
-    /// What has come since the press; of a run that is over, the facts that its verdict rests on.
-    [[nodiscard]] const RunTally& Tally() const { return m_Tally; }
-
-    void Take(float dBm) { m_Tally.Take(dBm); }
-    void CountPass(const PassTally& pass) {
-        ++m_Passes;
-        m_Tally.Count(pass);
-    }
+    void End() { m_On = false; }
+    void CountPass() { ++m_Passes; }
     /// A further run of the same press begins.
     void GoOn() { g_FirstRun = false; }
     /// Counts a further pass of a continuous measurement; false when it has had all of them.
@@ -130,7 +112,6 @@ private:
     int g_SweepIntervalLeft = 0;    ///< s
     bool g_bSweepIntervalOk = true; ///< no pause is in progress
     RunRecord m_Record;
-    RunTally m_Tally;
 };
 
 } // namespace qor

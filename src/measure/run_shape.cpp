@@ -1,6 +1,5 @@
 #include "measure/run_shape.h"
 
-#include "base/text_format.h"
 #include "curve/curve.h"
 #include "curve/readout.h"
 #include "link/link_state.h"
@@ -18,13 +17,13 @@ void RunShape::Queue(const StartCommands& commands) {
 
 float RunShape::Corrected(const Reading& reading) const {
     const RunRecord& record = m_Parts.run.Record();
-    return reading.Dbm() + record.rxLoss + record.bandRxLoss;
+    return AsPoint(reading.Dbm() + record.rxLoss + record.bandRxLoss);
 }
 
 void RunShape::Show(float dBm) {
     if (!m_Parts.readout.ShowLevel(dBm))
         return; // too late: the run has been stopped
-    m_Parts.curve.NoteShown(Fixed(dBm - m_Parts.curve.scale.Reference(), 1));
+    m_Parts.curve.NoteShown(dBm);
     m_Parts.host.LevelShown();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/reading.h"
-#include "measure/run_tally.h"
+#include "curve/run_tally.h"
 #include "measure/start_commands.h"
 
 namespace qor {
@@ -26,8 +26,6 @@ public:
     [[nodiscard]] virtual StartSituation Situation() const = 0;
     /// The first levels come: what is drawn follows them from now on.
     virtual void FollowCurve() = 0;
-    /// A level has become a point of the curve, dBm.
-    virtual void LevelTaken(float dBm) = 0;
     /// A level is shown.
     virtual void LevelShown() = 0;
     /// An external receiver was asked; false when the run is over by that.
@@ -80,7 +78,7 @@ public:
 protected:
     /// Queues what a start has put together; nothing that waits belongs to a step any more.
     void Queue(const StartCommands& commands);
-    /// A reading as it is kept and shown, dBm with both corrections of the run.
+    /// A reading as it is kept and shown, dBm with both corrections of the run; never 0, which is no level.
     [[nodiscard]] float Corrected(const Reading& reading) const;
     void Show(float dBm);
 

@@ -120,6 +120,7 @@ StartAnswer Measurement::BeginRun() {
         m_Events.Tell(
             Outcome::DoneWith("Der Leistungssensor hoert nichts unter -73 dBm: Bei diesem Grenzwert hat "
                               "die Messung kein Ergebnis."));
+    m_Rooms.curve.tally.SetFloor(record.receiverFloor);
     m_Shape = ShapeOf(record.method);
     m_Rooms.run.Begin(std::move(record));
     m_Channel.ExpectLevels(true);
@@ -136,9 +137,7 @@ bool Measurement::CannotJudge(const RunRecord& record) const {
 /// The one place that clears a curve for a run.
 void Measurement::ClearForPress() {
     m_Events.RunBegins();
-    m_Rooms.run.Forget();
-    m_Rooms.curve.Clear(Curve::Content::Runs);
-    m_Rooms.curve.verdict.Take(VerdictNone);
+    m_Rooms.curve.Clear();
     m_Rooms.curve.ShowRun(0);
     m_Rooms.readout.ClearLevel();
     if (m_Rooms.settings.IsContinuous())

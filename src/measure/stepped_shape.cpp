@@ -123,7 +123,7 @@ void SteppedShape::StopStepping() {
 void SteppedShape::Reply(const Reading& reading, int tag, float product) {
     if (tag == TagLevelUp || tag == TagLevelDown) {
         // Behind an error reply no level counts any more.
-        if (!reading.IsLevel() && m_Retries < MostRetries && !m_Parts.curve.verdict.IsError()) {
+        if (!reading.IsLevel() && m_Retries < MostRetries && !m_Parts.curve.tally.HasError()) {
             ++m_Retries;
             m_Parts.sources.Current().AskAgain(m_Parts.link.queue, tag, product);
             return;
@@ -168,10 +168,8 @@ void SteppedShape::Store(const Reading& reading, float product, bool down) {
     if (at >= 0 && reading.IsLevel()) {
         const auto place = static_cast<std::size_t>(at);
         const bool intoDown = IntoDown(down);
-        const float level = Corrected(reading);
-        m_Parts.curve.Put(place, level, intoDown ? CurveSide::Down : CurveSide::Up);
+        m_Parts.curve.Put(place, Corrected(reading), intoDown ? CurveSide::Down : CurveSide::Up);
         m_Taken.set(place + (intoDown ? CurvePoints : 0));
-        m_Parts.host.LevelTaken(level);
     }
     StepTones(down);
 }

@@ -61,7 +61,7 @@ PassTally TwoTone::Tally() const {
 bool TwoTone::TimeIsUp() const {
     const Curve& curve = m_Parts.curve;
     const int points = Points();
-    if (curve.verdict.IsError())
+    if (curve.tally.HasError())
         return m_Ticks > points;
     const bool overTheLine = m_Parts.sources.Current().AnswersOverTheLine();
     const int most = curve.NextPoint() == 0 || !overTheLine ? points : points + points / 2;
@@ -97,10 +97,8 @@ void TwoTone::Reply(const Reading& reading, int tag, float) {
         return;
     }
     const float level = Corrected(reading);
-    if (tag == TagLevel) { // the first one of a pass only primes the receiver
+    if (tag == TagLevel) // the first one of a pass only primes the receiver
         m_Parts.curve.Add(level);
-        m_Parts.host.LevelTaken(level);
-    }
     m_Parts.curve.Touch();
     Show(level);
 }

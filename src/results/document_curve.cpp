@@ -6,6 +6,8 @@ namespace qor {
 
 namespace {
 
+constexpr int UnknownError = 1;
+
 void PlaceSweep(const ResultRun& run, LoadedCurve& curve) {
     curve.grid.resize(CurvePoints);
     std::size_t length = 0;
@@ -31,11 +33,35 @@ void PlaceSweep(const ResultRun& run, LoadedCurve& curve) {
 
 } // namespace
 
+RunFacts RunFactsOf(const ResultDocument& document) {
+    RunFacts facts;
+    facts.asked = static_cast<int>(document.pointsAsked);
+    facts.taken = static_cast<int>(document.pointsTaken);
+    if (document.verdict == ResultVerdict::Error)
+        facts.error = document.error != 0 ? document.error : UnknownError;
+    for (const auto* points : {&document.runs.back().up, &document.runs.back().down})
+        for (const ResultPoint& point : *points)
+            if (point.HasLevel())
+                facts.highest = std::max(facts.highest.value_or(point.level), point.level);
+    const bool over =
+        facts.highest && document.limit && IsAboveLimit(*facts.highest, static_cast<double>(*document.limit));
+    facts.hasFailed = document.marked && document.verdict == ResultVerdict::Failed && !over;
+    const bool isWhole = document.pointsTaken >= document.pointsAsked;
+    if (document.marked && document.verdict == ResultVerdict::None)
+        facts.end = RunEnd::CutShort; // it knows why
+    else if (isWhole)
+        facts.end = RunEnd::ByItself;
+    else
+        facts.end = document.verdict == ResultVerdict::Passed ? RunEnd::Stopped : RunEnd::CutShort;
+    return facts;
+}
+
 LoadedCurve CurveOf(const ResultDocument& document) {
     LoadedCurve curve;
     curve.name = document.source;
     if (!document.genuine)
         curve.name += " " + std::string(NotFromData);
+    curve.facts = RunFactsOf(document);
     curve.twoTone = document.method == ResultMethod::TwoTone;
     const ResultRun& run = document.runs.back();
     if (!curve.twoTone) {

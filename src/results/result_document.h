@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bands/band.h"
+#include "curve/verdict.h"
 
 #include <cstddef>
 #include <optional>
@@ -12,8 +13,7 @@ namespace qor {
 
 enum class ResultMethod { TwoTone, Sweep, Spectrum };
 
-/// What a result is worth. None: it was not judged, or it is not complete.
-enum class ResultVerdict { None, Passed, Failed, Error };
+using ResultVerdict = Verdict;
 
 /// A level at its place.
 struct ResultPoint {

@@ -94,14 +94,6 @@ std::vector<ResultRun> RunsOf(const Curve& curve) {
     return runs;
 }
 
-ResultVerdict VerdictOf(int verdict) {
-    if (IsInstrumentError(verdict))
-        return ResultVerdict::Error;
-    return verdict == VerdictNone     ? ResultVerdict::None
-           : verdict == VerdictPassed ? ResultVerdict::Passed
-                                      : ResultVerdict::Failed;
-}
-
 } // namespace
 
 Outcome ResultFiles::DataSave(const std::filesystem::path& path) {
@@ -169,9 +161,11 @@ void ResultFiles::TakeCurve(ResultDocument& document) const {
         document.msPerPoint = curve.TimePerPoint();
         document.lengthMs = curve.Length();
     }
-    document.pointsTaken = document.pointsAsked = PointsOf(document);
-    document.verdict = VerdictOf(curve.verdict.Value());
-    document.error = curve.verdict.IsError() ? curve.verdict.Value() : 0;
+    const RunFacts facts = curve.LastRunFacts();
+    document.pointsTaken = static_cast<std::size_t>(facts.taken);
+    document.pointsAsked = static_cast<std::size_t>(facts.asked);
+    document.verdict = Judge(facts);
+    document.error = facts.error;
 }
 
 /// The oldest files hold levels alone: saved again, they take the set-up of today, but no instrument. Band

@@ -9,6 +9,8 @@
 #include "support/rig.h"
 
 #include <gtest/gtest.h>
+#include <optional>
+#include <utility>
 
 namespace qor::test {
 namespace {
@@ -23,7 +25,7 @@ public:
 };
 
 struct AlarmDesk : Rig {
-    bool Enter(std::string_view text) { return EnterLimit(text, S(), program.Parts(), program.Stores()); }
+    bool Enter(std::string_view text) { return Done(EnterLimit(text, S().curve, program.Stores())); }
 };
 
 TEST(Alarm, ALimitIsTakenFromZeroToMinus200AndKeptInDbm) {
@@ -59,38 +61,46 @@ TEST(Alarm, ALimitIsTakenFromZeroToMinus200AndKeptInDbm) {
     }
 }
 
-TEST(Alarm, AChangeOfLimitOrAlarmJudgesAllRunsInViewAnew) {
+TEST(Alarm, AChangeOfLimitAlarmUnitOrViewIsJudgedAtOnce) {
     AlarmDesk desk;
     Curve& curve = desk.S().curve;
     MakeSweep(curve);
     curve.SetRuns(2);
+    curve.BeginSweep();
     curve.Put(4, -95.0f, CurveSide::Down);
-    curve.Update(true);
-    curve.Put(4, -105.0f, CurveSide::Down);
+    curve.Put(4, -96.0f, CurveSide::Down); // what a later pass covers stays known
+    curve.tally.Count({1, 1});
     curve.EndRun();
-    curve.Update(true);
-    curve.verdict.Settle({.holdsPoint = true, .isComplete = true});
+    curve.BeginSweep();
+    curve.Put(4, -105.0f, CurveSide::Down);
+    curve.tally.Count({1, 1});
+    curve.tally.EndByItself();
     const auto after = [&](std::string_view limit) {
         EXPECT_TRUE(desk.Enter(limit));
-        return curve.verdict.Value();
+        return curve.ShownVerdict();
     };
-    EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
-    EXPECT_EQ(after("-100"), VerdictOverLimit) << "the first of the two runs is over it";
-    EXPECT_TRUE(ShowRun(2, desk.S()));
-    EXPECT_EQ(curve.verdict.Value(), VerdictPassed) << "the second alone";
-    EXPECT_TRUE(ShowRun(2, desk.S()));
-    EXPECT_EQ(curve.verdict.Value(), VerdictOverLimit) << "both again";
-    FlipAlarm(desk.S(), desk.program.Stores());
-    EXPECT_EQ(after("-110"), VerdictPassed) << "nothing is judged while the alarm is off";
-    FlipAlarm(desk.S(), desk.program.Stores());
-    EXPECT_EQ(curve.verdict.Value(), VerdictOverLimit);
-    EXPECT_EQ(after("-90"), VerdictPassed);
-    for (const Verdict kept : {VerdictNone, VerdictSyntaxError, VerdictOutOfRange, VerdictPllNotLocked}) {
-        curve.verdict.Take(kept);
-        EXPECT_EQ(after("-91"), kept);
-        EXPECT_TRUE(ShowRun(1, desk.S()));
-        EXPECT_EQ(curve.verdict.Value(), kept);
-    }
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
+    EXPECT_EQ(after("-95.5"), Verdict::Failed) << "the first of the two runs was over it";
+    ConvertLevelUnit(true, desk.S());
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Failed);
+    ConvertLevelUnit(false, desk.S());
+    EXPECT_TRUE(ShowRun(2, curve));
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed) << "the second alone";
+    EXPECT_TRUE(ShowRun(2, curve));
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Failed) << "both again";
+    FlipStamp(curve.limit, desk.program.Stores());
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Failed) << "the stamp judges nothing";
+    FlipAlarm(curve.limit, desk.program.Stores());
+    EXPECT_EQ(after("-90"), Verdict::None) << "nothing is judged while the alarm is off";
+    EXPECT_EQ(after("-110"), Verdict::None);
+    FlipAlarm(curve.limit, desk.program.Stores());
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Failed);
+    EXPECT_EQ(after("-90"), Verdict::Passed);
+    curve.tally.NoteError(3);
+    for (const char* limit : {"-110", "-90"})
+        EXPECT_EQ(after(limit), Verdict::Error) << limit;
+    EXPECT_TRUE(ShowRun(1, curve));
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Error);
 }
 
 TEST(Alarm, SwitchesAndTonesAreKept) {
@@ -99,54 +109,66 @@ TEST(Alarm, SwitchesAndTonesAreKept) {
     const auto flags = [&desk] {
         return desk.Stored("tagWarningOn.ccz") + desk.Stored("tagWarningStampOn.ccz");
     };
-    FlipAlarm(desk.S(), store);
+    Limit& limit = desk.S().curve.limit;
+    FlipAlarm(limit, store);
     EXPECT_EQ(flags(), "11") << "the stamp goes with the alarm";
-    FlipAlarm(desk.S(), store);
+    FlipAlarm(limit, store);
     EXPECT_EQ(flags(), "01") << "and does not come back with it";
-    FlipAlarm(desk.S(), store);
-    FlipStamp(desk.S(), store);
+    FlipAlarm(limit, store);
+    FlipStamp(limit, store);
     EXPECT_EQ(flags(), "00") << "the stamp brings the alarm";
-    FlipStamp(desk.S(), store);
+    FlipStamp(limit, store);
     EXPECT_EQ(flags(), "01");
-    ChooseBeepTone(500, desk.S().alarm, store);
-    FlipUnderLimitBeep(desk.S().alarm, store);
+    desk.S().alarm.ChooseTone(500, store);
+    desk.S().alarm.FlipUnderLimitBeep(store);
     EXPECT_EQ(desk.Stored("BeepVolume.ccz") + desk.Stored("UnderBeepVolume.ccz"), "05001900");
 
     Session again;
     LoadStores(again, store);
     EXPECT_EQ(!again.curve.limit.AlarmOn(), 0);
     EXPECT_EQ(!again.curve.limit.StampOn(), 1);
-    EXPECT_EQ(again.alarm.g_beepTone, 500);
-    EXPECT_EQ(again.alarm.g_underBeepTone, 1900);
+    EXPECT_EQ(again.alarm.Tone(), 500);
+    EXPECT_TRUE(again.alarm.BeepsUnderLimit());
     store.Write("BeepVolume.ccz", "9999");
-    EXPECT_EQ(LoadAlarmTones(store).g_beepTone, 0) << "no tone of the beeper";
+    again.alarm.Load(store);
+    EXPECT_EQ(again.alarm.Tone(), 0) << "no tone of the beeper";
 }
 
 TEST(Beeper, TheLevelShownDecidesWhichBeepGoesOn) {
     struct Case {
-        float level; ///< 0: none is shown
+        std::optional<float> level;
         float limit;
         int alarmOff;
         bool red;
-        char beep; ///< s slow, f fast, u under the limit
+        int beep; ///< the timer that sounds
     };
+    constexpr int u = UnderBeepTimer;
+    constexpr int s = SlowBeepTimer;
+    constexpr int f = FastBeepTimer;
+    NotedSpeaker speaker;
+    Rig rig({}, nullptr, nullptr, nullptr, nullptr, &speaker);
     // What is shown decides: -89.86 reads -89.9 and -80.04 reads -80.0.
-    for (const Case& c : {Case{-89.86f, -90.0f, 0, false, 'u'}, Case{-89.8f, -90.0f, 0, true, 's'},
-                          Case{-0.3f, -0.4f, 0, false, 'u'}, Case{-80.1f, -90.0f, 0, true, 's'},
-                          Case{-80.04f, -90.0f, 0, true, 'f'}, Case{-50.0f, -90.0f, 1, false, 'u'},
-                          Case{-100.0f, -90.0f, 0, false, 'u'}, Case{0.0f, -90.0f, 0, false, 'u'}}) {
-        SCOPED_TRACE(std::to_string(c.level) + " " + std::to_string(c.limit));
+    for (const Case& c :
+         {Case{-89.86f, -90.0f, 0, false, u}, Case{-89.8f, -90.0f, 0, true, s},
+          Case{-0.3f, -0.4f, 0, false, u}, Case{-80.1f, -90.0f, 0, true, s},
+          Case{-80.04f, -90.0f, 0, true, f}, Case{-50.0f, -90.0f, 1, false, u},
+          Case{-100.0f, -90.0f, 0, false, u}, Case{std::nullopt, -90.0f, 0, false, u},
+          Case{5.0f, -90.0f, 0, true, f}, Case{0.01f, -0.2f, 0, true, s}, Case{-0.5f, -90.0f, 0, true, f}}) {
+        SCOPED_TRACE(std::to_string(c.level.value_or(-999)) + " " + std::to_string(c.limit));
         Session session;
-        if (c.level != 0) {
-            EXPECT_TRUE(session.readout.ShowLevel(c.level));
-        }
+        session.alarm.ChooseTone(500, rig.Store());
+        session.alarm.FlipUnderLimitBeep(rig.Store());
+        session.readout.EndWith(c.level);
         session.curve.limit.Take(c.limit);
         session.curve.limit.SetAlarm(!c.alarmOff);
-        LevelShown(session);
-        EXPECT_EQ(IsOverLimit(session), c.red);
-        EXPECT_EQ(session.alarm.g_beepCountSlow, c.beep == 's' ? 0 : 3);
-        EXPECT_EQ(session.alarm.g_beepCountFast, c.beep == 'f' ? 0 : 7);
-        EXPECT_EQ(session.alarm.g_beepCountUnder, c.beep == 'u' ? 0 : 1);
+        session.alarm.LevelShown(session.curve, session.readout);
+        EXPECT_EQ(IsOverLimit(session.curve, session.readout), c.red);
+        for (int tick = 0; tick < 10; ++tick) {
+            for (const int timer : BeepTimers)
+                session.alarm.OnTimer(timer, rig.Parts());
+        }
+        const std::size_t times = c.beep == s ? 3 : c.beep == f ? 7 : 1; // and then no more
+        EXPECT_EQ(std::exchange(speaker.tones, {}), std::vector<int>(times, c.beep == u ? 1900 : 500));
     }
 }
 
@@ -156,9 +178,9 @@ TEST(Beeper, SoundsWhileLevelsComeAndFallsSilentWithTheRun) {
         Rig rig({}, nullptr, nullptr, nullptr, nullptr, &speaker);
         ASSERT_TRUE(rig.PowerOn());
         ASSERT_TRUE(rig.SelectBand(BandEgsm));
-        ChooseBeepTone(2200, rig.S().alarm, rig.program.Stores());
-        FlipUnderLimitBeep(rig.S().alarm, rig.program.Stores());
-        ASSERT_TRUE(EnterLimit(std::to_string(limit), rig.S(), rig.program.Parts(), rig.program.Stores()));
+        rig.S().alarm.ChooseTone(2200, rig.Store());
+        rig.S().alarm.FlipUnderLimitBeep(rig.Store());
+        ASSERT_TRUE(EnterLimit(std::to_string(limit), rig.S().curve, rig.Store()));
         rig.time.RunFor(3000);
         EXPECT_TRUE(speaker.tones.empty()) << "no run, no beep";
         ASSERT_TRUE(rig.Measure());

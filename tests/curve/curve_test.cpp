@@ -1,6 +1,7 @@
 #include "bands/catalogue.h"
 #include "curve/curve.h"
 #include "curve/plot_geometry.h"
+#include "curve/readout.h"
 #include "support/curves.h"
 
 #include <cstdio>
@@ -35,45 +36,27 @@ TEST(CurveVerdict, ALevelMayStandAHundredthAboveTheLimit) {
                 curve->scale.SetCarrier(Decimal(carrier));
                 curve->limit.Take(Decimal(limit - carrier));
                 curve->Put(7, Decimal(limit + above));
-                curve->Update(true);
-                EXPECT_EQ(curve->verdict.Value(), above > 1 ? VerdictOverLimit : VerdictNone)
+                test::Complete(*curve);
+                EXPECT_EQ(curve->ShownVerdict(), above > 1 ? Verdict::Failed : Verdict::Passed)
                     << limit << " " << carrier << " " << above;
             }
         }
     }
 }
 
-TEST(CurveVerdict, OnlyANegativeLevelIsJudgedAndAnErrorOfTheInstrumentStays) {
-    struct Case {
-        float level;
-        int alarmOff;
-        Verdict before;
-        Verdict after;
-    };
-    for (const Case& c :
-         {Case{5.0f, 0, VerdictNone, VerdictNone}, Case{0.0f, 0, VerdictNone, VerdictNone},
-          Case{-80.0f, 1, VerdictNone, VerdictNone}, Case{-80.0f, 0, VerdictPassed, VerdictOverLimit},
-          Case{-99.0f, 0, VerdictOverLimit, VerdictOverLimit},
-          Case{-80.0f, 0, VerdictOutOfRange, VerdictOutOfRange}}) {
+TEST(CurveVerdict, EveryLevelIsHeldAgainstTheLimit) {
+    for (const float level : {5.0f, 0.01f, -0.5f, -80.0f, -99.0f}) {
         auto curve = NewCurve(true);
-        curve->Put(3, c.level, CurveSide::Down);
-        curve->limit.SetAlarm(!(c.alarmOff));
-        curve->verdict.Take(c.before);
-        curve->Update(true);
-        EXPECT_EQ(curve->verdict.Value(), c.after) << c.level << " " << c.before;
+        curve->Put(3, level, CurveSide::Down);
+        EXPECT_EQ(curve->ShownVerdict(), level > -90 ? Verdict::Failed : Verdict::None) << level;
+        test::Complete(*curve);
+        EXPECT_EQ(curve->ShownVerdict(), level > -90 ? Verdict::Failed : Verdict::Passed) << level;
+        curve->limit.SetAlarm(false);
+        EXPECT_EQ(curve->ShownVerdict(), Verdict::None) << level;
     }
-    for (const auto& [before, after] : {std::pair{VerdictNone, VerdictPassed},
-                                        {VerdictOverLimit, VerdictFailed},
-                                        {VerdictFailed, VerdictFailed},
-                                        {VerdictSyntaxError, VerdictSyntaxError},
-                                        {VerdictOutOfRange, VerdictOutOfRange},
-                                        {VerdictPllNotLocked, VerdictPllNotLocked},
-                                        {VerdictPassed, VerdictPassed}}) {
-        auto curve = NewCurve();
-        curve->verdict.Take(before);
-        curve->verdict.Settle({.holdsPoint = true, .isComplete = true});
-        EXPECT_EQ(curve->verdict.Value(), after);
-    }
+    for (const float zero : {0.0f, -0.004f, 0.004f})
+        EXPECT_EQ(AsPoint(zero), 0.01f) << "written 0.00 it would be no level";
+    EXPECT_EQ(AsPoint(-0.006f), -0.006f);
 }
 
 TEST(CurveMaxima, TheEarlierPointStaysUntilOneIsHigherByMoreThanFiveHundredths) {
@@ -81,9 +64,10 @@ TEST(CurveMaxima, TheEarlierPointStaysUntilOneIsHigherByMoreThanFiveHundredths) 
         std::vector<int> hundredths;
         int index;
     };
-    for (const Case& c : {Case{{-10000, -10000}, 0}, Case{{-10000, -9995}, 0}, Case{{-10000, -9994}, 1},
-                          Case{{-9730, -9725, -9724}, 2}, Case{{-12013, -12008}, 0},
-                          Case{{-12013, -12007}, 1}, Case{{-50, -9900, -99}, 1}, Case{{0, 0, -11000}, 2}}) {
+    for (const Case& c :
+         {Case{{-10000, -10000}, 0}, Case{{-10000, -9995}, 0}, Case{{-10000, -9994}, 1},
+          Case{{-9730, -9725, -9724}, 2}, Case{{-12013, -12008}, 0}, Case{{-12013, -12007}, 1},
+          Case{{-9900, -50, -99}, 1}, Case{{-9900, 500}, 1}, Case{{0, 0, -11000}, 2}}) {
         auto curve = NewCurve();
         for (std::size_t i = 0; i < c.hundredths.size(); ++i)
             curve->Put(i, Decimal(c.hundredths[i]));
@@ -104,14 +88,16 @@ TEST(CurveMaxima, TheWorstPointOfASweepIsOfBothDirectionsAndInTheUnitShown) {
         curve->Put(1, Decimal(down), CurveSide::Down);
         curve->Update(true);
         curve->SearchMaxima();
-        return curve->WorstFrequency();
+        return WorstFrequency(*curve).value_or(0);
     };
     EXPECT_EQ(worst(-10000, -9995), 890.0f);
-    EXPECT_FLOAT_EQ(curve->WorstLevel(), -143.0f);
+    EXPECT_FLOAT_EQ(*ShownWorstLevel(*curve), -143.0f);
     EXPECT_EQ(worst(-10000, -9994), 891.0f);
-    EXPECT_FLOAT_EQ(curve->WorstLevel(), -142.94f);
+    EXPECT_FLOAT_EQ(*ShownWorstLevel(*curve), -142.94f);
     EXPECT_EQ(worst(0, -9900), 891.0f) << "a curve without a point never counts";
-    EXPECT_EQ(worst(500, -9900), 891.0f) << "nor does one above -0.1";
+    EXPECT_EQ(worst(500, -9900), 890.0f) << "a level above 0 does";
+    EXPECT_EQ(worst(0, 0), 0.0f);
+    EXPECT_FALSE(ShownWorstLevel(*curve)) << "a worst point that has gone";
 }
 
 TEST(CurveRuns, OneRunIsShownAloneAndAllComeBack) {
@@ -119,7 +105,7 @@ TEST(CurveRuns, OneRunIsShownAloneAndAllComeBack) {
     for (int run = 0; run < 4; ++run) {
         if (run > 0)
             curve->EndRun();
-        curve->Clear(Curve::Content::Levels);
+        curve->BeginSweep();
         curve->Put(1, -100.0f + static_cast<float>(run));
         curve->Put(2, -110.0f - static_cast<float>(run), CurveSide::Down);
         curve->Update(true);
@@ -141,9 +127,8 @@ TEST(CurveRuns, OneRunIsShownAloneAndAllComeBack) {
     EXPECT_EQ(curve->MaxUp().level, -97.0f);
     EXPECT_EQ(curve->MaxDown().level, -110.0f);
 
-    curve->Clear(Curve::Content::Runs);
+    curve->Clear();
     EXPECT_EQ(curve->Run(), 0);
-    curve->Clear(Curve::Content::Levels);
     EXPECT_FALSE(curve->HoldsPoints());
     EXPECT_EQ(shown(0), std::vector<float>(8));
     EXPECT_EQ(shown(2), std::vector<float>(8));
@@ -175,12 +160,11 @@ TEST(CurveMaxima, WhatIsKnownOfFinishedRunsIsWhatASearchOfAllFinds) {
     for (int step = 0; step < 2000; ++step) {
         switch (any(0, 19)) {
         case 0:
-            curve->Clear(Curve::Content::Runs);
-            curve->Clear(Curve::Content::Levels);
+            curve->Clear();
             break;
         case 1:
             curve->EndRun();
-            curve->Clear(Curve::Content::Levels);
+            curve->BeginSweep();
             break;
         case 2:
             curve->ShowRun(any(0, curve->Run() + 1));
@@ -242,7 +226,7 @@ TEST(CurveRuns, MemoryIsTakenForTheRowsInUseOnly) {
     for (; curve->Run() < 9; curve->EndRun())
         curve->Update(true);
     curve->SearchMaxima();
-    curve->Clear(Curve::Content::Runs);
+    curve->Clear();
     EXPECT_LT(Resident() - before, Matrices / 10);
 }
 

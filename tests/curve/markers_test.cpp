@@ -267,7 +267,7 @@ TEST(Markers, ThePeaksOfTheRunsStandStillDuringARun) {
     for (int tick = 0; tick < 40; ++tick)
         desk.Settle();
     EXPECT_EQ(desk.Texts(), "909.0 -95.0");
-    desk.S().run.EndByItself();
+    desk.S().run.End();
     for (int tick = 0; tick < 11; ++tick)
         desk.Settle();
     EXPECT_EQ(desk.Texts(), "915.0 -80.0");

@@ -218,24 +218,29 @@ TEST(PlotFlags, TheMaximaAreNamedInTheUnitShown) {
 
 TEST(PlotStamp, TheVerdictDecides) {
     struct Case {
-        int verdict;
+        int verdict;      ///< 0 none, 1 failed, 2 to 4 errors, 5 passed, 6 passed and stopped at 2 of 3
         std::string text; ///< empty: none
         Rgb area;         ///< 0: none
         int last;         ///< row of the area
         bool alarmOff = false, stampOff = false, calDisplay = false, narrow = false;
     };
     for (const Case& c :
-         {Case{0, "", 0, 0}, Case{1, " Misserfolg", FailRed, 119}, Case{101, " Misserfolg", FailRed, 119},
-          Case{101, "Misserfolg", FailRed, 119, false, false, false, true},
-          Case{1001, "    Durch", Green, 119}, Case{1001, "Durch", Green, 119, false, false, false, true},
-          Case{1000, "", 0, 0}, Case{2, "ERR0 - SYNTAX ERROR", FailRed, 119},
+         {Case{0, "", 0, 0}, Case{1, " Misserfolg", FailRed, 119},
+          Case{1, "Misserfolg", FailRed, 119, false, false, false, true}, Case{5, "    Durch", Green, 119},
+          Case{6, "    Durch", Green, 119}, Case{5, "Durch", Green, 119, false, false, false, true},
+          Case{2, "ERR0 - SYNTAX ERROR", FailRed, 119},
           Case{3, "ERR1 - Parameter out of limits.", FailRed, 119},
           Case{4, "ERR2 - PLL not locket.", FailRed, 119, false, false, true},
-          Case{4, "", FailRed, 119, false, true}, Case{1001, "", 0, 0, true},
-          Case{1001, "", 0, 0, false, true}, Case{101, "", 0, 0, false, true}, Case{101, "", 0, 0, true},
-          Case{101, "", 0, 0, false, false, true}}) {
+          Case{4, "", FailRed, 119, false, true}, Case{5, "", 0, 0, true}, Case{5, "", 0, 0, false, true},
+          Case{1, "", 0, 0, false, true}, Case{1, "", 0, 0, true}, Case{1, "", 0, 0, false, false, true}}) {
         Paper paper;
-        paper.curve->verdict.Take(static_cast<Verdict>(c.verdict));
+        RunTally& tally = paper.curve->tally;
+        if (c.verdict >= 2 && c.verdict <= 4)
+            tally.NoteError(c.verdict);
+        if (c.verdict == 1)
+            tally.Take(-80);
+        tally.EndWithin(c.verdict == 0 ? RunEnd::None : RunEnd::Stopped, {3, c.verdict == 6 ? 2 : 3}, 0,
+                        false);
         paper.curve->limit.SetAlarm(!(c.alarmOff));
         paper.curve->limit.SetStamp(!(c.stampOff));
         paper.facts.g_calDisplay = c.calDisplay;
@@ -245,6 +250,7 @@ TEST(PlotStamp, TheVerdictDecides) {
         for (const PlotText& item : All<PlotText>(scene.front))
             text += item.font == PlotFont::Stamp ? item.text : "";
         EXPECT_EQ(text, c.text) << c.verdict;
+        EXPECT_EQ(Find(scene.front, "2 von 3 Punkten").has_value(), c.verdict == 6) << c.verdict;
         const auto area = FindBox(scene.front, c.area);
         ASSERT_EQ(area.has_value(), c.area != 0) << c.verdict;
         if (area) {
@@ -274,11 +280,15 @@ TEST(PlotStatus, PowersAndTheWorstOfTheRuns) {
         bool endless;
         std::string shown;
     };
-    for (const Case& c : {Case{"-300", true, ""}, Case{"", true, ""}, Case{"-97.3", true, "Worst: -97.3"},
-                          Case{"-97.3", false, "-97.3"}, Case{"DATEN.dat", true, "DATEN.dat"}}) {
+    for (const Case& c :
+         {Case{"", true, ""}, Case{"-97.3", true, "Worst: -97.3"}, Case{"-97.3", false, "-97.3"},
+          Case{"1.5", true, "Worst: 1.5"}, Case{"DATEN.dat", true, "DATEN.dat"}}) {
         LoadedCurve file; // its name stands where the worst of a continuous run does
-        file.name = c.worst;
+        file.name = c.worst.ends_with("dat") ? c.worst : "";
         paper.curve->Load(file);
+        paper.curve->WatchWorst();
+        if (!c.worst.empty() && file.name.empty())
+            paper.curve->NoteShown(std::stof(c.worst));
         paper.curve->limit.SetStamp(false);
         paper.facts.tagEndless = c.endless;
         std::string shown;
@@ -292,22 +302,21 @@ TEST(LevelBar, FollowsTheNewestPointAndAfterTheRunTheWorst) {
     struct Case {
         float up, down; ///< newest points
         bool runOn;
-        std::string worst;
         float limit;
         int dbc, alarmOff;
         int height; ///< 0: none
         Rgb colour;
     };
     for (const Case& c :
-         {Case{-105, 0, true, "-60.0", -90, 0, 0, 260, Green},
-          Case{-105, -60, true, "", -90, 0, 0, 520, Red}, // the down curve goes first
-          Case{-105, -60, true, "", -90, 0, 1, 520, Green},
-          Case{-105, 0, false, "-60.0", -90, 0, 0, 520, Red}, Case{-105, 0, false, "", -90, 0, 0, 260, Green},
-          Case{-105, 0, false, "-0.1", -90, 0, 0, 260, Green},
-          Case{0, 0, false, "-148.0", -149, 1, 0, 260, Red}, // both in dBc
-          Case{0, 0, false, "", -90, 0, 0, 0, Green}, Case{-150, 0, true, "", -90, 0, 0, 0, Green},
-          Case{-104.99f, 0, true, "", -105, 0, 0, 260, Green},
-          Case{-104.98f, 0, true, "", -105, 0, 0, 260, Red}, Case{-20, 0, true, "", 0, 0, 0, 520, Green}}) {
+         {Case{-105, 0, true, -90, 0, 0, 260, Green},
+          Case{-105, -60, true, -90, 0, 0, 520, Red}, // the down curve goes first
+          Case{-105, -60, true, -90, 0, 1, 520, Green},
+          Case{-105, -60, false, -90, 0, 0, 520, Red}, // the worst, whichever curve it is on
+          Case{-60, -105, false, -90, 0, 0, 520, Red},
+          Case{0, -105, false, -149, 1, 0, 260, Red}, // the limit in dBc
+          Case{0, 0, false, -90, 0, 0, 0, Green}, Case{-150, 0, true, -90, 0, 0, 0, Green},
+          Case{-104.99f, 0, true, -105, 0, 0, 260, Green}, Case{-104.98f, 0, true, -105, 0, 0, 260, Red},
+          Case{-20, 0, true, 0, 0, 0, 520, Green}}) {
         Paper paper;
         Curve& curve = *paper.curve;
         curve.scale.ShowBar(1);
@@ -321,14 +330,13 @@ TEST(LevelBar, FollowsTheNewestPointAndAfterTheRunTheWorst) {
         curve.scale.SetUnit(c.dbc);
         curve.limit.SetAlarm(!(c.alarmOff));
         paper.facts.runOn = c.runOn;
-        paper.facts.worstLevelText = c.worst;
         paper.facts.g_calDisplay = true; // no stamp
         const PlotScene scene = paper.Scene();
         const auto boxes = All<PlotBox>(scene.front);
-        ASSERT_EQ(boxes.empty(), c.height == 0) << c.up << " " << c.worst;
+        ASSERT_EQ(boxes.empty(), c.height == 0) << c.up;
         if (!boxes.empty()) {
             EXPECT_EQ(boxes[0], (PlotBox{130 - 99, 551 - c.height, 40, c.height + 1, c.colour}))
-                << c.up << " " << c.worst << " " << c.limit;
+                << c.up << " " << c.limit;
         }
     }
 }

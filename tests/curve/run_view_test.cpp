@@ -17,12 +17,12 @@ TEST(RunView, OnlyRunsThatCouldBeMade) {
         curve.SetRuns(runs);
         int count = 0;
         for (int run = 1; run <= 10; ++run)
-            count += CanShowRun(rig.S(), run) ? 1 : 0;
+            count += CanShowRun(curve, run) ? 1 : 0;
         EXPECT_EQ(count, enabled) << runs;
     }
     curve.SetRuns(3);
     for (const int wrong : {4, 10, -1})
-        EXPECT_FALSE(ShowRun(wrong, rig.S())) << wrong;
+        EXPECT_FALSE(ShowRun(wrong, curve)) << wrong;
     EXPECT_EQ(curve.ShownRun(), 0);
 }
 
@@ -42,8 +42,7 @@ TEST(PlotRange, IsCheckedInDbmAndKept) {
             curve.scale.SetUnit(carrier > 0);
             rig.program.Stores().Write("unit.ccz", carrier > 0 ? "1" : "0");
             const PlotRange before = ShownPlotRange(curve);
-            EXPECT_EQ(ApplyPlotRange({c.top - carrier, c.bottom - carrier}, curve, rig.program.Parts(),
-                                     rig.program.Stores()),
+            EXPECT_EQ(rig.Done(ApplyPlotRange({c.top - carrier, c.bottom - carrier}, curve, rig.Store())),
                       c.taken);
             if (c.taken) {
                 EXPECT_NEAR(ShownPlotRange(curve).top, c.top - carrier, 1e-4);

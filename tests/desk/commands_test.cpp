@@ -138,11 +138,11 @@ TEST(Commands, ClearEmptiesTheDisplayAndNothingElse) {
     ASSERT_TRUE(rig.Measure());
     rig.commands.Run("clear_display");
     EXPECT_FALSE(rig.S().curve.HoldsPoints());
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::None);
     EXPECT_EQ(PanelOf(rig.S()).m_ReadingText, "");
     EXPECT_EQ(rig.S().working.Band(), BandEgsm);
     EXPECT_TRUE(rig.Measure()) << "and the next run is as the first";
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
 }
 
 } // namespace qor::test

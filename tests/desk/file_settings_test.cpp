@@ -145,7 +145,7 @@ TEST(FileSettings, AFileThatCannotBeMeasuredIsShownAndNothingOfItIsInForce) {
         d.limit = -119.7f;
         d.verdict = ResultVerdict::Failed;
     })));
-    EXPECT_EQ(desk.S().curve.verdict.Value(), VerdictOverLimit);
+    EXPECT_EQ(desk.S().curve.ShownVerdict(), Verdict::Failed);
 }
 
 TEST(FileSettings, EveryPlanThatTheProgramMeasuresWithComesIntoForceAgain) {

@@ -41,8 +41,8 @@ TEST(LevelUnit, TheTextsAndTheLimitMoveByTheCarrierAndTheCurveStays) {
     curve.Update(true);
     curve.SearchMaxima();
     EXPECT_EQ(curve.ShownUp(0)[3], -89.5f);
-    EXPECT_EQ(curve.verdict.Value(), VerdictOverLimit);
-    EXPECT_EQ(curve.WorstLevel(), -130.5f);
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Failed);
+    EXPECT_EQ(ShownWorstLevel(curve), -130.5f);
 
     ASSERT_TRUE(desk.Set(false));
     EXPECT_EQ(desk.Texts(), "-89.5 -101.2 -90.0");
@@ -52,7 +52,7 @@ TEST(LevelUnit, TheTextsAndTheLimitMoveByTheCarrierAndTheCurveStays) {
 
 TEST(LevelUnit, WithoutALevelNoneAppearsButTheLimitMoves) {
     UnitDesk desk;
-    desk.S().curve.Clear(Curve::Content::All);
+    desk.S().curve.Clear();
     desk.S().readout.ClearLevel();
     desk.S().curve.limit.Take(0);
     ASSERT_TRUE(desk.Set(true));
@@ -100,7 +100,7 @@ TEST(LevelUnit, TheReferenceFollowsTheBand) {
     EXPECT_FLOAT_EQ(curve.limit.Level(), -130.0f) << "-90 dBm as before";
     rig.S().curve.SetLength(1000);
     ASSERT_TRUE(rig.Measure());
-    EXPECT_NEAR(curve.WorstLevel(), curve.MaxUp().level - 40.0f, 0.01);
+    EXPECT_NEAR(*ShownWorstLevel(curve), curve.MaxUp().level - 40.0f, 0.01);
     EXPECT_EQ(rig.S().run.Record().carrier, 40.0f);
 
     ASSERT_TRUE(rig.SelectBand(BandDcs));

@@ -34,7 +34,7 @@ struct ListDesk : Rig {
             name = name.empty() ? "-" : name.substr(0, name.find('.'));
             text += row == list.MarkedRow() ? "[" + name + "] " : name + " ";
         }
-        return text + "= " + S().curve.WorstText();
+        return text + "= " + S().curve.FileName();
     }
 
     TempDir folder;
@@ -116,7 +116,7 @@ TEST(ListPanel, DoesNothingDuringARunAndTellsOfAFileThatIsGone) {
     list.ClickRow(3);
     desk.Load();
     EXPECT_EQ(desk.Strip(), "[0] 1 2 3 4 5 6 = 0.dat");
-    desk.S().run.EndByItself();
+    desk.S().run.End();
     for (const int row : {-1, 7})
         list.ClickRow(row);
     EXPECT_EQ(desk.Strip(), "[0] 1 2 3 4 5 6 = 0.dat");

@@ -129,7 +129,7 @@ TEST(ReportRows, PaperLogoAndLanguage) {
 TEST(ReportRows, TheWholeListGoesOutAFileATick) {
     ReportDesk desk;
     desk.LoadList(4);
-    const std::string shown = desk.S().curve.WorstText();
+    const std::string shown = desk.S().curve.FileName();
     std::filesystem::resize_file(desk.folder / "2.dat", 20);
     desk.user.fileToSave = desk.folder / "0.pdf";
     desk.commands.Run("save_pdf");
@@ -146,7 +146,7 @@ TEST(ReportRows, TheWholeListGoesOutAFileATick) {
     ASSERT_EQ(desk.user.messages.size(), 1U) << "told once";
     EXPECT_NE(desk.user.messages[0].find("2.dat"), std::string::npos);
     EXPECT_FALSE(desk.Store().Exists("report.jpg")) << "painted in memory";
-    EXPECT_EQ(desk.S().curve.WorstText(), shown);
+    EXPECT_EQ(desk.S().curve.FileName(), shown);
     EXPECT_EQ(desk.Stored("LastPdfPath.ccz"), (desk.folder / "0.pdf").string());
 }
 

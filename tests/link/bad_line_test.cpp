@@ -16,7 +16,7 @@ void TryARun(Rig& rig) {
     rig.program.OnMeasButton();
     rig.time.RunUntil([&] { return !rig.S().run.IsOn(); }, 20000);
     if (!rig.S().curve.HoldsPoints()) {
-        EXPECT_NE(rig.S().curve.verdict.Value(), VerdictPassed) << "nothing was measured";
+        EXPECT_NE(rig.S().curve.ShownVerdict(), Verdict::Passed) << "nothing was measured";
     }
     if (rig.S().run.IsOn())
         rig.program.StopMeas();
@@ -45,7 +45,7 @@ TEST(BadLine, SingleBytesChangeNothing) {
             ASSERT_TRUE(rig.SelectBand(BandUmts));
             sent.push_back(rig.Sent());
             ASSERT_TRUE(rig.Measure());
-            EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+            EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
             EXPECT_EQ(rig.S().curve.NextPoint(), 52);
             curves.push_back(rig.S().curve.Up());
         }
@@ -98,14 +98,14 @@ TEST(BadLine, AnErrorReplyInTheChainDoesNotStopIt) {
                 rig.line.Add({kind, at});
                 rig.program.Start(false);
                 ASSERT_TRUE(BecomesReady(rig, 80000));
-                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
+                EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::None);
                 const std::string& serial = rig.S().link.identity.Serial();
                 if (firmware == std::string("4.9")) {
                     EXPECT_TRUE(serial == "00001" || serial == "00000" || serial == "0") << serial;
                 }
                 rig.S().curve.SetLength(500);
                 ASSERT_TRUE(rig.Measure(20000));
-                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+                EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
             }
         }
     }
@@ -127,13 +127,13 @@ TEST(BadLine, ASlowLineIsWaitedForOrSearchedAgain) {
             if (c.ready) {
                 ASSERT_TRUE(rig.SelectBand(BandUmts));
                 ASSERT_TRUE(rig.Measure());
-                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+                EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
                 EXPECT_LE(rig.S().curve.NextPoint(), 52 * 100 / c.slowMs + 1)
                     << "the time of a point follows the line";
             }
             ExpectRecovery(rig);
             TryARun(rig);
-            EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+            EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
         }
     }
 }
@@ -153,7 +153,7 @@ TEST(BadLine, LateRepliesDoNotCutTheNextChainShort) {
         EXPECT_EQ(PanelOf(rig.S()).m_Band_sel, "DCS");
         EXPECT_EQ(rig.S().link.identity.Model(), "RT-DB22");
         TryARun(rig);
-        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
         EXPECT_EQ(rig.S().link.identity.Serial(), "00001");
     }
 }

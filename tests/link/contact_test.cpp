@@ -17,7 +17,7 @@ void ExpectUsable(Rig& rig) {
     const auto sent = rig.Sent();
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "#M2T1"), 1);
     EXPECT_EQ(rig.S().curve.NextPoint(), 12);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
     EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
 }
 
@@ -136,7 +136,7 @@ class ContactInRun : public testing::TestWithParam<RunCase> {};
 
 TEST_P(ContactInRun, ThePartialRunStaysAndNeverPasses) {
     const RunCase c = GetParam();
-    const int verdict = c.limit < -100 ? VerdictFailed : VerdictNone;
+    const Verdict verdict = c.limit < -100 ? Verdict::Failed : Verdict::None;
     Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.PowerOn());
     rig.S().curve.limit.Take(c.limit);
@@ -153,7 +153,7 @@ TEST_P(ContactInRun, ThePartialRunStaysAndNeverPasses) {
     const auto grid = rig.S().curve.Grid();
     const auto points = std::count_if(up.begin(), up.end(), [](float level) { return level != 0.0f; });
     EXPECT_GT(points, c.afterMs / 200);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), verdict);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), verdict);
     rig.time.RunFor(5000);
     EXPECT_EQ(PanelOf(rig.S()).lamp, Lamp::NotReady);
 
@@ -161,7 +161,7 @@ TEST_P(ContactInRun, ThePartialRunStaysAndNeverPasses) {
     rig.port.Replug();
     ASSERT_TRUE(BecomesReady(rig, 20000));
     EXPECT_TRUE(up == rig.S().curve.Up() && grid == rig.S().curve.Grid());
-    EXPECT_EQ(rig.S().curve.verdict.Value(), verdict) << "over the limit stays failed";
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), verdict) << "over the limit stays failed";
     rig.S().curve.limit.Take(-90);
     EXPECT_FALSE(rig.S().run.IsOn()) << "a run is never taken up by itself";
     EXPECT_TRUE(rig.program.Files().DataSave(rig.dir / "partial.dat"));
@@ -172,7 +172,7 @@ TEST_P(ContactInRun, ThePartialRunStaysAndNeverPasses) {
         ExpectUsable(rig);
     } else {
         ASSERT_TRUE(rig.Measure());
-        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
     }
 }
 
@@ -193,7 +193,7 @@ TEST(Contact, UnpluggedAtAnyCommandOfAStart) {
         rig.line.Add({sim::FaultKind::Replug, 1});
         rig.program.OnMeasButton();
         ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.S().run.IsOn(); }, 10000));
-        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
+        EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::None);
         ASSERT_TRUE(BecomesReady(rig, 10000));
         ExpectUsable(rig);
     }

@@ -209,7 +209,7 @@ TEST(PortButton, ClosingInARunSwitchesTheCarriersOff) {
     rig.time.RunFor(5000);
     EXPECT_FALSE(rig.comm.GetPortOpen() || rig.S().run.IsOn());
     EXPECT_EQ(rig.instrument.Settings().carrier1, 0);
-    EXPECT_NE(rig.S().curve.verdict.Value(), VerdictPassed);
+    EXPECT_NE(rig.S().curve.ShownVerdict(), Verdict::Passed);
 }
 
 TEST(PortButton, ClosingEndsTheSearchToo) {
@@ -271,7 +271,7 @@ TEST_P(StartClosed, YesConnectsAndMeasures) {
     ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.IsOn(); }, 10000));
     ASSERT_TRUE(rig.RunUntilRunIsOver());
     EXPECT_EQ(rig.S().curve.NextPoint(), 12);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
     const auto sent = rig.Sent();
     EXPECT_EQ(sent.front(), "#SR");
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "#M2T1"), 1);

@@ -10,16 +10,16 @@ namespace {
 /// The answer holds no number.
 constexpr double SpoiltLevel = std::numeric_limits<double>::quiet_NaN();
 
-const RunTally& TallyOf(Rig& rig) {
-    return rig.S().run.Tally();
+RunFacts FactsOf(Rig& rig) {
+    return rig.S().curve.tally.OfAll();
 }
 
 std::string Count(Rig& rig) {
-    return std::to_string(TallyOf(rig).Taken()) + " of " + std::to_string(TallyOf(rig).Asked());
+    return std::to_string(FactsOf(rig).taken) + " of " + std::to_string(FactsOf(rig).asked);
 }
 
 Verdict VerdictIn(Rig& rig) {
-    return rig.S().curve.verdict.Value();
+    return rig.S().curve.ShownVerdict();
 }
 
 } // namespace
@@ -34,7 +34,7 @@ TEST(Completeness, ARunOfSpoiltReadingsEndsWithoutAVerdict) {
         const std::int64_t begin = rig.time.NowMs();
         const auto sent = SentDuring(rig, [&] { ASSERT_TRUE(rig.Measure(20000)); });
         EXPECT_LT(rig.time.NowMs() - begin, 9000) << "by its time";
-        EXPECT_EQ(VerdictIn(rig), VerdictNone);
+        EXPECT_EQ(VerdictIn(rig), Verdict::None);
         EXPECT_EQ(Count(rig), method == ModeTwoTone ? "0 of 52" : "0 of 28");
         if (method == ModeSweep) {
             EXPECT_EQ(std::count(sent.begin(), sent.end(), "#IMP?"), 4 * 28);
@@ -44,7 +44,7 @@ TEST(Completeness, ARunOfSpoiltReadingsEndsWithoutAVerdict) {
         EXPECT_EQ(rig.instrument.Settings().carrier1 + rig.instrument.Settings().carrier2, 0);
         rig.instrument.FeedSignal({});
         ASSERT_TRUE(rig.Measure());
-        EXPECT_EQ(VerdictIn(rig), VerdictPassed);
+        EXPECT_EQ(VerdictIn(rig), Verdict::Passed);
         EXPECT_EQ(Count(rig), method == ModeTwoTone ? "52 of 52" : "28 of 28");
     }
 }
@@ -59,9 +59,9 @@ TEST(Completeness, SpoiltForAWhile) {
     sweep.time.RunFor(700);
     sweep.instrument.FeedSignal({});
     ASSERT_TRUE(sweep.RunUntilRunIsOver());
-    EXPECT_EQ(VerdictIn(sweep), VerdictNone);
-    EXPECT_LT(TallyOf(sweep).Taken(), 28);
-    EXPECT_GT(TallyOf(sweep).Taken(), 20);
+    EXPECT_EQ(VerdictIn(sweep), Verdict::None);
+    EXPECT_LT(FactsOf(sweep).taken, 28);
+    EXPECT_GT(FactsOf(sweep).taken, 20);
 
     for (const int spoiltMs : {1500, 4000}) {
         SCOPED_TRACE(spoiltMs);
@@ -75,7 +75,7 @@ TEST(Completeness, SpoiltForAWhile) {
         rig.instrument.FeedSignal({});
         ASSERT_TRUE(rig.RunUntilRunIsOver());
         EXPECT_LT(rig.time.NowMs() - begin, 8600);
-        EXPECT_EQ(VerdictIn(rig), spoiltMs < 2000 ? VerdictPassed : VerdictNone);
+        EXPECT_EQ(VerdictIn(rig), spoiltMs < 2000 ? Verdict::Passed : Verdict::None);
     }
 }
 
@@ -85,20 +85,20 @@ TEST(Completeness, AStopIsJudgedByWhatHasCome) {
     ASSERT_TRUE(rig.ReadyFor(ModeSweep));
     rig.program.OnMeasButton();
     rig.program.OnMeasButton();
-    EXPECT_EQ(VerdictIn(rig), VerdictNone) << "without a point there is nothing to judge";
+    EXPECT_EQ(VerdictIn(rig), Verdict::None) << "without a point there is nothing to judge";
     EXPECT_EQ(Count(rig), "0 of 28");
 
     rig.S().curve.SetRuns(3);
     rig.program.OnMeasButton();
     ASSERT_TRUE(
         rig.time.RunUntil([&] { return rig.S().curve.Run() == 1 && rig.S().curve.Up()[2] != 0.0f; }, 60000));
-    EXPECT_EQ(VerdictIn(rig), VerdictNone) << "nothing has passed while a run is on";
+    EXPECT_EQ(VerdictIn(rig), Verdict::None) << "nothing has passed while a run is on";
     rig.program.OnMeasButton();
-    EXPECT_EQ(VerdictIn(rig), VerdictPassed);
-    EXPECT_FALSE(TallyOf(rig).IsComplete());
-    EXPECT_EQ(TallyOf(rig).Asked(), 3 * 28);
-    EXPECT_GE(TallyOf(rig).Taken(), 29);
-    EXPECT_LT(TallyOf(rig).Taken(), 40);
+    EXPECT_EQ(VerdictIn(rig), Verdict::Passed);
+    EXPECT_FALSE(FactsOf(rig).IsComplete());
+    EXPECT_EQ(FactsOf(rig).asked, 3 * 28);
+    EXPECT_GE(FactsOf(rig).taken, 29);
+    EXPECT_LT(FactsOf(rig).taken, 40);
 }
 
 /// What repeats until it is stopped is complete with one whole pass.
@@ -109,15 +109,15 @@ TEST(Completeness, AWholePassOfWhatRepeatsIsComplete) {
     ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.Passes() == 1; }, 60000));
     rig.time.RunFor(500);
     rig.program.OnMeasButton();
-    EXPECT_TRUE(TallyOf(rig).IsComplete());
+    EXPECT_TRUE(FactsOf(rig).IsComplete());
     EXPECT_EQ(Count(rig), "13 of 13");
-    EXPECT_EQ(VerdictIn(rig), VerdictPassed);
+    EXPECT_EQ(VerdictIn(rig), Verdict::Passed);
 
     rig.program.OnMeasButton();
     rig.time.RunFor(800);
     rig.program.OnMeasButton();
-    EXPECT_FALSE(TallyOf(rig).IsComplete());
-    EXPECT_EQ(VerdictIn(rig), VerdictPassed) << "the operator's stop";
+    EXPECT_FALSE(FactsOf(rig).IsComplete());
+    EXPECT_EQ(VerdictIn(rig), Verdict::Passed) << "the operator's stop";
 }
 
 /// Frequencies that the steps ask for and the two lists of the grid lack.
@@ -130,9 +130,9 @@ TEST(Completeness, EveryStepHasItsPlaceOnTheGrid) {
     ASSERT_TRUE(rig.RunUntilIdle());
     rig.instrument.FeedSignal(-60);
     ASSERT_TRUE(rig.Measure());
-    EXPECT_TRUE(TallyOf(rig).IsComplete()) << Count(rig);
-    EXPECT_GT(TallyOf(rig).Taken(), 9);
-    EXPECT_EQ(VerdictIn(rig), VerdictFailed);
+    EXPECT_TRUE(FactsOf(rig).IsComplete()) << Count(rig);
+    EXPECT_GT(FactsOf(rig).taken, 9);
+    EXPECT_EQ(VerdictIn(rig), Verdict::Failed);
 
     Rig inter;
     ASSERT_TRUE(inter.PowerOn());
@@ -144,8 +144,8 @@ TEST(Completeness, EveryStepHasItsPlaceOnTheGrid) {
     ASSERT_TRUE(inter.RunUntilIdle());
     inter.instrument.FeedSignal(-60);
     ASSERT_TRUE(inter.Measure());
-    EXPECT_TRUE(TallyOf(inter).IsComplete()) << Count(inter);
-    EXPECT_EQ(VerdictIn(inter), VerdictFailed);
+    EXPECT_TRUE(FactsOf(inter).IsComplete()) << Count(inter);
+    EXPECT_EQ(VerdictIn(inter), Verdict::Failed);
 }
 
 /// The receiver listens at IM3 in spectrum only.
@@ -173,7 +173,7 @@ TEST(Completeness, ARefusedStartTouchesNothing) {
     EXPECT_FALSE(rig.S().run.IsOn());
     EXPECT_EQ(rig.S().curve.Up()[0], first);
     EXPECT_EQ(rig.S().curve.ShownUp(0)[0], first);
-    EXPECT_EQ(VerdictIn(rig), VerdictPassed);
+    EXPECT_EQ(VerdictIn(rig), Verdict::Passed);
     EXPECT_EQ(Count(rig), "12 of 12");
 }
 
@@ -191,7 +191,7 @@ TEST(Completeness, TwoPressesWhileAStartWaitsAreOneRun) {
     rig.time.RunFor(3000);
     const auto sent = rig.Sent();
     EXPECT_EQ(std::count(sent.begin(), sent.end(), "#M2T1"), 1);
-    EXPECT_EQ(VerdictIn(rig), VerdictPassed);
+    EXPECT_EQ(VerdictIn(rig), Verdict::Passed);
 }
 
 /// What was measured is what the run says, whatever is set afterwards.

@@ -115,7 +115,7 @@ TEST(ExternalReceiver, TwoToneSettlesSeventeenTicksAndStoresFiftyOnePoints) {
         texts = Chain({texts, {"INIT:CONT ON"}});
         EXPECT_EQ(Joined(e.receiver.written), kind.kind == ReceiverSensor ? "" : Joined(texts));
         EXPECT_EQ(PanelOf(e.rig.S()).m_WorstLevelText, "-41.8");
-        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
     }
 }
 
@@ -198,7 +198,7 @@ TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
             EXPECT_EQ(Joined(e.receiver.written), kind.kind == ReceiverSensor ? "" : Joined(texts));
             EXPECT_EQ(PanelOf(e.rig.S()).m_WorstLevelText, "-44.5");
             EXPECT_EQ(PanelOf(e.rig.S()).m_WorstFreqText, "890.0");
-            EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+            EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
         }
     }
 }

@@ -96,7 +96,7 @@ TEST(InterBand, EveryRowOfThePresetsIsMeasured) {
             static_cast<float>(row.a) * row.plan.f1 - static_cast<float>(row.b) * row.plan.f2;
         EXPECT_EQ(rig.S().curve.WorstFrequency(), product);
         EXPECT_GT(rig.S().curve.NextPoint(), 40);
-        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
 
         ASSERT_TRUE(rig.program.Select().SelectMethod(ModeSweep));
         ASSERT_TRUE(rig.RunUntilIdle());

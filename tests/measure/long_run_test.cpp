@@ -94,7 +94,7 @@ TEST(LongRun, AnHourOfTwoTone) {
     // Start, 18 times the priming reading and 1992 points, end.
     EXPECT_EQ(rig.line.CommandCount() - before, 7 + 18 * 1993 + 2);
     EXPECT_NEAR(static_cast<double>(rig.time.NowMs() - begin), 3.6e6, 0.02e6);
-    EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
 }
 
 } // namespace qor::test

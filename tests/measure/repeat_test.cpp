@@ -79,7 +79,7 @@ TEST(SweepRuns, TwoRunsWithAndWithoutPause) {
         EXPECT_EQ(Levels(curve.KeptDown(1)).size(), 15U);
         EXPECT_NE(Levels(curve.KeptUp(1)), first);
         EXPECT_EQ(rig.S().run.Passes(), 2);
-        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
     }
 }
 
@@ -136,7 +136,7 @@ TEST(SweepRuns, ACablePulledInThePauseIsTheEndToo) {
     rig.port.Unplug();
     rig.time.RunFor(3000);
     EXPECT_FALSE(rig.S().run.IsOn());
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::None);
     rig.port.Replug();
     ASSERT_TRUE(rig.RunUntilReady());
     rig.time.RunFor(60000);
@@ -170,7 +170,7 @@ TEST(Endless, PassesFilesAndCommands) {
         runs.SetContinuousTimes(c.times);
         runs.SetReplacesData(c.replace);
         rig.program.OnMeasButton();
-        EXPECT_EQ(curve.WorstText(), "-300");
+        EXPECT_FALSE(curve.WorstShown());
         ASSERT_TRUE(rig.time.RunUntil([&] { return run.Passes() == 1; }, 60000));
         // The second pass, from its first command on.
         rig.Sent();
@@ -195,9 +195,9 @@ TEST(Endless, PassesFilesAndCommands) {
         EXPECT_EQ(rig.S().results.list.NextNumber(), files);
         for (int i = 0; i < passes + 1; ++i)
             EXPECT_EQ(std::filesystem::exists(rig.dir / (std::to_string(i) + ".dat")), i < files) << i;
-        EXPECT_LT(std::stof(curve.WorstText()), -90.0f);
-        EXPECT_GT(std::stof(curve.WorstText()), -200.0f);
-        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+        EXPECT_LT(curve.WorstShown(), -90.0f);
+        EXPECT_GT(curve.WorstShown(), -200.0f);
+        EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
     }
 }
 
@@ -215,9 +215,9 @@ TEST(Endless, HighestLevelIsKeptOverPasses) {
     ASSERT_TRUE(rig.time.RunUntil([&] { return run.Passes() == 1; }, 60000));
     rig.instrument.FeedSignal({});
     ASSERT_TRUE(rig.RunUntilRunIsOver());
-    EXPECT_NEAR(std::stof(rig.S().curve.WorstText()), -70.0f, 0.5f);
+    EXPECT_NEAR(rig.S().curve.WorstShown().value_or(0), -70.0f, 0.5f);
     EXPECT_LT(rig.S().curve.MaxUp().level, -90.0f);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictFailed)
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Failed)
         << "one pass above the limit fails the measurement";
 }
 

@@ -9,7 +9,8 @@ std::string Face(Rig& rig) {
     const Session& s = rig.S();
     std::string face = PanelOf(s).m_f1_text + "|" + PanelOf(s).m_f2_text + "|" + PanelOf(s).m_fIM_text + "|" +
                        PanelOf(s).m_ReadingText + "|" + PanelOf(s).m_WorstFreqText + "|" +
-                       PanelOf(s).m_WorstLevelText + "|" + std::to_string(s.curve.verdict.Value()) + "|" +
+                       PanelOf(s).m_WorstLevelText + "|" +
+                       std::to_string(static_cast<int>(s.curve.ShownVerdict())) + "|" +
                        std::to_string(s.curve.NextPoint());
     for (std::size_t i = 0; i < CurvePoints; ++i)
         if (s.curve.Up()[i] != 0.0f || s.curve.Down()[i] != 0.0f)
@@ -53,8 +54,8 @@ TEST(Stop, InEveryShapeAndPhase) {
             if (!panel.m_WorstFreqText.empty()) {
                 EXPECT_EQ(panel.m_fIM_text, panel.m_WorstFreqText);
             }
-            EXPECT_EQ(rig.S().curve.verdict.Value(),
-                      rig.S().curve.HoldsPoints() ? VerdictPassed : VerdictNone);
+            EXPECT_EQ(rig.S().curve.ShownVerdict(),
+                      rig.S().curve.HoldsPoints() ? Verdict::Passed : Verdict::None);
             const std::string face = Face(rig);
             rig.time.RunFor(1500);
             EXPECT_EQ(Joined(rig.Sent()), c.farewell);
@@ -89,7 +90,7 @@ TEST(Start, ButtonPressedTwiceLeavesNothingOn) {
         rig.time.RunFor(10000);
         EXPECT_FALSE(rig.S().run.IsOn());
         ASSERT_TRUE(rig.Measure());
-        EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
     }
 }
 
@@ -217,7 +218,7 @@ TEST(Start, WhatAFileHasChangedIsToldToTheInstrumentFirst) {
     EXPECT_NE(told.find("#USEID5 "), std::string::npos) << told;
     EXPECT_EQ(rig.instrument.Band()->txLow, 1805);
     EXPECT_EQ(rig.S().run.Record().band, BandDcs);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
 
     rig.S().working.SelectBand(BandTetra390); // RT-DB22 does not carry it
     const float first = rig.S().curve.Up()[0];

@@ -77,7 +77,7 @@ TEST(Sweep, PanelAndReportOfARun) {
     EXPECT_EQ(panel.m_ReadingText, panel.m_WorstLevelText);
     EXPECT_EQ(panel.m_fIM_text, panel.m_WorstFreqText);
     EXPECT_EQ(panel.m_f2_text, "960.0");
-    EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
     const RunRecord& record = rig.S().run.Record();
     EXPECT_EQ(record.method, ModeSweep);
     EXPECT_EQ(record.plan.f1Stop, 937.0f);
@@ -118,7 +118,7 @@ TEST(Sweep, EveryStepLandsAtItsPlace) {
         EXPECT_EQ(static_cast<int>(heard.up.size()), c.up);
         EXPECT_EQ(static_cast<int>(heard.down.size()), c.down);
         ExpectCurveIsWhatWasHeard(rig, from, OrderOf(c.imIndex), UsesUpperProduct(c.band));
-        EXPECT_EQ(rig.S().curve.verdict.Value() >= VerdictFailed, true);
+        EXPECT_NE(rig.S().curve.ShownVerdict(), Verdict::None);
     }
 }
 

@@ -48,7 +48,7 @@ TEST(TwoTone, PointsAreTheLevelsOnTheLineWithBothCorrections) {
     EXPECT_EQ(record.model + "/" + record.serial, "RT-DB22/SIM01");
     EXPECT_EQ(record.power.tone1 + record.power.tone2, "0043000430");
     EXPECT_EQ(record.plan.f1, 935.0f);
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
 }
 
 TEST(TwoTone, DbcShowsLevelsBelowTheCarrierAndStoresThemInDbm) {
@@ -67,7 +67,7 @@ TEST(TwoTone, DbcShowsLevelsBelowTheCarrierAndStoresThemInDbm) {
     EXPECT_LT(curve.MaxUp().level, -95.0f);
     EXPECT_GT(curve.MaxUp().level, -150.0f);
     EXPECT_NEAR(std::stof(PanelOf(rig.S()).m_WorstLevelText), curve.MaxUp().level - 43.0f, 0.051);
-    EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
 }
 
 /// Time per point and count of points by length of the run, width of the plot and speed of the line.
@@ -93,7 +93,7 @@ TEST(TwoTone, LengthOfARun) {
         EXPECT_EQ(curve.NextPoint(), c.points);
         EXPECT_NE(curve.Up()[static_cast<std::size_t>(c.points) - 1], 0.0f);
         EXPECT_NEAR(static_cast<double>(rig.time.NowMs() - begin), (c.points + 1.0) * c.perPoint, 150.0);
-        EXPECT_EQ(curve.verdict.Value(), VerdictPassed);
+        EXPECT_EQ(curve.ShownVerdict(), Verdict::Passed);
     }
 }
 

@@ -26,12 +26,12 @@ TEST(Verdict, LimitIsExceededByMoreThanAHundredth) {
         static constexpr struct {
             float below;
             bool alarmOff, dbc;
-            int verdict;
+            Verdict verdict;
         } Cases[] = {
-            {0.0f, false, false, VerdictPassed},  {0.01f, false, false, VerdictPassed},
-            {0.02f, false, false, VerdictFailed}, {0.01f, false, true, VerdictPassed},
-            {0.02f, false, true, VerdictFailed},  {20.0f, true, false, VerdictPassed},
-            {-0.1f, false, false, VerdictPassed},
+            {0.0f, false, false, Verdict::Passed},  {0.01f, false, false, Verdict::Passed},
+            {0.02f, false, false, Verdict::Failed}, {0.01f, false, true, Verdict::Passed},
+            {0.02f, false, true, Verdict::Failed},  {20.0f, true, false, Verdict::None},
+            {-0.1f, false, false, Verdict::Passed},
         };
         for (const auto& c : Cases) {
             SCOPED_TRACE(std::to_string(c.below) + " below " + std::to_string(highest) +
@@ -44,7 +44,7 @@ TEST(Verdict, LimitIsExceededByMoreThanAHundredth) {
             curve.limit.Take(highest - c.below - (c.dbc ? curve.scale.Carrier() : 0.0f));
             ASSERT_TRUE(rig.Measure());
             ASSERT_EQ(Highest(curve), highest);
-            EXPECT_EQ(curve.verdict.Value(), c.verdict);
+            EXPECT_EQ(curve.ShownVerdict(), c.verdict);
         }
     }
 }
@@ -64,7 +64,7 @@ TEST(Verdict, LastPointCountsLikeAnyOther) {
             rig.instrument.FeedSignal(-60);
             ASSERT_TRUE(rig.RunUntilRunIsOver());
             EXPECT_GT(Highest(rig.S().curve), -61.0f);
-            EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictFailed);
+            EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Failed);
             EXPECT_NEAR(std::stof(PanelOf(rig.S()).m_WorstLevelText), -60.0f, 0.5f);
             if (mode == ModeSweep) {
                 EXPECT_EQ(PanelOf(rig.S()).m_WorstFreqText, "904.0");
@@ -82,7 +82,7 @@ TEST(Verdict, OneRunAboveTheLimitFailsAllRuns) {
     ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.Run() == 1; }, 60000));
     rig.instrument.FeedSignal({});
     ASSERT_TRUE(rig.RunUntilRunIsOver());
-    EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictFailed);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Failed);
     EXPECT_NEAR(std::stof(PanelOf(rig.S()).m_WorstLevelText), -60.0f, 0.5f);
 }
 
@@ -91,14 +91,12 @@ TEST(Verdict, OneRunAboveTheLimitFailsAllRuns) {
 TEST(Verdict, ErrorRepliesAndTheRunAfter) {
     static constexpr struct {
         sim::FaultKind kind;
-        int verdict;
-    } Cases[] = {{sim::FaultKind::SyntaxError, VerdictSyntaxError},
-                 {sim::FaultKind::OutOfRange, VerdictOutOfRange},
-                 {sim::FaultKind::Pll, VerdictPllNotLocked}};
+        int error;
+    } Cases[] = {{sim::FaultKind::SyntaxError, 2}, {sim::FaultKind::OutOfRange, 3}, {sim::FaultKind::Pll, 4}};
     for (const auto& c : Cases) {
         for (const int mode : {ModeTwoTone, ModeSweep}) {
             for (const int at : {0, 3, 20, 50}) { // during the start, in the up half, in the down half
-                SCOPED_TRACE(std::to_string(c.verdict) + " mode " + std::to_string(mode) + " at " +
+                SCOPED_TRACE(std::to_string(c.error) + " mode " + std::to_string(mode) + " at " +
                              std::to_string(at));
                 Rig rig;
                 ASSERT_TRUE(rig.ReadyFor(mode, 1));
@@ -110,10 +108,11 @@ TEST(Verdict, ErrorRepliesAndTheRunAfter) {
                 if (mode == ModeTwoTone) {
                     EXPECT_LT(rig.S().curve.NextPoint(), 52);
                 }
-                EXPECT_EQ(rig.S().curve.verdict.Value(), c.verdict);
+                EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Error);
+                EXPECT_EQ(rig.S().curve.Facts().error, c.error);
                 rig.S().curve.limit.Take(-90);
                 ASSERT_TRUE(rig.Measure());
-                EXPECT_EQ(rig.S().curve.verdict.Value(), VerdictPassed);
+                EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
                 const std::size_t points = OnGrid(rig.S().curve, std::span(rig.S().curve.Up())).size();
                 EXPECT_EQ(mode == ModeSweep ? static_cast<int>(points) : rig.S().curve.NextPoint(),
                           mode == ModeSweep ? 13 : 52);

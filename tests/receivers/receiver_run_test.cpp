@@ -86,14 +86,14 @@ TEST(ReceiverRun, InternAndExternHearTheSameDevice) {
         ASSERT_TRUE(r.ReadyFor(method));
         ASSERT_TRUE(r.rig.Measure());
         const auto external = OnGrid(r.S().curve, std::span(r.S().curve.Up()));
-        const float worst = r.S().curve.WorstLevel();
-        EXPECT_EQ(r.S().curve.verdict.Value(), VerdictPassed);
+        const float worst = r.S().curve.WorstLevel().value_or(0);
+        EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::Passed);
         EXPECT_EQ(r.S().run.Record().receiver, "QOR,SIM-ANALYSER,SIM01,1.0");
         r.rig.program.Receiver().UseInternal();
         ASSERT_TRUE(r.rig.RunUntilIdle());
         ASSERT_TRUE(r.rig.Measure());
         EXPECT_EQ(r.S().run.Record().receiver, "");
-        EXPECT_NEAR(r.S().curve.WorstLevel(), worst, 1.0f);
+        EXPECT_NEAR(r.S().curve.WorstLevel().value_or(0), worst, 1.0f);
         for (const auto& [place, level] : OnGrid(r.S().curve, std::span(r.S().curve.Up())))
             EXPECT_NEAR(level, external.at(place), 1.5f) << place;
     }
@@ -118,7 +118,7 @@ TEST(ReceiverRun, ALostReceiverEndsTheRunAndIsAskedAboutOnce) {
             else
                 r.visa.gone = true;
             ASSERT_TRUE(r.rig.RunUntilRunIsOver(60000));
-            EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+            EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::None);
             r.rig.time.RunFor(5000);
             EXPECT_EQ(
                 r.rig.user.questions,
@@ -145,7 +145,7 @@ TEST(ReceiverRun, WhatWasOverTheLimitHasFailedWhoeverIsLost) {
     r.rig.time.RunFor(3500);
     r.visa.gone = true;
     ASSERT_TRUE(r.rig.RunUntilRunIsOver(60000));
-    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictFailed);
+    EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::Failed);
 }
 
 /// A connection that is cut once costs a level, and the receiver is set up again before the next one counts.
@@ -155,9 +155,9 @@ TEST(ReceiverRun, ACutConnectionIsRepairedWithinTheRun) {
     r.receiver.Add({sim::ReceiverFault::Kind::Cut, 60});
     r.visa.texts.clear();
     ASSERT_TRUE(r.rig.Measure());
-    const RunTally& tally = r.S().run.Tally();
-    EXPECT_EQ(tally.Asked() - tally.Taken(), 1);
-    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+    const RunFacts tally = r.S().curve.Facts();
+    EXPECT_EQ(tally.asked - tally.taken, 1);
+    EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::None);
     EXPECT_TRUE(r.rig.user.questions.empty());
     const std::string texts = Joined(r.visa.texts);
     const std::size_t again = texts.find("*IDN? FREQUENCY:CENTER 910000000Hz");
@@ -199,16 +199,16 @@ TEST(ReceiverRun, TheSensorHasNoVerdictBelowItsFloor) {
     ReceiverRig r(sim::ReceiverKind::Nrp, true);
     ASSERT_TRUE(r.ReadyFor(ModeTwoTone));
     ASSERT_TRUE(r.rig.Measure());
-    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictPassed); // -80 dBm, the limit is -30
-    EXPECT_EQ(r.S().curve.WorstLevel(), -80.0f);
+    EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::Passed); // -80 dBm, the limit is -30
+    EXPECT_EQ(r.S().curve.WorstLevel().value_or(0), -80.0f);
     r.S().curve.limit.Take(-97.0f);
     ASSERT_TRUE(r.rig.Measure());
-    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::None);
     EXPECT_TRUE(r.rig.user.WasTold("unter -73 dBm"));
     r.sensor.gone = true;
     r.S().curve.limit.Take(-30.0f);
     ASSERT_TRUE(r.rig.Measure());
-    EXPECT_EQ(r.S().curve.verdict.Value(), VerdictNone);
+    EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::None);
     EXPECT_FALSE(r.S().receiver.IsThere());
     EXPECT_TRUE(r.rig.user.questions.empty());
 }

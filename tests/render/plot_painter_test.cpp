@@ -72,8 +72,7 @@ struct Screen {
         return painter.Update(*curve, plot, facts, ratio);
     }
     void BeginSweep(std::size_t steps) {
-        curve->Clear(Curve::Content::Runs);
-        curve->Clear(Curve::Content::Levels);
+        curve->Clear();
         curve->SetGrid(test::EvenGrid(890, 1, steps), 1);
     }
 };
@@ -153,8 +152,8 @@ public:
             curve.ShowRun(Any(0, 2) ? 0 : Any(1, curve.Run() + 1));
             break;
         case 3:
-            curve.verdict.Take(std::array{VerdictNone, VerdictOverLimit, VerdictOutOfRange, VerdictFailed,
-                                          VerdictPassed}[static_cast<std::size_t>(Any(0, 4))]);
+            curve.tally.NoteError(std::max(Any(-8, 4), 0));
+            curve.tally.EndWithin(static_cast<RunEnd>(Any(0, 3)), {Any(0, 3), 2}, 0, false);
             break;
         case 4:
             screen.facts.marks = {{Any(0, 2), Any(0, 1) == 1, Any(0, 700), Any(0, 400), Any(0, 1) == 1,
@@ -163,7 +162,7 @@ public:
         case 5:
             if (Any(0, 1)) {
                 curve.WatchWorst();
-                curve.NoteShown(std::to_string(Any(-120, -60)));
+                curve.NoteShown(static_cast<float>(Any(-120, -60)));
             }
             break;
         case 6:
@@ -172,7 +171,7 @@ public:
             if (sweep) {
                 curve.Update(true);
                 curve.EndRun();
-                curve.Clear(Curve::Content::Levels);
+                curve.BeginSweep();
                 for (int i = Any(0, 30); i > 0; --i)
                     TakePoint(curve, true);
                 m_Next = 0;

@@ -6,6 +6,7 @@
 #include "results/report/paper.h"
 #include "results/report/report_maker.h"
 #include "support/application.h"
+#include "support/curves.h"
 #include "support/temp_dir.h"
 
 #include <QBuffer>
@@ -46,7 +47,7 @@ struct Bench {
             curve->Add(-100.0f - static_cast<float>(i));
         curve->Update(true);
         curve->SearchMaxima();
-        curve->verdict.Take(VerdictPassed);
+        test::Complete(*curve);
         subject.plot.facts.power1 = subject.plot.facts.power2 = 43;
         subject.document.limit = -90.0f;
     }

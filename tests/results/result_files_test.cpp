@@ -2,6 +2,7 @@
 #include "desk/level_unit.h"
 #include "results/data_file.h"
 #include "results/read_document.h"
+#include "support/curves.h"
 #include "support/full_disk.h"
 #include "support/rig.h"
 
@@ -47,22 +48,23 @@ struct Bench : Rig {
         s.results.device.EnterSerial("A17");
         s.curve.scale.SetUnit(dbc);
         s.curve.limit.Take(dbc ? -133.0f : -90.0f);
-        s.curve.verdict.Take(VerdictPassed);
         program.Stores().Write("Add_comments.ccz", "first line\r\nsecond");
         if (mode == ModeTwoTone) {
             s.curve.SetLength(500);
             for (std::size_t i = 0; i < 6; ++i)
                 s.curve.Put(i, -100.25f - static_cast<float>(i));
+            test::Complete(s.curve);
             return;
         }
         BuildSweepGrid(s.curve, BandEgsm, CoefficientsOf(imIndex), *StartPlan(BandEgsm, imIndex, 0));
         for (std::size_t i = 0; i < s.curve.Steps(); i += i % 3 + 1) // some are not measured
             s.curve.Put(i, -100.5f - static_cast<float>(i));
         s.curve.Put(0, -97.75f, CurveSide::Down);
+        test::Complete(s.curve);
     }
     void Ran() {
         S().run.Begin(record);
-        S().run.EndByItself();
+        S().run.End();
     }
     bool Save(const std::string& name) { return Done(program.Files().DataSave(dir / name)); }
     bool Show(const std::string& name) { return Done(program.Show().CurrentShow(dir / name)); }
@@ -170,13 +172,13 @@ void SaveAndShow(int mode, int imIndex, bool dbc, const std::string& name) {
     EXPECT_EQ(s.results.device.Serial(), "A17");
     EXPECT_EQ(s.link.identity.Serial(), "99999") << "a file says nothing about the instrument";
     EXPECT_EQ(s.curve.Run(), 0);
-    EXPECT_EQ(s.curve.verdict.Value(), VerdictPassed);
+    EXPECT_EQ(s.curve.ShownVerdict(), Verdict::Passed);
     const ResultDocument& shown = *s.results.loaded.Document();
     EXPECT_EQ(BandName(shown), "EGSM 900");
     EXPECT_EQ(shown.model + "/" + shown.serial, "RT-DB22/SIM01");
     EXPECT_EQ(DateText(shown), "2026-03-07 09:05");
     EXPECT_EQ(shown.power2, 43.0f);
-    const bool genuine = s.curve.WorstText().find("invalid for official report") == std::string::npos;
+    const bool genuine = s.curve.FileName().find("invalid for official report") == std::string::npos;
     EXPECT_EQ(genuine, name == "run.dat");
 
     ASSERT_TRUE(loaded.Save("again" + name));
@@ -199,7 +201,7 @@ TEST(ResultFiles, TheCurveShownIsJudgedByTheLimitOfItsFile) {
     bench.S().curve.limit.Take(-100.3f);
     ASSERT_TRUE(bench.Save("run.dat"));
     ASSERT_TRUE(bench.Show("run.dat"));
-    EXPECT_EQ(bench.S().curve.verdict.Value(), VerdictOverLimit);
+    EXPECT_EQ(bench.S().curve.ShownVerdict(), Verdict::Failed);
     EXPECT_EQ(PanelOf(bench.S()).m_WorstLevelText, "-100.2");
     EXPECT_EQ(PanelOf(bench.S()).m_WorstFreqText, "910.0");
     EXPECT_EQ(bench.S().curve.TimePerPoint(), 100);
@@ -210,30 +212,30 @@ TEST(ResultFiles, AFileIsJudgedOverAllItsRowsAndComesBackNoBetterThanItWas) {
     Bench wide;
     Curve& was = wide.S().curve;
     was.SetLength(79400); // 795 points
-    was.Clear(Curve::Content::Levels);
+    was.Clear();
     for (std::size_t i = 0; i < 795; ++i)
         was.Put(i, -100.5f);
     was.Put(700, -80.0f);
-    was.verdict.Take(VerdictFailed);
+    test::Complete(was);
     ASSERT_TRUE(wide.Save("long.dat"));
 
     Bench narrow;
     narrow.S().curve.scale.SetWidth(600);
     narrow.Put("long.dat", FileText(wide.dir / "long.dat"));
     ASSERT_TRUE(narrow.Show("long.dat"));
-    EXPECT_EQ(narrow.S().curve.verdict.Value(), VerdictOverLimit);
+    EXPECT_EQ(narrow.S().curve.ShownVerdict(), Verdict::Failed);
     EXPECT_EQ(PanelOf(narrow.S()).m_WorstLevelText, "-80.0");
     ASSERT_TRUE(narrow.Save("again.dat"));
     EXPECT_EQ(FileText(narrow.dir / "again.dat"), FileText(wide.dir / "long.dat"));
 
-    for (const Verdict verdict : {VerdictNone, VerdictSyntaxError, VerdictOutOfRange,
-                                  VerdictPllNotLocked}) { // cut short, or ended by an error of the instrument
+    for (const int error : {0, 2, 3, 4}) { // cut short, or ended by an error of the instrument
         Bench cut;
-        cut.S().curve.verdict.Take(verdict);
+        cut.S().curve.tally.EndWithin(RunEnd::CutShort, {6, 0}, 0, false);
+        cut.S().curve.tally.NoteError(error);
         ASSERT_TRUE(cut.Save("cut.txt"));
-        cut.S().curve.verdict.Take(VerdictPassed);
         ASSERT_TRUE(cut.Show("cut.txt"));
-        EXPECT_EQ(cut.S().curve.verdict.Value(), verdict);
+        EXPECT_EQ(cut.S().curve.Facts().error, error);
+        EXPECT_EQ(cut.S().curve.ShownVerdict(), error == 0 ? Verdict::None : Verdict::Error);
         ASSERT_TRUE(cut.Save("again.txt"));
         EXPECT_EQ(FileText(cut.dir / "again.txt"), FileText(cut.dir / "cut.txt"));
     }
@@ -294,13 +296,13 @@ std::string Everything(const Session& s) {
     std::string text = PanelOf(s).m_Band_sel + '|' + PanelOf(s).m_IM_sel + '|' + PanelOf(s).m_Mode_sel + '|' +
                        PanelOf(s).m_f1_text + '|' + PanelOf(s).m_f2_text + '|' + PanelOf(s).m_WorstFreqText +
                        '|' + PanelOf(s).m_WorstLevelText + '|' + PanelOf(s).m_AlarmText + '|' +
-                       s.results.device.Serial() + '|' + s.curve.WorstText() + '|' + s.working.Power1() +
+                       s.results.device.Serial() + '|' + s.curve.FileName() + '|' + s.working.Power1() +
                        s.working.Power2();
     if (s.results.loaded.IsShown())
         text += '|' + FormatResult(*s.results.loaded.Document());
     for (const int number :
          {s.working.Band(), s.working.ImIndex(), s.working.Method(), s.curve.scale.InDbc() ? 1 : 0,
-          s.curve.IsFromFile() ? 1 : 0, s.curve.Run(), static_cast<int>(s.curve.verdict.Value()),
+          s.curve.IsFromFile() ? 1 : 0, s.curve.Run(), static_cast<int>(s.curve.ShownVerdict()),
           s.curve.Length(), s.curve.TimePerPoint()})
         text += '|' + std::to_string(number);
     for (const std::span<const float> levels :
@@ -392,7 +394,7 @@ TEST(ResultFiles, ASaveThatFailsSaysWhyAndLeavesTheDiskAsItWas) {
         << "nobody writes there, root neither";
     EXPECT_TRUE(bench.user.WasTold("Speichern file misserfolg\n/proc/run.dat: "));
     const auto levels = bench.S().curve.Up();
-    bench.S().curve.Clear(Curve::Content::Levels);
+    bench.S().curve.Clear();
     refused("run.dat", "Keine Messpunkte zum Speichern!");
     for (std::size_t i = 0; i < levels.size(); ++i)
         bench.S().curve.Put(i, levels[i]);

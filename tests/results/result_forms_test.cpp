@@ -111,7 +111,7 @@ TEST(ResultForms, ASheetIsJudgedByTheLimitInForce) {
     ASSERT_TRUE(rig->program.Show().CurrentShow(rig->dir / "strict.dat"));
     ASSERT_TRUE(rig->program.Show().CurrentShow(rig->dir / "run.xls"));
     EXPECT_EQ(PanelOf(rig->S()).m_AlarmText, "-100.5");
-    EXPECT_EQ(rig->S().curve.verdict.Value(), VerdictOverLimit);
+    EXPECT_EQ(rig->S().curve.ShownVerdict(), Verdict::Failed);
     EXPECT_FALSE(rig->S().results.loaded.Document()->limit);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/visa.h"
 #include "platform/wire_log.h"
 #include "sim/simulated_port.h"
+#include "support/curves.h"
 #include "support/doubles.h"
 #include "support/temp_dir.h"
 #include "support/virtual_time.h"
@@ -75,7 +76,8 @@ public:
         record.plan = StartPlan(band, 1, 0).value_or(FrequencyPlan{});
         S().working.SelectBand(band);
         S().run.Begin(record);
-        S().run.EndByItself();
+        S().run.End();
+        Complete(S().curve);
     }
     /// Ready to measure EGSM by the method, for so long in 2-tone.
     bool ReadyFor(int method, int seconds = 5) {

@@ -17,13 +17,13 @@ public:
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
     void LetLive() override;
 
+    [[nodiscard]] Answer AskOrCancel(std::string_view, std::string_view) override { return Answer::Yes; }
+
     /// A line beside the messages.
     void Notice(std::string_view text);
     /// Replaces the progress line; nothing on a pipe.
     void ShowProgress(const std::string& line);
     void EndProgress();
-
-    [[nodiscard]] const std::string& LastMessage() const { return m_Last; }
 
 private:
     bool m_Terminal;

@@ -3,7 +3,6 @@
 #include "bands/catalogue.h"
 #include "base/atomic_write.h"
 #include "base/text_format.h"
-#include "desk/level_unit.h"
 #include "desk/panel.h"
 #include "desk/shown_page.h"
 #include "platform/serial_control.h"
@@ -21,23 +20,27 @@ constexpr int IdentityLimitMs = 12000;
 /// The last commands of a run are answered well before this.
 constexpr int DrainLimitMs = 3000;
 
-const char* ErrorWords(int verdict) {
-    switch (verdict) {
-    case VerdictSyntaxError:
+const char* ErrorWords(const RunFacts& facts) {
+    switch (facts.error) {
+    case 2:
         return "ERR0 - SYNTAX ERROR";
-    case VerdictOutOfRange:
+    case 3:
         return "ERR1 - Parameter out of limits.";
     default:
         return "ERR2 - PLL not locket.";
     }
 }
 
+std::string PointsOf(const RunFacts& facts) {
+    return std::to_string(facts.taken) + " of " + std::to_string(facts.asked) + " points";
+}
+
 } // namespace
 
 Job::Job(Program& program, const Options& options, Console& console, const WireLog& wire,
          std::function<bool()> stopAsked, std::function<void()> finished)
-    : m_Program(program), m_Options(options), m_Console(console), m_Wire(wire),
-      m_StopAsked(std::move(stopAsked)), m_Finished(std::move(finished)) {
+    : m_Program(program), m_Commands(program, m_Dialogs), m_Options(options), m_Console(console),
+      m_Wire(wire), m_StopAsked(std::move(stopAsked)), m_Finished(std::move(finished)) {
     QObject::connect(&m_Timer, &QTimer::timeout, [this] { Look(); });
 }
 
@@ -170,11 +173,10 @@ void Job::Choose() {
 
 Outcome Job::SelectAll() {
     Session& session = m_Program.State();
-    Selection& select = m_Program.Select();
     const std::string band(BandText(m_Options.band));
     if (session.working.Band() == m_Options.band && m_Program.Instrument().StandsElsewhere())
         static_cast<void>(m_Program.Instrument().SelectBand(m_Options.band));
-    if (session.working.Band() != m_Options.band && !select.SelectBand(m_Options.band)) {
+    if (session.working.Band() != m_Options.band && !m_Commands.Try("band", m_Options.band)) {
         return Outcome::Refused("Band " + band + " is not carried by " + session.link.identity.ModelName() +
                                 " with firmware " +
                                 Fixed(static_cast<double>(session.link.identity.Firmware()), 1) + ".");
@@ -188,14 +190,16 @@ Outcome Job::SelectAll() {
                                 " measurement by this method.");
     }
     if (session.working.ImIndex() != m_Options.imIndex) {
-        if (Outcome order = select.SelectOrder(m_Options.imIndex); !order)
+        if (Outcome order = m_Commands.Try("order", m_Options.imIndex); !order)
             return order;
     }
-    if (Outcome method = select.SelectMethod(m_Options.method); !method)
-        return method;
-    if (Outcome path = select.SelectPath(m_Options.path); !path)
+    if (Outcome path = m_Commands.Try("path", m_Options.path); !path)
         return path;
-    return SetLevelUnit(m_Options.dbc, session, m_Program.Stores());
+    if (session.curve.scale.InDbc() != m_Options.dbc) {
+        if (Outcome unit = m_Commands.Try("unit"); !unit)
+            return unit;
+    }
+    return m_Commands.Try("method", m_Options.method); // a spectrum begins with its choice
 }
 
 /// The choice has to be with the instrument before the run begins.
@@ -203,53 +207,67 @@ void Job::Settle() {
     Session& session = m_Program.State();
     if (ContactWasLost())
         return Finish(NoInstrument, "Contact with the instrument was lost.");
+    if (session.run.IsOn() || session.run.IsWaiting()) {
+        m_Phase = Phase::Measure;
+        return;
+    }
     if (!m_Program.LineIsIdle())
         return;
-    if (session.curve.verdict.IsError())
-        return Finish(InstrumentError, ErrorWords(session.curve.verdict.Value()));
-    m_Program.OnMeasButton();
-    if (!session.run.IsOn())
+    if (const RunFacts facts = MeasuredFacts(session); facts.error != 0)
+        return Finish(InstrumentError, ErrorWords(facts));
+    if (const Outcome started = m_Commands.Try("start_stop"); !started)
         return Finish(m_Options.external && !session.receiver.IsThere() ? NoInstrument : BadRequest,
-                      m_Console.LastMessage());
+                      started.Text());
     m_Phase = Phase::Measure;
 }
 
 void Job::Watch() {
     const Session& session = m_Program.State();
-    const Curve& curve = session.curve;
+    const RunFacts facts = MeasuredFacts(session);
     if (ContactWasLost())
-        return Finish(NoInstrument, "Contact with the instrument was lost after " +
-                                        std::to_string(PointsIn(session)) + " points.");
-    if (curve.verdict.IsError())
-        return Finish(InstrumentError, ErrorWords(curve.verdict.Value()));
+        return Finish(NoInstrument, "Contact with the instrument was lost after " + PointsOf(facts) + ".");
+    if (facts.error != 0)
+        return Finish(InstrumentError, ErrorWords(facts));
+    if (session.run.IsWaiting())
+        return;
+    if (session.run.StartFail() != StartDone)
+        return Finish(BadRequest, "The start was refused.");
     if (session.run.IsOn() && session.working.Method() == ModeSpectrum && session.run.Passes() > 0)
-        m_Program.StopMeas(); // it would repeat until stopped: one pass is one measurement
+        EndSpectrum();
     if (!session.run.IsOn()) {
-        m_Outcome.measured = true;
         m_InPhase.restart();
         m_Phase = Phase::Drain;
         return;
     }
     const Panel panel = PanelOf(session);
-    m_Console.ShowProgress(std::to_string(PointsIn(session)) + " points, now " + panel.m_ReadingText +
-                           ", worst " + panel.m_WorstLevelText + " " + panel.unit);
+    m_Console.ShowProgress("now " + panel.m_ReadingText + ", worst " + panel.m_WorstLevelText + " " +
+                           panel.unit);
+}
+
+/// It would repeat until stopped: one pass is one measurement, if it has every level.
+void Job::EndSpectrum() {
+    if (MeasuredFacts(m_Program.State()).IsComplete())
+        m_Program.StopMeas();
+    else
+        m_Program.CutRunShort();
 }
 
 void Job::Drain() {
     if (!m_Program.LineIsIdle() && !ContactWasLost() && m_InPhase.elapsed() < DrainLimitMs)
         return;
-    const int verdict = m_Program.State().curve.verdict.Value();
-    if (IsInstrumentError(verdict))
-        return Finish(InstrumentError, ErrorWords(verdict));
+    const RunFacts facts = MeasuredFacts(m_Program.State());
+    const Verdict verdict = Judge(facts);
+    if (verdict == Verdict::Error)
+        return Finish(InstrumentError, ErrorWords(facts));
     m_Console.EndProgress();
     SaveFiles();
     if (!m_Outcome.message.empty())
         return Finish(FileFailed, m_Outcome.message);
-    if (verdict == VerdictPassed || verdict == VerdictFailed)
-        return Finish(verdict == VerdictPassed ? Passed : LimitExceeded);
+    if (verdict != Verdict::None)
+        return Finish(verdict == Verdict::Passed ? Passed : LimitExceeded);
     const bool lost = m_Options.external && !m_Program.State().receiver.IsThere();
     Finish(NoInstrument, lost ? "The receiver was lost before the measurement was complete."
-                              : "The measurement is not complete.");
+                              : "No verdict: " + PointsOf(facts) + " could be read.");
 }
 
 void Job::SaveFiles() {
@@ -276,14 +294,17 @@ void Job::KeepWire() {
 
 void Job::Finish(ExitStatus status, std::string message) {
     m_Console.EndProgress();
+    if (m_Program.State().run.IsOn())
+        m_Program.CutRunShort();
     m_Outcome.status = status;
     m_Outcome.message = std::move(message);
     if (status == NoInstrument && m_Program.State().link.connection.Losses() > 0)
         KeepWire();
+    // A level over the limit has been seen, whatever came afterwards.
+    if (status == NoInstrument && Judge(MeasuredFacts(m_Program.State())) == Verdict::Failed)
+        m_Outcome.status = LimitExceeded;
     if (!m_Outcome.message.empty())
         m_Console.Message(m_Outcome.message);
-    if (m_Program.State().run.IsOn())
-        m_Program.StopMeas();
     m_Phase = Phase::Exit;
     m_Program.SetQuit([this](int) {
         m_Timer.stop();

@@ -3,6 +3,8 @@
 #include "apps/measure/console.h"
 #include "apps/measure/options.h"
 #include "apps/measure/outcome.h"
+#include "desk/commands.h"
+#include "desk/dialogs.h"
 #include "desk/program.h"
 #include "platform/wire_log.h"
 
@@ -36,6 +38,7 @@ private:
     void Choose();
     void Settle();
     void Watch();
+    void EndSpectrum();
     void Drain();
     Outcome SelectAll();
     void ApplySettings();
@@ -46,7 +49,14 @@ private:
     [[nodiscard]] double ExpectedSeconds() const;
     [[nodiscard]] bool ContactWasLost() const;
 
+    /// A call has nobody to fill a dialog in.
+    class NoDialogs final : public Dialogs {
+        bool Open(std::string_view, int) override { return false; }
+    };
+
     Program& m_Program;
+    NoDialogs m_Dialogs;
+    Commands m_Commands;
     const Options& m_Options;
     Console& m_Console;
     const WireLog& m_Wire;

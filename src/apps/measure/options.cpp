@@ -20,9 +20,10 @@ constexpr int LongestSeconds = 2147483;
 void AddOptions(QCommandLineParser& parser) {
     parser.setApplicationDescription(
         "Makes one PIM measurement and tells its verdict by the exit status:\n"
-        "0 passed, 1 limit exceeded, 2 the instrument answered with an error, 3 no instrument or receiver,\n"
-        "contact lost or time up, 4 bad arguments or not carried by this instrument, 5 a file could not be "
-        "written.");
+        "0 passed, 1 limit exceeded, 2 the instrument answered with an error, 3 no verdict: no instrument "
+        "or\n"
+        "receiver, contact lost, time up or levels missing, 4 bad arguments or not carried by this\n"
+        "instrument, 5 a file could not be written.");
     parser.addOptions({
         {{"h", "help"}, "Show this help."},
         {{"v", "version"}, "Show the version."},
@@ -139,6 +140,8 @@ void ReadSelection(Reader& reader, Options& options) {
     options.band = band.value_or(0);
     options.imIndex = reader.Choice("order", {"IM3", "IM5", "IM7", "IM9", "IM11"}) + 1;
     options.method = reader.Choice("method", {"2tone", "sweep", "spectrum"}) + 1;
+    if (options.method == ModeSpectrum && options.imIndex != 1)
+        reader.Fail("--method spectrum measures IM3, not " + reader.Text("order") + ".");
     options.path = reader.Choice("path", {"reflection", "transmission"}) + 1;
     options.dbc = reader.Choice("unit", {"dbm", "dbc"}) == 1;
     options.seconds = reader.Whole("seconds", 1, LongestSeconds);

@@ -16,19 +16,9 @@ namespace qor::app {
 
 namespace {
 
-const char* VerdictWord(const CallResult& outcome, const Session* session) {
-    if (outcome.status == InstrumentError)
-        return "error";
-    if (!outcome.measured || !session)
-        return "none";
-    switch (session->curve.verdict.Value()) {
-    case VerdictPassed:
-        return "passed";
-    case VerdictFailed:
-        return "failed";
-    default:
-        return "none";
-    }
+const char* VerdictWord(const Session* session) {
+    static constexpr const char* Words[] = {"none", "passed", "failed", "error"};
+    return Words[session ? static_cast<int>(Judge(MeasuredFacts(*session))) : 0];
 }
 
 const char* MethodWord(int method) {
@@ -41,21 +31,20 @@ double Decimal(float value) {
     return std::round(static_cast<double>(value) * 100.0) / 100.0;
 }
 
-double InDbm(const Curve& curve, float shown) {
-    return Decimal(curve.scale.InDbc() ? shown + curve.scale.Carrier() : shown);
+double LimitOf(const Curve& curve) {
+    return Decimal(curve.limit.Level() + curve.scale.Reference());
 }
 
 } // namespace
 
-int PointsIn(const Session& session) {
-    const auto present = [](float level) { return level != 0.0f; };
-    const Curve& curve = session.curve;
-    return static_cast<int>(std::count_if(curve.Up().begin(), curve.Up().end(), present) +
-                            std::count_if(curve.Down().begin(), curve.Down().end(), present));
+RunFacts MeasuredFacts(const Session& session) {
+    RunFacts facts = session.curve.Facts();
+    facts.watched = true;
+    return facts;
 }
 
 std::string ToJson(const CallResult& outcome, const Options* options, const Session* session) {
-    QJsonObject object{{"verdict", VerdictWord(outcome, session)}};
+    QJsonObject object{{"verdict", VerdictWord(session)}};
     if (!outcome.message.empty())
         object["message"] = QString::fromStdString(outcome.message);
     QJsonArray files;
@@ -80,10 +69,12 @@ std::string ToJson(const CallResult& outcome, const Options* options, const Sess
         object["firmware"] = text(Fixed(static_cast<double>(link.identity.Firmware()), 1));
         if (const std::string& receiver = session->run.Record().receiver; !receiver.empty())
             object["receiver"] = QString::fromStdString(receiver);
-        object["points"] = PointsIn(*session);
-        object["limit_dbm"] = InDbm(curve, curve.limit.Level());
-        const bool worst = curve.WorstLevel() != 0.0f;
-        object["worst_level_dbm"] = worst ? QJsonValue(InDbm(curve, curve.WorstLevel())) : QJsonValue();
+        const RunFacts facts = MeasuredFacts(*session);
+        object["points"] = facts.taken;
+        object["points_asked"] = facts.asked;
+        object["limit_dbm"] = LimitOf(curve);
+        const auto worst = curve.WorstLevel();
+        object["worst_level_dbm"] = worst ? QJsonValue(Decimal(*worst)) : QJsonValue();
         object["worst_freq_mhz"] = worst ? QJsonValue(Decimal(curve.WorstFrequency())) : QJsonValue();
     }
     return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString() + "\n";
@@ -92,14 +83,14 @@ std::string ToJson(const CallResult& outcome, const Options* options, const Sess
 std::string ToText(const CallResult& outcome, const Options& options, const Session& session) {
     std::string text = std::string(BandText(options.band)) + " IM" +
                        std::to_string(OrderOf(options.imIndex)) + " " + MethodWord(options.method) + " " +
-                       (options.path == 1 ? "reflection" : "transmission") + ": " +
-                       VerdictWord(outcome, &session);
+                       (options.path == 1 ? "reflection" : "transmission") + ": " + VerdictWord(&session);
     const Curve& curve = session.curve;
-    if (curve.WorstLevel() != 0.0f)
-        text += ", worst " + Fixed(InDbm(curve, curve.WorstLevel()), 1) + " dBm at " +
+    if (const auto worst = curve.WorstLevel())
+        text += ", worst " + Fixed(static_cast<double>(*worst), 1) + " dBm at " +
                 Fixed(static_cast<double>(curve.WorstFrequency()), 1) + " MHz";
-    text += ", limit " + Fixed(InDbm(curve, curve.limit.Level()), 1) + " dBm, " +
-            std::to_string(PointsIn(session)) + " points\n";
+    const RunFacts facts = MeasuredFacts(session);
+    text += ", limit " + Fixed(LimitOf(curve), 1) + " dBm, " + std::to_string(facts.taken) + " of " +
+            std::to_string(facts.asked) + " points\n";
     for (const std::string& file : outcome.files)
         text += file + "\n";
     return text;

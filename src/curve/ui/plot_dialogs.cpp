@@ -3,6 +3,7 @@
 #include "curve/run_view.h"
 #include "desk/panel.h"
 #include "desk/program.h"
+#include "desk/tell.h"
 #include "desk/ui/form_dialog.h"
 #include "desk/ui/open_dialog.h"
 #include "desk/ui/text.h"
@@ -36,7 +37,8 @@ bool OpenPlotRange(Program& program, int /*argument*/, QWidget* parent) {
     dialog.SetAccept([&] {
         bool ok = true;
         const PlotRange chosen{dialog.NumberOf(top, ok), dialog.NumberOf(bottom, ok)};
-        return ok && ApplyPlotRange(chosen, program.State().curve, program.Parts(), program.Stores());
+        return ok &&
+               Tell(ApplyPlotRange(chosen, program.State().curve, program.Stores()), program.Parts().user);
     });
     dialog.exec();
     return true;
@@ -52,8 +54,8 @@ bool OpenAlarm(Program& program, int /*argument*/, QWidget* parent) {
     limit->selectAll();
     dialog.AddButtons("OK");
     dialog.SetAccept([&] {
-        const bool taken =
-            EnterLimit(Utf8(limit->text()), program.State(), program.Parts(), program.Stores());
+        const bool taken = Tell(EnterLimit(Utf8(limit->text()), program.State().curve, program.Stores()),
+                                program.Parts().user);
         dialog.MarkField(limit, !taken, {}, !taken);
         return taken;
     });
@@ -99,7 +101,7 @@ bool OpenRunNumber(Program& program, int /*argument*/, QWidget* parent) {
                          Tr("Bitte eine ganze Zahl eingeben, hoechstens:") + ' ' + QString::number(count),
                          !fits);
         if (fits && run != program.State().curve.ShownRun())
-            static_cast<void>(ShowRun(run, program.State()));
+            ShowRun(run, program.State().curve);
         return fits;
     });
     dialog.exec();

@@ -146,8 +146,6 @@ Outcome ApplyCompensation(std::string_view f1, std::string_view f2, Session& ses
     ClearPlot(session);
     RestorePathLoss(session, store);
     session.lossInfoShown = true;
-    session.curve.Clear(Curve::Content::Levels);
-    session.curve.Touch();
     return Outcome::Done();
 }
 

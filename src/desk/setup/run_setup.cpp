@@ -19,7 +19,8 @@ constexpr int LargestStored = 9999999;
 } // namespace
 
 RunSetup CurrentRunSetup(const Curve& curve, const RunSettings& runs) {
-    return {curve.Length() / 1000, curve.Runs(), runs.Interval(), runs.IsSaEnclosed(), runs.IsContinuous()};
+    return {curve.OwnLength() / 1000, curve.Runs(), runs.Interval(), runs.IsSaEnclosed(),
+            runs.IsContinuous()};
 }
 
 Outcome ApplyRunSetup(const RunSetup& setup, bool administrator, Curve& curve, RunSettings& runs,
@@ -29,7 +30,6 @@ Outcome ApplyRunSetup(const RunSetup& setup, bool administrator, Curve& curve, R
         taken.saEnclosed = false;
         taken.runs = 1;
         taken.interval = 0;
-        curve.WatchWorst();
     } else if (taken.saEnclosed) {
         taken.runs = 2;
         taken.interval = 0;

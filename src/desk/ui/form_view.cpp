@@ -5,6 +5,7 @@
 #include "desk/commands.h"
 #include "desk/notices.h"
 #include "desk/program.h"
+#include "desk/tell.h"
 #include "desk/ui/fit_font.h"
 #include "desk/ui/pictures.h"
 #include "desk/ui/text.h"
@@ -70,28 +71,30 @@ void Describe(QWidget* widget, std::string_view what) {
 // shown to the operator
 constexpr std::string_view VerdictWords[] = {"kein Urteil", "bestanden", "nicht bestanden", "Geraetefehler"};
 
-QString VerdictText(const Session& session) {
-    const int verdict = session.curve.verdict.Value();
-    const int n = IsInstrumentError(verdict)                                ? 3
-                  : verdict == VerdictPassed                                ? 1
-                  : verdict == VerdictFailed || verdict == VerdictOverLimit ? 2
-                                                                            : 0;
-    return Tr(VerdictWords[n]);
+QString VerdictText(const RunFacts& facts) {
+    return Tr(VerdictWords[static_cast<int>(Judge(facts))]);
 }
 
 /// The curve in a sentence, for those who cannot see it.
 QString CurveSentence(const Session& session, const Panel& panel) {
     const Curve& curve = session.curve;
-    const auto present = [](float level) { return level != 0.0f; };
-    const auto points = std::count_if(curve.Up().begin(), curve.Up().end(), present) +
-                        std::count_if(curve.Down().begin(), curve.Down().end(), present);
+    const RunFacts facts = curve.Facts();
+    const QString points = Tr(PointsPattern).arg(facts.taken).arg(facts.asked);
     const QString unit = ' ' + Plain(panel.unit);
-    QStringList parts{Tr(panel.m_Mode_sel), Tr("Punkte:") + ' ' + QString::number(points)};
+    QStringList parts{Tr(panel.m_Mode_sel), points};
     if (!panel.m_WorstLevelText.empty())
         parts << Tr("schlechtester Punkt:") + ' ' + Plain(panel.m_WorstLevelText) + unit + ' ' +
                      Plain(panel.m_WorstFreqText) + QStringLiteral(" MHz");
-    parts << Tr("Grenzwert:") + ' ' + Plain(panel.m_AlarmText) + unit << VerdictText(session);
+    parts << Tr("Grenzwert:") + ' ' + Plain(panel.m_AlarmText) + unit << VerdictText(facts);
     return parts.join(QStringLiteral(", ")) + '.';
+}
+
+/// Ready, and how much of the measurement in view is there.
+QString ReadyText(const RunFacts& facts) {
+    QString text = Tr("Bereit");
+    if (facts.IsPartial())
+        text += ", " + Tr(PointsPattern).arg(facts.taken).arg(facts.asked);
+    return text;
 }
 
 } // namespace
@@ -317,7 +320,8 @@ QString CTestSDIFormView::StateText() const {
         return Tr("Programm wird beendet");
     switch (ShownLamp()) {
     case Lamp::Ready:
-        return PanelOf(m_Program.State()).receiverMissing ? Tr("Kein Empfaenger") : Tr("Bereit");
+        return PanelOf(m_Program.State()).receiverMissing ? Tr("Kein Empfaenger")
+                                                          : ReadyText(m_Program.State().curve.Facts());
     case Lamp::Running:
         return Tr("Messung laeuft");
     case Lamp::NotReady:
@@ -338,7 +342,7 @@ void CTestSDIFormView::RefreshCells() {
     Show(m_F2, Plain(panel.m_f2_text));
     Show(m_Fim, Plain(panel.m_fIM_text));
     Show(m_Reading, Plain(panel.m_ReadingText));
-    SetFlag(m_Reading, "over", IsOverLimit(session));
+    SetFlag(m_Reading, "over", panel.overLimit);
     Show(m_ReadingUnit, Plain(panel.unit));
     if (!m_Alarm->isModified()) // typed and not yet taken, also while a menu has the keyboard
         Show(m_Alarm, Plain(panel.m_AlarmText));
@@ -430,8 +434,9 @@ void CTestSDIFormView::RefreshPlotWords() {
         return;
     m_Curve->setAccessibleDescription(sentence);
     m_Stamp->setGeometry(m_Curve->width() / 3, m_Curve->height() / 4, m_Curve->width() / 3, 40);
-    m_Stamp->setAccessibleDescription(VerdictText(session));
-    m_Stamp->setVisible(session.curve.limit.StampOn() && VerdictText(session) != Tr(VerdictWords[0]));
+    const RunFacts facts = session.curve.Facts();
+    m_Stamp->setAccessibleDescription(VerdictText(facts));
+    m_Stamp->setVisible(session.curve.limit.StampOn() && Judge(facts) != Verdict::None);
 }
 
 void CTestSDIFormView::Refresh() {
@@ -451,7 +456,8 @@ void CTestSDIFormView::TakeLimit() {
     if (!m_Alarm->isModified())
         return;
     m_Alarm->setModified(false); // a refusal's message takes the focus away and must not ask again
-    if (!EnterLimit(Utf8(m_Alarm->text()), m_Program.State(), m_Program.Parts(), m_Program.Stores())) {
+    if (!Tell(EnterLimit(Utf8(m_Alarm->text()), m_Program.State().curve, m_Program.Stores()),
+              m_Program.Parts().user)) {
         m_Alarm->setFocus(Qt::OtherFocusReason);
         m_Alarm->selectAll();
     }

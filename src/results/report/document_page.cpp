@@ -1,6 +1,5 @@
 #include "results/report/document_page.h"
 
-#include "base/text_format.h"
 #include "curve/curve.h"
 #include "results/document_curve.h"
 #include "results/read_document.h"
@@ -37,16 +36,6 @@ void Plot(const ResultDocument& document, const PageView& view, Curve& curve) {
     curve.Load(CurveOf(document));
     curve.Update(true);
     curve.SearchMaxima();
-    switch (document.verdict) {
-    case ResultVerdict::Passed:
-        return curve.verdict.Take(VerdictPassed);
-    case ResultVerdict::Failed:
-        return curve.verdict.Take(VerdictOverLimit);
-    case ResultVerdict::Error:
-        return curve.verdict.Take(static_cast<Verdict>(document.error));
-    case ResultVerdict::None:
-        return curve.verdict.Take(VerdictNone);
-    }
 }
 
 PlotFacts FactsOf(const ResultDocument& document) {
@@ -54,8 +43,6 @@ PlotFacts FactsOf(const ResultDocument& document) {
     facts.bandSelected = document.hasHead;
     facts.power1 = static_cast<double>(document.power1);
     facts.power2 = static_cast<double>(document.power2);
-    if (const auto worst = WorstOf(document))
-        facts.worstLevelText = Fixed(static_cast<double>(InUnit(document, worst->level)), 1);
     return facts;
 }
 
