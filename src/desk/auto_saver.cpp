@@ -159,12 +159,14 @@ std::string AutoSaver::Write(const Filed& filed, std::string_view ending) {
         return m_Program.Reports().WritePage(*subject, path).Text();
     }
     std::string bytes;
-    const ResultFiles& files = m_Program.Files();
+    ResultFiles& files = m_Program.Files();
     if (const Outcome formed =
             files.Forms().Write(filed.document, path, m_Program.State().results.autoSave.Templates(), bytes);
         !formed)
         return path.string() + ": " + formed.Text();
     const std::string problem = WriteAtomically(path, bytes);
+    if (problem.empty())
+        files.NoteSaved(filed.document);
     return problem.empty() ? problem : "Speichern file misserfolg\n" + problem;
 }
 

@@ -14,6 +14,8 @@ inline constexpr std::size_t LongestResultFile = std::size_t{4} << 20;
 
 /// What a mark begins with, behind its zero byte.
 inline constexpr std::string_view MarkHead = "QOR1 ";
+/// Its second line: the external receiver that measured.
+inline constexpr std::string_view MarkReceiver = "\nReceiver: ";
 
 /// The text of a result in its line-feed form, header offsets to the byte: the last run, in the document's
 /// unit.

@@ -94,6 +94,8 @@ std::string FormatRows(const ResultDocument& document) {
 /// The rows as they stand in the file would be taken for a better result than this one. Only what is read
 /// back tells: its numbers are rounded, and points may be missing that the run was judged by.
 bool FlattersItself(const std::string& text, const ResultDocument& document) {
+    if (DistanceFromPass(document) == 0)
+        return false;
     const ParsedResult back = ParseResult(text);
     return back.document && DistanceFromPass(*back.document) < DistanceFromPass(document);
 }
@@ -102,13 +104,15 @@ bool FlattersItself(const std::string& text, const ResultDocument& document) {
 
 std::string FormatResult(const ResultDocument& document) {
     std::string text = FormatRows(document);
-    if (FlattersItself(text, document)) {
+    if (FlattersItself(text, document) || !document.receiver.empty()) {
         text += '\0';
         text += MarkHead;
         text += VerdictWord(document.verdict);
         text += ' ' + std::to_string(document.pointsTaken) + ' ' + std::to_string(document.pointsAsked);
         if (document.verdict == ResultVerdict::Error)
             text += ' ' + std::to_string(document.error);
+        if (!document.receiver.empty())
+            text += std::string(MarkReceiver) + document.receiver;
     }
     return text;
 }

@@ -223,6 +223,10 @@ void ReadMark(std::string_view text, ResultDocument& document) {
     if (!text.starts_with(MarkHead))
         return;
     text.remove_prefix(MarkHead.size());
+    if (const std::size_t line = text.find(MarkReceiver); line != std::string_view::npos) {
+        document.receiver = text.substr(line + MarkReceiver.size());
+        text = text.substr(0, line);
+    }
     const auto word = [&text] {
         const std::string_view first = text.substr(0, text.find(' '));
         text.remove_prefix(std::min(first.size() + 1, text.size()));

@@ -139,4 +139,36 @@ void JudgeRows(ResultDocument& document) {
     }
 }
 
+bool RowsFlatter(const ResultDocument& document) {
+    if (document.runs.empty() || DistanceFromPass(document) == 0)
+        return false;
+    ResultDocument rows = document;
+    rows.runs = {document.runs.back()};
+    rows.marked = false;
+    for (auto* points : {&rows.runs.back().up, &rows.runs.back().down}) {
+        for (ResultPoint& point : *points) {
+            if (point.HasLevel())
+                point.level += std::round(InUnit(document, point.level) * 100.0f) / 100.0f -
+                               InUnit(document, point.level);
+        }
+    }
+    JudgeRows(rows);
+    return DistanceFromPass(rows) < DistanceFromPass(document);
+}
+
+ResultVerdict VerdictOfAllRuns(const ResultDocument& document) {
+    ResultDocument worst = document;
+    for (std::size_t i = 0; i + 1 < document.runs.size(); ++i) {
+        ResultDocument one = document;
+        one.runs = {document.runs[i]};
+        one.marked = false;
+        JudgeRows(one);
+        if (PointsOf(one) < document.pointsTaken && one.verdict == ResultVerdict::Passed)
+            one.verdict = ResultVerdict::None; // shorter than the last one, which may be short itself
+        if (document.limit && DistanceFromPass(one) > DistanceFromPass(worst))
+            worst.verdict = one.verdict;
+    }
+    return worst.verdict;
+}
+
 } // namespace qor

@@ -15,6 +15,13 @@ void CompleteRead(ResultDocument& document);
 /// worse. Sets the points, too.
 void JudgeRows(ResultDocument& document);
 
+/// True where the levels of the last run, in the hundredths of the unit that files state, would be taken for
+/// a better result than it was.
+[[nodiscard]] bool RowsFlatter(const ResultDocument& document);
+/// The verdict of a form that holds every run: that of the last one, and no better than what the rows of
+/// those before it tell.
+[[nodiscard]] ResultVerdict VerdictOfAllRuns(const ResultDocument& document);
+
 /// The tones that the method holds: of the 2-tone test, or of the two halves of a sweep, MHz.
 [[nodiscard]] ResultTones HeldTones(const ResultDocument& document);
 /// Band of a result by its two fixed tones, MHz. The two LTE 700 half bands share their tones with others, so

@@ -56,6 +56,7 @@ struct ResultDocument {
     std::string model;             ///< of the instrument that measured
     std::optional<float> firmware; ///< files do not know
     std::string serial;            ///< of the instrument that measured
+    std::string receiver;          ///< the external one that measured, as it names itself; empty: the own one
     std::string deviceSerial;      ///< of the device under test
     std::string date;              ///< "YYYYMMDD"
     std::string time;              ///< "HH:MM"

@@ -36,6 +36,8 @@ public:
     /// the file as it was: no point was measured, the form has no place for the result, a .dat of what came
     /// from anything else than a .dat, and a path that cannot be written.
     Outcome DataSave(const std::filesystem::path& path);
+    /// A result has been written elsewhere, in a form that can be read back.
+    void NoteSaved(const ResultDocument& document) { m_Saved = document.runs; }
     /// The curve was measured, and no file holds it yet.
     [[nodiscard]] bool HoldsUnsaved() const;
 

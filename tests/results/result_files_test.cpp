@@ -241,6 +241,93 @@ TEST(ResultFiles, AFileIsJudgedOverAllItsRowsAndComesBackNoBetterThanItWas) {
     }
 }
 
+/// A run that has been made is filed as it was measured, whatever is set afterwards.
+TEST(ResultFiles, ARunFilesWhatWasMeasured) {
+    Rig rig;
+    rig.Store().Write("egsm_im3_setup.ccz", PlanRecord({935, 960, 925, 937, 960, 960, 946, 925, 1}));
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 2));
+    rig.S().working.SetPathLosses(1.0f, 0);
+    ASSERT_TRUE(rig.Measure());
+    const std::string before = FormatResult(*rig.program.Files().Document());
+    EXPECT_EQ(before.substr(0, 62), "f1 0935.0 MHz START 0925.0 MHz STOP 0937.0 MHz POWER +42.0 dBm");
+    rig.Store().Write("egsm_pow_setup.ccz", "0020000200");
+    rig.Store().Write("egsm_im3_setup.ccz", PlanRecord({930, 955, 925, 937, 960, 960, 946, 925, 1}));
+    rig.S().working.SetPathLosses(2.0f, 0);
+    rig.S().working.SelectBand(BandDcs);
+    rig.S().working.SelectOrder(2);
+    rig.S().working.SelectMethod(ModeSweep);
+    rig.S().curve.SetLength(1000);
+    rig.S().link.identity.Forget();
+    EXPECT_EQ(FormatResult(*rig.program.Files().Document()), before);
+    // In dBc all of it stands below the power of the run, the limit too.
+    rig.S().curve.scale.SetCarrier(20.0f);
+    ConvertLevelUnit(true, rig.S());
+    const ResultDocument dbc = *rig.program.Files().Document();
+    EXPECT_EQ(dbc.carrier, 42.0f);
+    EXPECT_NE(FormatResult(dbc).find("Limit Line: -132.0"), std::string::npos);
+
+    for (const auto& [band, imIndex, method, held, measured] :
+         {std::tuple{BandDigDiv, 1, ModeSweep, "f1 0792.0 MHz START 0792.0 MHz STOP 0812.0",
+                     "MEAS IM3 UNIT dBm SWEEP"},
+          {BandUmts, 5, ModeTwoTone, "f1 2130.0 MHz", "MEAS IM11 UNIT dBm 2-TON"},
+          {BandEgsm, 2, ModeSpectrum, "f1 0925.0 MHz", "MEAS IM3 UNIT dBm SWEEP"}}) {
+        Rig other;
+        ASSERT_TRUE(other.ReadyFor(method, 1) && other.SelectBand(band));
+        ASSERT_TRUE(other.program.Select().SelectOrder(imIndex) && other.RunUntilIdle());
+        other.program.OnMeasButton();
+        ASSERT_TRUE(other.RunUntilRunIsOn());
+        other.time.RunUntil([&] { return !other.S().run.IsOn() || other.S().run.Passes() > 0; }, 60000);
+        if (other.S().run.IsOn())
+            other.program.StopMeas();
+        ASSERT_TRUE(other.RunUntilIdle());
+        const std::string text = FormatResult(*other.program.Files().Document());
+        EXPECT_EQ(text.substr(0, std::string_view(held).size()), held);
+        EXPECT_NE(text.find(measured), std::string::npos) << text.substr(0, 200);
+        const FrequencyPlan& plan = other.S().run.Record().plan;
+        EXPECT_EQ(other.program.Files().Document()->plan, plan);
+    }
+}
+
+TEST(ResultFiles, EveryRunOfASweepStandsInATable) {
+    Rig rig;
+    ASSERT_TRUE(rig.ReadyFor(ModeSweep));
+    rig.S().curve.SetRuns(3);
+    ASSERT_TRUE(rig.Measure());
+    const ResultDocument document = *rig.program.Files().Document();
+    ASSERT_EQ(document.runs.size(), 3U);
+    for (const ResultRun& run : document.runs)
+        EXPECT_EQ(run.up.size() + run.down.size(), 28U);
+    EXPECT_NE(document.runs[0], document.runs[1]) << "each its own levels";
+    EXPECT_NE(document.runs[1], document.runs[2]);
+}
+
+/// Runs as they come, on a line that spoils replies, stopped or not, shown on a narrow plot.
+TEST(ResultFiles, NoRunReloadsBetterThanItWas) {
+    for (unsigned seed = 0; seed < 12; ++seed) {
+        Rig rig;
+        const int method = seed % 3 == 0 ? ModeSweep : ModeTwoTone;
+        ASSERT_TRUE(rig.ReadyFor(method, 4));
+        rig.S().curve.limit.Take(seed % 4 == 1 ? -140.0f : -90.0f);
+        if (seed % 2 == 1)
+            rig.line.Add({sim::FaultKind::Garble, static_cast<int>(20 + 20 * (seed % 4))});
+        rig.program.OnMeasButton();
+        ASSERT_TRUE(rig.RunUntilRunIsOn());
+        if (seed % 3 == 1) {
+            rig.time.RunFor(300 * seed);
+            rig.program.StopMeas();
+        }
+        rig.time.RunUntil([&] { return !rig.S().run.IsOn(); }, 120000);
+        const auto was = rig.program.Files().Document();
+        if (!rig.program.Files().DataSave(rig.dir / "run.dat"))
+            continue; // no point has come
+        Bench narrow;
+        narrow.S().curve.scale.SetWidth(20);
+        narrow.Put("run.dat", FileText(rig.dir / "run.dat"));
+        ASSERT_TRUE(narrow.Show("run.dat")) << narrow.Last();
+        EXPECT_GE(DistanceFromPass(*narrow.program.Files().Document()), DistanceFromPass(*was)) << seed;
+    }
+}
+
 TEST(ResultFiles, ThePairOfTonesTellsTheBand) {
     struct Case {
         float f1;

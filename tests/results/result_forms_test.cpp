@@ -1,11 +1,13 @@
 // Results through the program's own files in every form that can be read back.
 #include "results/data_file.h"
+#include "results/read_document.h"
 #include "results/result_forms.h"
 #include "results/xlsx/xlsx_writer.h"
 #include "support/documents.h"
 #include "support/rig.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace qor {
 namespace {
@@ -96,6 +98,77 @@ TEST(ResultForms, TheNameTellsTheFormAndTheBytesTellItAgain) {
         EXPECT_FALSE(shown);
         EXPECT_EQ(shown.Text(), (rig->dir / name).string() + ": " + reason + " Please choose another file.");
         EXPECT_EQ(rig->S().results.loaded.Document()->source, before);
+    }
+}
+
+/// Whatever a run was worth, no file of it is taken for a better one.
+TEST(ResultForms, AFileNeverReloadsBetterThanItWas) {
+    std::mt19937 random(20261123);
+    const auto upTo = [&random](unsigned most) { return random() % (most + 1); };
+    for (unsigned seed = 0; seed < 600; ++seed) {
+        ResultDocument was =
+            RandomDocument(seed, seed % 2 ? ResultMethod::TwoTone : ResultMethod::Sweep, 1 + upTo(40));
+        const std::vector<ResultPoint>& up = was.runs.back().up;
+        // The limit stands a hair beside a level, which itself lies beside its hundredths.
+        was.limit =
+            up[upTo(static_cast<unsigned>(up.size()) - 1)].level - static_cast<float>(upTo(30)) / 1000.0f;
+        for (ResultPoint& point : was.runs.back().up)
+            point.level += point.HasLevel() ? static_cast<float>(upTo(9)) / 1000.0f : 0.0f;
+        JudgeRows(was);
+        was.pointsAsked += upTo(2);
+        if (was.verdict != ResultVerdict::Failed)
+            was.verdict = static_cast<ResultVerdict>(upTo(3));
+        if (was.verdict == ResultVerdict::Error)
+            was.error = 2 + static_cast<int>(upTo(2));
+        for (const char* name : {"a.dat", "a.txt", "a.xls", "a.csv", "a.sheets"}) {
+            std::string bytes;
+            ResultDocument back;
+            ASSERT_TRUE(ResultForms().Write(was, name, {}, bytes));
+            const Outcome read = ReadResult(bytes, name, back);
+            ASSERT_TRUE(read) << seed << name << read.Text();
+            if (!back.limit) { // a sheet is held against the one in force
+                back.limit = was.limit;
+                JudgeRows(back);
+            }
+            EXPECT_GE(DistanceFromPass(back), DistanceFromPass(was)) << seed << name;
+            EXPECT_TRUE(!IsPartial(was) || IsPartial(back) || back.verdict != ResultVerdict::Passed)
+                << seed << name;
+        }
+    }
+}
+
+TEST(ResultForms, ATableOfSeveralRunsIsWorthNoMoreThanTheWorstOfThem) {
+    ResultDocument document = RandomDocument(8, ResultMethod::Sweep, 3);
+    document.inDbc = false;
+    document.limit = -90.0f;
+    document.runs = {{{{890, -120}, {891, -60}}, {}}, {{{890, -120}, {891, -121}}, {}}};
+    JudgeRows(document);
+    EXPECT_EQ(document.verdict, ResultVerdict::Passed) << "the file of a series goes by its last run";
+    std::string bytes;
+    ResultDocument back;
+    ASSERT_TRUE(ResultForms().Write(document, "a.csv", {}, bytes) && ReadResult(bytes, "a.csv", back));
+    EXPECT_EQ(back.runs, document.runs);
+    EXPECT_EQ(back.verdict, ResultVerdict::Failed);
+    ASSERT_TRUE(ResultForms().Write(document, "a.dat", {}, bytes) && ReadResult(bytes, "a.dat", back));
+    EXPECT_EQ(back.verdict, ResultVerdict::Passed);
+    EXPECT_EQ(back.runs.size(), 1U);
+    document.interBand = "DCS 1800";
+    ASSERT_TRUE(ResultForms().Write(document, "a.csv", {}, bytes));
+    EXPECT_EQ(ReadResult(bytes, "a.csv", back).Text(), "A result between bands cannot be shown.");
+}
+
+TEST(ResultForms, TheExternalReceiverStandsBehindTheZeroByte) {
+    ResultDocument document = Remarked(4, ResultMethod::Sweep);
+    JudgeRows(document);
+    document.receiver = "Rohde&Schwarz,FSL-3,100,1.5";
+    std::string bytes;
+    ResultDocument back;
+    for (const char* name : {"a.dat", "a.txt"}) {
+        ASSERT_TRUE(ResultForms().Write(document, name, {}, bytes) && ReadResult(bytes, name, back));
+        EXPECT_EQ(back.receiver, document.receiver);
+        EXPECT_EQ(back.verdict, document.verdict);
+        EXPECT_EQ(back.comment, document.comment);
+        EXPECT_TRUE(bytes.ends_with("\r\nReceiver: Rohde&Schwarz,FSL-3,100,1.5")) << "unscrambled";
     }
 }
 

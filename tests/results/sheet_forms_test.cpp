@@ -274,7 +274,7 @@ TEST(CsvTable, ItHoldsAllRunsAndWhatWasSent) {
               "device_serial,date,limit,verdict,points_taken,points_asked");
     const std::string rest =
         "dBm,43.00,42.50,EGSM 900,,3,sweep,925.000,925.000,937.000,960.000,960.000,946.000,"
-        "RT-DB22,S1,\"A \"\"17\"\", left\",2026-03-07 09:05,-90.00,none,0,0\r\n";
+        "RT-DB22,S1,\"A \"\"17\"\", left\",2026-03-07 09:05,-90.00,failed,0,0\r\n";
     std::string rows;
     for (const char* row : {"1,up,,925.000,960.000,890.000,-60.00,", "2,up,,925.000,960.000,890.000,-98.70,",
                             "2,up,,926.000,960.000,892.000,0.01,", "2,down,,925.000,959.500,890.500,-120.50,",

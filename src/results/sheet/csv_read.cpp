@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t LongestCsv = 24U << 20; ///< bytes
 constexpr std::size_t MostRuns = 10000;
 constexpr std::size_t MostPoints = 500000;
-constexpr double MostValue = 1e7;      ///< no frequency, level or time of a result is larger
+constexpr double MostValue = 1e7; ///< no frequency, level or time of a result is larger
 constexpr std::size_t NoColumn = std::numeric_limits<std::size_t>::max();
 
 /// Goes through a table line by line; a field in quotes may hold line ends.

@@ -1,4 +1,5 @@
 #include "base/text_format.h"
+#include "results/read_document.h"
 #include "results/sheet/csv_columns.h"
 #include "results/sheet/csv_table.h"
 #include "results/sheet/stated_values.h"
@@ -50,7 +51,7 @@ std::string WholeResult(const ResultDocument& document) {
     add(document.deviceSerial);
     add(DateText(document));
     add(document.limit ? dbm(InUnit(document, *document.limit)) : std::string());
-    add(VerdictWord(document.verdict));
+    add(VerdictWord(VerdictOfAllRuns(document)));
     add(std::to_string(document.pointsTaken));
     add(std::to_string(document.pointsAsked));
     return out + "\r\n";

@@ -2,6 +2,7 @@
 
 #include "base/tenths.h"
 #include "base/text_format.h"
+#include "results/read_document.h"
 #include "results/sheet/spread_sheet.h"
 #include "results/sheet/stated_values.h"
 
@@ -58,7 +59,7 @@ std::string SerialCell(const ResultDocument& document) {
 /// A result that is not whole, or was ended by an error, says so behind the other cells of the first row: its
 /// rows alone would be taken for a better one.
 void AddMark(SheetCells& cells, const ResultDocument& document) {
-    if (IsPartial(document) || document.verdict == ResultVerdict::Error)
+    if (IsPartial(document) || document.verdict == ResultVerdict::Error || RowsFlatter(document))
         cells.push_back(std::to_string(document.pointsTaken) + " of " + std::to_string(document.pointsAsked) +
                         " points: " + std::string(VerdictWord(document.verdict)));
 }

@@ -1,5 +1,6 @@
 #include "results/xlsx/xlsx_writer.h"
 
+#include "results/read_document.h"
 #include "results/sheet/stated_values.h"
 #include "results/sheet/utf.h"
 
@@ -205,7 +206,7 @@ private:
         number("f2 from, MHz", plan.f2Start, m_Mhz);
         number("f2 to, MHz", plan.f2Stop, m_Mhz);
         text("Unit", UnitText(m_Document));
-        text("Verdict", VerdictWord(m_Document.verdict));
+        text("Verdict", VerdictWord(VerdictOfAllRuns(m_Document)));
         if (IsPartial(m_Document))
             text("Points",
                  std::to_string(m_Document.pointsTaken) + " of " + std::to_string(m_Document.pointsAsked));
