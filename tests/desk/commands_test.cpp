@@ -35,6 +35,16 @@ TEST(Menu, IsWellFormedAndNoKeyOrNameIsGivenTwice) {
     EXPECT_EQ(depth, 0);
 }
 
+TEST(Commands, TheLevelBarIsKeptAsItIsShown) {
+    CommandRig rig;
+    for (const char* shown : {"1", "0"}) {
+        NotedDialogs none;
+        EXPECT_TRUE(Commands(rig.program, none).Run("histogram"));
+        EXPECT_EQ(rig.S().curve.scale.ShowsBar(), *shown == '1');
+        EXPECT_EQ(rig.Stored("histogram.ccz"), shown);
+    }
+}
+
 /// A run is not to be disturbed: whatever is chosen, nothing goes out, nothing is asked, nothing changes.
 TEST(Commands, DuringARunEverySetupIsRefused) {
     CommandRig rig;

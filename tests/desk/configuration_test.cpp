@@ -59,12 +59,15 @@ TEST(Configuration, IsSavedAndComesBackHereAndElsewhere) {
     fs::permissions(here.rig.dir / "20260307090512" / "pin.ccz", fs::perms::others_read,
                     fs::perm_options::add);
     fs::permissions(here.rig.dir / "20260307090512" / "unit.ccz", fs::perms::owner_read);
+    here.rig.program.Stores().Remove("unit.ccz");
+    constexpr fs::perms Private = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(here.rig.dir / "egsm_pow_setup.ccz", Private);
     EXPECT_TRUE(here.Load());
     EXPECT_EQ(here.Text("unit.ccz") + here.Text("pin.ccz") + here.Text("later.ccz"), "1secretstays");
-    EXPECT_EQ(fs::status(here.rig.dir / "pin.ccz").permissions(),
-              fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_TRUE(here.rig.program.Stores().Write("unit.ccz", "1"))
-        << "carried here on a medium that is only read";
+    for (const char* store : {"pin.ccz", "egsm_pow_setup.ccz"})
+        EXPECT_EQ(fs::status(here.rig.dir / store).permissions(), Private) << store;
+    EXPECT_NE(fs::status(here.rig.dir / "unit.ccz").permissions() & fs::perms::owner_write, fs::perms::none)
+        << "saved on a medium that is only read";
     EXPECT_EQ(here.rig.Told(), std::vector<std::string>{
                                    "Diese Ablagen kennt die Konfiguration nicht, sie bleiben:\nlater.ccz"});
 

@@ -35,6 +35,19 @@ TEST(PanelLayout, NothingOverlapsOrLeavesTheWindowInAnySize) {
             const PanelLayout layout = Relayout({w, h, false, list, list ? 2 : 0});
             EXPECT_EQ(layout[Control::NoticeBar],
                       list ? (PanelRect{0, 0, layout[Control::Plot].right, 40}) : OutOfSight);
+            for (const auto& [inner, box] : {std::pair{Control::AlarmValue, Control::AlarmBox},
+                                             {Control::AlarmUnit, Control::AlarmBox},
+                                             {Control::F1Text, Control::FrequencyBox},
+                                             {Control::F2Text, Control::FrequencyBox},
+                                             {Control::PathPicture, Control::FrequencyBox},
+                                             {Control::FimText, Control::ReadingBox},
+                                             {Control::Reading, Control::ReadingBox}}) {
+                const PanelRect& i = layout[inner];
+                const PanelRect& o = layout[box];
+                EXPECT_TRUE(i == OutOfSight || (i.left >= o.left && i.top >= o.top && i.right <= o.right &&
+                                                i.bottom <= o.bottom))
+                    << w << 'x' << h << " control " << static_cast<int>(inner);
+            }
             for (const Control a : Outer) {
                 const PanelRect& ra = layout[a];
                 if (ra == OutOfSight)

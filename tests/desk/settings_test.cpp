@@ -105,6 +105,7 @@ TEST(Appearance, StoresAreReadWithinTheirBounds) {
     Appearance look;
     EXPECT_FALSE(look.ChooseCustomLayout({5001, 10}, store));
     EXPECT_FALSE(look.ChooseCustomLayout({10, -1}, store));
+    EXPECT_TRUE(look.ChooseCustomLayout({LargestSide, LargestSide}, store));
     EXPECT_TRUE(look.ChooseCustomLayout({0, 0}, store));
     EXPECT_EQ(store.Read("ResolutionCustom.ccz", 99), "   0   0");
     EXPECT_EQ(look.Size(), (WindowSize{0, 0}));

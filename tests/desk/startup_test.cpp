@@ -135,6 +135,24 @@ TEST(Startup, AnInstallationWithoutSecondPortHasNoSecondLoss) {
     }
 }
 
+TEST(Notices, ALossIsToldUntilContactIsThereAgain) {
+    Rig rig;
+    const auto told = [&rig] { return !NoticesOf(rig.S(), rig.Store()).empty(); };
+    rig.program.Start(false);
+    EXPECT_FALSE(told()) << "there has been no contact yet";
+    ASSERT_TRUE(rig.RunUntilReady());
+    EXPECT_FALSE(told());
+    rig.port.Unplug();
+    rig.time.RunFor(8000);
+    EXPECT_TRUE(told());
+    rig.port.Replug();
+    ASSERT_TRUE(rig.RunUntilReady());
+    EXPECT_FALSE(told());
+    rig.program.Link().OnButton1();
+    rig.time.RunFor(8000);
+    EXPECT_FALSE(told()) << "closed by hand";
+}
+
 TEST(Startup, AnOrdinaryStartForgetsTheLastSession) {
     for (const bool keep : {false, true}) {
         Rig rig;
