@@ -57,6 +57,7 @@ void TakeRecord(const RunRecord& record, ResultDocument& document) {
     document.power2 = AtDevice(record.power.tone2, record);
     document.model = OneLine(record.model);
     document.serial = OneLine(record.serial);
+    document.receiver = OneLine(record.receiver);
 }
 
 /// 2-tone points in time order. A run that was stopped has points up to its last measured one only: a row for

@@ -89,6 +89,7 @@ TEST(ReceiverRun, InternAndExternHearTheSameDevice) {
         const float worst = r.S().curve.WorstLevel().value_or(0);
         EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::Passed);
         EXPECT_EQ(r.S().run.Record().receiver, "QOR,SIM-ANALYSER,SIM01,1.0");
+        EXPECT_EQ(r.rig.program.Files().Document()->receiver, "QOR,SIM-ANALYSER,SIM01,1.0") << "and it is filed";
         r.rig.program.Receiver().UseInternal();
         ASSERT_TRUE(r.rig.RunUntilIdle());
         ASSERT_TRUE(r.rig.Measure());

@@ -77,8 +77,16 @@ QFont FontOf(int size, bool bold = false) {
     return font;
 }
 
+QString NotKnown() {
+    return QStringLiteral("-");
+}
+
+QString Number(double value, int decimals, const char* unit) {
+    return AsText(Fixed(value, decimals)) + QLatin1String(unit);
+}
+
 QString Number(std::optional<double> value, int decimals, const char* unit) {
-    return value ? AsText(Fixed(*value, decimals)) + QLatin1String(unit) : QStringLiteral("-");
+    return value ? Number(*value, decimals, unit) : NotKnown();
 }
 
 /// Steps of 1, 2 or 5 that divide a range into about `count`.
@@ -174,12 +182,11 @@ public:
     }
 
     void DrawFigures() {
-        const auto percent = m_Kind.yield ? std::optional(*m_Kind.yield * 100) : std::nullopt;
         DrawFigure(0, 0, "Messungen", QString::number(m_Kind.runs.size()));
         DrawFigure(0, 1, "Durch", QString::number(m_Kind.passed), Good);
         DrawFigure(0, 2, "Misserfolg", QString::number(m_Kind.failed), m_Kind.failed > 0 ? Bad : Ink);
         DrawFigure(0, 3, "Ohne Urteil", QString::number(m_Kind.withoutVerdict));
-        DrawFigure(0, 4, "Ausbeute", Number(percent, 1, " %"));
+        DrawFigure(0, 4, "Ausbeute", m_Kind.yield ? Number(*m_Kind.yield * 100, 1, " %") : NotKnown());
         DrawFigure(1, 0, "Schlechtester Wert", Number(m_Kind.worst, 1, " dBm"));
         DrawFigure(1, 1, "Mittelwert", Number(m_Kind.mean, 2, " dBm"));
         DrawFigure(1, 2, "Standardabweichung", Number(m_Kind.deviation, 2, " dB"));
@@ -295,15 +302,12 @@ public:
         for (std::size_t i = first; i < end; ++i) {
             y += RowHeight;
             const SeriesRun& run = m_Summary.runs[m_Kind.runs[i]];
-            const auto worst = run.worst ? std::optional<double>(run.worst->level) : std::nullopt;
-            const auto where = run.worst ? std::optional<double>(run.worst->frequency) : std::nullopt;
-            const auto limit = run.limit ? std::optional<double>(*run.limit) : std::nullopt;
             const QString cells[] = {
                 metrics.elidedText(AsText(run.device).simplified(), Qt::ElideMiddle, 170),
                 AsText(run.date),
-                Number(worst, 1, ""),
-                Number(where, 1, ""),
-                Number(limit, 1, ""),
+                run.worst ? Number(run.worst->level, 1, "") : NotKnown(),
+                run.worst ? Number(run.worst->frequency, 1, "") : NotKnown(),
+                run.limit ? Number(*run.limit, 1, "") : NotKnown(),
                 Number(run.Margin(), 1, "")};
             for (std::size_t column = 0; column < std::size(cells); ++column)
                 m_Painter.drawText(QPointF(Columns[column], y), cells[column]);
