@@ -371,6 +371,8 @@ void Channel::OpenReplyOver() {
 
 /// Everything that was awaited is forgotten.
 void Channel::GiveUp() {
+    if (!m_Link.transaction.IsIdle())
+        m_Link.given.NotEchoed(m_Link.transaction.Sent());
     m_Link.transaction.GiveUp();
     m_WaitTimer.Stop();
     AnswerLevelQuestion();

@@ -120,6 +120,8 @@ void Channel::Finish() {
     if (!transaction.IsIdle() && transaction.IsRecognised() && transaction.EndsLine() && !m_Refused) {
         m_Link.given.Echoed(transaction.Sent());
         m_Link.carriers.Echoed(transaction.Sent());
+    } else if (!transaction.IsIdle()) {
+        m_Link.given.NotEchoed(transaction.Sent());
     }
     m_Link.transaction.Finish();
     AnswerLevelQuestion();

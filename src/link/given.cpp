@@ -21,6 +21,11 @@ void GivenToInstrument::Sent(std::string_view command) {
         place->clear();
 }
 
+void GivenToInstrument::NotEchoed(std::string_view command) {
+    if (std::string* const place = PlaceOf(command))
+        place->assign("not echoed");
+}
+
 void GivenToInstrument::Echoed(std::string_view command) {
     if (std::string* const place = PlaceOf(command))
         place->assign(command);

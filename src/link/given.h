@@ -6,7 +6,7 @@
 namespace qor {
 
 /// What the instrument was last given of the selection beside its position: the commands that it has echoed,
-/// so that a start can tell whether it measures what is in force. Empty where that is not known.
+/// so that a start can tell whether it measures what is in force. Empty where nothing was given.
 class GivenToInstrument {
 public:
     /// "#USEIDn", or "#USESA" for an external receiver.
@@ -19,6 +19,8 @@ public:
     void Echoed(std::string_view command);
     /// `command` has gone out and its echo is awaited: what was given before may not hold any more.
     void Sent(std::string_view command);
+    /// It was not echoed, or refused: whatever is wanted, it has to be given again.
+    void NotEchoed(std::string_view command);
     void Forget() { *this = {}; }
 
 private:

@@ -220,8 +220,16 @@ TEST(Given, ADifferenceIsSeenAndBroughtToTheInstrument) {
         ASSERT_TRUE(rig.RunUntilIdle());
         EXPECT_FALSE(instrument.DiffersFromInstrument());
     }
-    EXPECT_EQ(rig.instrument.Settings().position, 7);
+    // A command that the instrument has refused was not given.
+    rig.line.Add({sim::FaultKind::SyntaxError, rig.line.CommandCount() + 3}); // behind #RECUT1 and the powers
+    ASSERT_TRUE(rig.program.Select().SelectOrder(3));
+    ASSERT_TRUE(rig.RunUntilIdle());
     EXPECT_EQ(rig.instrument.Settings().order, 5);
+    EXPECT_TRUE(instrument.DiffersFromInstrument());
+    ASSERT_TRUE(instrument.BringToInstrument().IsDone());
+    ASSERT_TRUE(rig.RunUntilIdle());
+    EXPECT_EQ(rig.instrument.Settings().position, 7);
+    EXPECT_EQ(rig.instrument.Settings().order, 7);
     EXPECT_EQ(rig.instrument.Settings().power2, 300);
     working.SelectBand(BandTetra390);
     rig.Sent();
