@@ -89,12 +89,9 @@ QString CurveSentence(const Session& session, const Panel& panel) {
     return parts.join(QStringLiteral(", ")) + '.';
 }
 
-/// Ready, and how much of the measurement in view is there.
-QString ReadyText(const RunFacts& facts) {
-    QString text = Tr("Bereit");
-    if (facts.IsPartial())
-        text += ", " + Tr(PointsPattern).arg(facts.taken).arg(facts.asked);
-    return text;
+/// How much of the measurement in view is there, where it is not all.
+QString PartText(const RunFacts& facts) {
+    return facts.IsPartial() ? Tr(PointsPattern).arg(facts.taken).arg(facts.asked) : QString();
 }
 
 } // namespace
@@ -320,8 +317,7 @@ QString CTestSDIFormView::StateText() const {
         return Tr("Programm wird beendet");
     switch (ShownLamp()) {
     case Lamp::Ready:
-        return PanelOf(m_Program.State()).receiverMissing ? Tr("Kein Empfaenger")
-                                                          : ReadyText(m_Program.State().curve.Facts());
+        return PanelOf(m_Program.State()).receiverMissing ? Tr("Kein Empfaenger") : Tr("Bereit");
     case Lamp::Running:
         return Tr("Messung laeuft");
     case Lamp::NotReady:
@@ -360,7 +356,8 @@ void CTestSDIFormView::RefreshCells() {
     Describe(m_Path, session.working.Path() == 1
                          ? "Der Pegel kommt an dem Port an, von dem die Traeger ausgehen."
                          : "Der Pegel kommt durch den Pruefling am anderen Port an.");
-    m_Lamp->Show(ShownLamp(), state);
+    m_Lamp->Show(ShownLamp(), state,
+                 ShownLamp() == Lamp::Ready ? PartText(session.curve.Facts()) : QString());
     m_Start->Show(session.run.IsOn(), m_Layout.picture == StartPicture::Small,
                   session.run.IsOn() ? Tr("Halten Messung") : Tr("Beginnen Messung"));
     m_Start->setAccessibleName(m_Start->text());

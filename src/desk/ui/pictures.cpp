@@ -74,12 +74,14 @@ LampPicture::LampPicture(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("lamp"));
 }
 
-void LampPicture::Show(Lamp lamp, const QString& text) {
+void LampPicture::Show(Lamp lamp, const QString& state, const QString& detail) {
+    const QString text = detail.isEmpty() ? state : state + QStringLiteral(", ") + detail;
     if (lamp == m_Lamp && text == m_Text)
         return;
     m_Lamp = lamp;
     m_Text = text;
-    setAccessibleName(text);
+    setAccessibleName(state);
+    setAccessibleDescription(detail);
     update();
 }
 

@@ -27,7 +27,8 @@ private:
 class LampPicture final : public QWidget {
 public:
     explicit LampPicture(QWidget* parent);
-    void Show(Lamp lamp, const QString& text);
+    /// The state names the lamp; what else there is to it stands behind, and may be empty.
+    void Show(Lamp lamp, const QString& state, const QString& detail);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
