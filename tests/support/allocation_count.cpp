@@ -43,6 +43,13 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return Take(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { // sorting takes its room by it
+    try {
+        return Take(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept {
     Release(memory);
 }
