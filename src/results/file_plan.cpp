@@ -52,8 +52,10 @@ std::optional<FrequencyPlan> PlanOf(const ResultDocument& document, const Freque
             plan.*value = stated.*value;
         return stated.*value > 0;
     };
-    const bool ends = take(&FrequencyPlan::f1Start) & take(&FrequencyPlan::f1Stop) &
-                      take(&FrequencyPlan::f2Start) & take(&FrequencyPlan::f2Stop);
+    bool ends = true;
+    for (float FrequencyPlan::*const end :
+         {&FrequencyPlan::f1Start, &FrequencyPlan::f1Stop, &FrequencyPlan::f2Start, &FrequencyPlan::f2Stop})
+        ends = take(end) && ends;
     if (document.method == ResultMethod::TwoTone)
         return take(&FrequencyPlan::f1) && take(&FrequencyPlan::f2) ? std::optional(plan) : std::nullopt;
     if (!ends || !take(&FrequencyPlan::f1Fix) || !take(&FrequencyPlan::f2Fix))
