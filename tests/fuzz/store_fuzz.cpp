@@ -41,8 +41,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const auto plan = qor::ParsePlan(text))
         Require(qor::PlanRecord(*plan) == text.substr(0, 45));
     qor::FrequencyPlan typed;
-    for (std::size_t i = 0; i < qor::PlanStoreOrder.size() && 5 * i < size; ++i)
-        typed.*qor::PlanStoreOrder[i] = static_cast<float>(qor::NumberIn(text.substr(5 * i, 5)));
+    for (std::size_t i = 0; i < qor::PlanStoreOrder.size() && 5 * i < size; ++i) {
+        if (const auto entered = qor::EnteredNumber(text.substr(5 * i, 5));
+            entered && std::abs(*entered) < 1e9)
+            typed.*qor::PlanStoreOrder[i] = static_cast<float>(*entered);
+    }
     CheckPage(typed, static_cast<int>(size % 23), 1 + static_cast<int>(size / 23 % 5));
     if (const auto power = qor::ParsePower(text))
         Require(power->tone1 + power->tone2 == text.substr(0, 10));
