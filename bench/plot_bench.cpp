@@ -125,7 +125,7 @@ void PolylinesOfTheToolkit(benchmark::State& state) {
         QPainter painter(&image);
         for (const bool down : {false, true}) {
             for (std::size_t run = 0; run < static_cast<std::size_t>(curve.Run()) + 1; ++run) {
-                const auto row = (down ? curve.m_LevelDown : curve.m_LevelUp).Row(run);
+                const auto row = down ? curve.ShownDown(run) : curve.ShownUp(run);
                 points.clear();
                 for (std::size_t i = 0; i < CurvePoints; ++i)
                     points.append(QPoint(XOfPoint(curve, sweep.plot, i), sweep.plot.YOf(row[i])));

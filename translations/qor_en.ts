@@ -500,6 +500,10 @@
       <translation>File(&amp;F)</translation>
     </message>
     <message>
+      <source>Datei:</source>
+      <translation>File:</translation>
+    </message>
+    <message>
       <source>Dateien ohne Bericht:</source>
       <translation>Files without a report:</translation>
     </message>
@@ -1114,6 +1118,10 @@
     <message>
       <source>Multi-times</source>
       <translation>Multiple</translation>
+    </message>
+    <message>
+      <source>Naechste Messung:</source>
+      <translation>Next measurement:</translation>
     </message>
     <message>
       <source>Naechste freie Nummer</source>

@@ -500,6 +500,10 @@
       <translation>文件(&amp;F)</translation>
     </message>
     <message>
+      <source>Datei:</source>
+      <translation>文件:</translation>
+    </message>
+    <message>
       <source>Dateien ohne Bericht:</source>
       <translation>未生成报告的文件：</translation>
     </message>
@@ -1114,6 +1118,10 @@
     <message>
       <source>Multi-times</source>
       <translation>多次</translation>
+    </message>
+    <message>
+      <source>Naechste Messung:</source>
+      <translation>下次测量:</translation>
     </message>
     <message>
       <source>Naechste freie Nummer</source>

@@ -4,7 +4,7 @@
 #include "curve/curve.h"
 #include "curve/markers.h"
 #include "curve/plot_geometry.h"
-#include "desk/session.h"
+#include "curve/plot_scene.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +17,8 @@ constexpr int GripSize = 20; ///< pixels of a label that can be taken hold of
 constexpr int LabelLeft = 8; ///< of its point
 constexpr int LabelAbove = 28;
 constexpr int LabelBelow = 13;
+constexpr int LabelWidth = 26;
+constexpr int LabelHeight = LineHeight(MarkerSize);
 constexpr int FlagText = 20; ///< on a maximum its flag has its text where the label would stand
 constexpr int EndRoom = 8;   ///< a marker beyond the plot stands so far before its end
 
@@ -80,7 +82,7 @@ void PutLabel(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
 
 bool Markers::Press(int x, int y) {
     bool held = false;
-    for (Marker& marker : m_Session.markers.marker) {
+    for (Marker& marker : m_Markers) {
         const int right = x - marker.g_markerLabelX;
         const int below = y - marker.g_markerLabelY;
         const bool hit = marker.m_MarkerOn && marker.labelShown && right >= 0 && right <= GripSize &&
@@ -101,7 +103,7 @@ bool Markers::Press(int x, int y) {
 }
 
 void Markers::Move(int x, int y) {
-    for (Marker& marker : m_Session.markers.marker) {
+    for (Marker& marker : m_Markers) {
         if (!marker.g_markerDrag)
             continue;
         marker.g_markerLabelX = x;
@@ -110,7 +112,7 @@ void Markers::Move(int x, int y) {
 }
 
 void Markers::Release() {
-    for (Marker& marker : m_Session.markers.marker) {
+    for (Marker& marker : m_Markers) {
         if (!marker.g_markerDrag)
             continue;
         FollowMouse(marker); // the last move may not have been painted
@@ -120,13 +122,12 @@ void Markers::Release() {
 }
 
 bool Markers::IsDragging() const {
-    const auto& markers = m_Session.markers.marker;
-    return std::any_of(markers.begin(), markers.end(), [](const Marker& m) { return m.g_markerDrag; });
+    return std::ranges::any_of(m_Markers, &Marker::g_markerDrag);
 }
 
 /// The position that belongs to the label's place, which is kept on the plot.
 void Markers::FollowMouse(Marker& marker) {
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     const PlotGeometry& plot = m_Plot;
     marker.g_markerLabelX = std::clamp(marker.g_markerLabelX, plot.left, plot.right);
     marker.g_markerLabelY = std::clamp(marker.g_markerLabelY, plot.top, plot.axis);
@@ -141,24 +142,54 @@ void Markers::FollowMouse(Marker& marker) {
 std::vector<MarkerMark> Markers::Place(const PlotGeometry& plot) {
     m_Plot = plot;
     std::vector<MarkerMark> marks;
-    auto& markers = m_Session.markers.marker;
-    for (std::size_t n = 0; n < markers.size(); ++n) {
-        Marker& marker = markers[n];
+    for (std::size_t n = 0; n < m_Markers.size(); ++n) {
+        Marker& marker = m_Markers[n];
         marker.labelShown = false;
         if (!marker.m_MarkerOn)
             continue;
         MarkerMark mark;
         mark.marker = static_cast<int>(n);
-        if (m_Session.curve.IsSweep())
+        if (m_Curve.IsSweep())
             PlaceInSweep(marker, mark, marks);
         else
             PlaceInTwoTone(marker, mark, marks);
     }
+    KeepLabelsApart(marks);
     return marks;
 }
 
+/// A label that would stand on the text of a flag, or on another label, goes above or below what is in its
+/// way; one at the mouse stays there.
+void Markers::KeepLabelsApart(std::vector<MarkerMark>& marks) {
+    if (marks.empty())
+        return;
+    std::vector<PlotBox> taken = FlagTexts(m_Curve, m_Plot);
+    const auto meets = [&taken](int x, int y) {
+        return std::ranges::find_if(taken, [x, y](const PlotBox& box) {
+            return x < box.left + box.width && box.left < x + LabelWidth && y < box.top + box.height &&
+                   box.top < y + LabelHeight;
+        });
+    };
+    for (MarkerMark& mark : marks) {
+        Marker& marker = m_Markers[static_cast<std::size_t>(mark.marker)];
+        for (const bool up : {!mark.down, mark.down}) {
+            int y = mark.labelY;
+            auto in = meets(mark.labelX, y);
+            for (; in != taken.end(); in = meets(mark.labelX, y))
+                y = up ? in->top - LabelHeight : in->top + in->height;
+            if (marker.g_markerDrag || y < m_Plot.top || y + LabelHeight > m_Plot.axis)
+                continue;
+            if (marker.g_markerLabelY == mark.labelY && marker.g_markerLabelX == mark.labelX)
+                marker.g_markerLabelY = y; // where the mouse takes hold of it
+            mark.labelY = y;
+            break;
+        }
+        taken.push_back({mark.labelX, mark.labelY, LabelWidth, LabelHeight, 0});
+    }
+}
+
 void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     marker.g_markerValueUp.clear();
     if (!marker.g_markerEnableDown[0])
         return;
@@ -182,7 +213,7 @@ void Markers::PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<Marker
 
 /// Marks the marker's points on one curve, `mark.down` says which. False when there is none.
 bool Markers::FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     const auto grid = GridOf(curve);
     const auto run = static_cast<std::size_t>(marker.g_markerRun);
     const bool drawn = (mark.down ? marker.g_markerEnableDown : marker.g_markerEnableUp)[run];
@@ -212,7 +243,7 @@ bool Markers::FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMar
 }
 
 void Markers::PlaceInSweep(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks) {
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     const auto grid = GridOf(curve);
     const auto run = static_cast<std::size_t>(marker.g_markerRun);
     const bool enabled = marker.g_markerEnableUp[run] || marker.g_markerEnableDown[run];

@@ -37,16 +37,4 @@ struct Marker {
     std::string g_markerValueDown;
 };
 
-struct MarkerState {
-    std::array<Marker, MarkerCount> marker;
-
-    // Highest point of each of the first ten runs, 0 for none. They stand still during a run.
-    std::array<float, MarkerRuns> g_runUpMax{};
-    std::array<float, MarkerRuns> g_runDownMax{};
-    std::array<int, MarkerRuns> g_runUpMaxIndex{};
-    std::array<int, MarkerRuns> g_runDownMaxIndex{};
-    int g_markerRefresh =
-        0; ///< ticks for which the panel still follows the markers; at 10 the maxima above do
-};
-
 } // namespace qor

@@ -4,7 +4,6 @@
 #include "base/tenths.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
-#include "desk/session.h"
 
 #include <algorithm>
 
@@ -44,20 +43,20 @@ void EnableOnly(Marker& marker, bool up) {
 void Markers::Touch(Marker& marker) {
     marker.g_markerFresh = true;
     ForgetLevels(marker);
-    RefreshMarkers(m_Session.markers);
+    Refresh();
 }
 
 void Markers::Toggle(std::size_t marker) {
-    Marker& m = m_Session.markers.marker[marker];
+    Marker& m = m_Markers[marker];
     m.m_MarkerOn = !m.m_MarkerOn;
     if (m.m_MarkerOn)
         Touch(m);
-    RefreshMarkers(m_Session.markers);
+    Refresh();
 }
 
 void Markers::SetChecks(std::size_t marker, bool max, bool up, bool down) {
-    Marker& m = m_Session.markers.marker[marker];
-    const bool curves = MarkersHaveCurves(m_Session.curve);
+    Marker& m = m_Markers[marker];
+    const bool curves = MarkersHaveCurves(m_Curve);
     m.m_MarkerMax = max;
     m.m_MarkerUp = curves && up;
     m.m_MarkerDown = curves && down;
@@ -65,7 +64,7 @@ void Markers::SetChecks(std::size_t marker, bool max, bool up, bool down) {
 }
 
 void Markers::SetPosition(std::size_t marker, std::string_view position) {
-    Marker& m = m_Session.markers.marker[marker];
+    Marker& m = m_Markers[marker];
     m.m_MarkerPosText = position;
     m.g_markerDrag = false;
     TakePosition(m); // at once: a paint before the next tick would bring the old place back
@@ -73,7 +72,7 @@ void Markers::SetPosition(std::size_t marker, std::string_view position) {
 }
 
 void Markers::ShowLevel(std::string& text, float level) const {
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     text.clear();
     AppendFixed(text, static_cast<double>(curve.scale.InDbc() ? level - curve.scale.Carrier() : level), 1);
 }
@@ -89,12 +88,12 @@ void Markers::TakePosition(Marker& marker) {
         marker.g_markerPos = -1;
         return;
     }
-    const bool sweep = m_Session.curve.IsSweep();
+    const bool sweep = m_Curve.IsSweep();
     marker.g_markerPos = static_cast<float>(sweep ? *entered : NumberIn(Fixed(*entered, 1)));
 }
 
 void Markers::UpdateInTwoTone(Marker& marker) {
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     marker.g_markerCurve = MarkerOnTime;
     marker.m_MarkerUp = marker.m_MarkerDown = false;
     marker.g_markerEnableDown[0] = !marker.m_MarkerMax; // the maximum has its own flag
@@ -115,17 +114,16 @@ void Markers::UpdateInTwoTone(Marker& marker) {
 }
 
 void Markers::StandOnMaximum(Marker& marker, bool up) {
-    const MarkerState& state = m_Session.markers;
     const auto run = static_cast<std::size_t>(marker.g_markerRun);
-    const float level = up ? state.g_runUpMax[run] : state.g_runDownMax[run];
-    const int index = up ? state.g_runUpMaxIndex[run] : state.g_runDownMaxIndex[run];
+    const float level = up ? g_runUpMax[run] : g_runDownMax[run];
+    const int index = up ? g_runUpMaxIndex[run] : g_runDownMaxIndex[run];
     EnableOnly(marker, up);
     marker.g_markerPos = -1;
     marker.m_MarkerPosText.clear();
     marker.m_MarkerLevelText.clear();
     if (!IsPresent(level))
         return;
-    marker.g_markerPos = m_Session.curve.Grid()[static_cast<std::size_t>(index)];
+    marker.g_markerPos = m_Curve.Grid()[static_cast<std::size_t>(index)];
     marker.m_MarkerPosText = Fixed(static_cast<double>(marker.g_markerPos), 1);
     ShowLevel(marker.m_MarkerLevelText, level);
 }
@@ -139,8 +137,8 @@ void Markers::UpdateInSweep(Marker& marker) {
         return;
     }
     if (marker.m_MarkerMax) {
-        const float highestUp = m_Session.markers.g_runUpMax[run];
-        const float highestDown = m_Session.markers.g_runDownMax[run];
+        const float highestUp = g_runUpMax[run];
+        const float highestDown = g_runDownMax[run];
         const bool upWins = !IsPresent(highestDown) || (IsPresent(highestUp) && highestUp >= highestDown);
         StandOnMaximum(marker, up && (!down || upWins));
         marker.g_markerFresh = false;
@@ -164,39 +162,37 @@ void Markers::UpdateInSweep(Marker& marker) {
 }
 
 void Markers::SearchRunMaxima() {
-    MarkerState& state = m_Session.markers;
-    const Curve& curve = m_Session.curve;
+    const Curve& curve = m_Curve;
     for (std::size_t run = 0; run < MarkerRuns; ++run) {
         const CurveMaximum up = HighestOf(curve.KeptUp(run));
         const CurveMaximum down = HighestOf(curve.KeptDown(run));
-        state.g_runUpMax[run] = up.level;
-        state.g_runUpMaxIndex[run] = up.index;
-        state.g_runDownMax[run] = down.level;
-        state.g_runDownMaxIndex[run] = down.index;
+        g_runUpMax[run] = up.level;
+        g_runUpMaxIndex[run] = up.index;
+        g_runDownMax[run] = down.level;
+        g_runDownMaxIndex[run] = down.index;
     }
 }
 
-void Markers::OnMarkerTimer() {
-    MarkerState& state = m_Session.markers;
-    for (Marker& marker : state.marker) {
+void Markers::OnMarkerTimer(bool runOn) {
+    for (Marker& marker : m_Markers) {
         if (!marker.m_MarkerOn) {
             Blank(marker);
             ForgetLevels(marker);
-        } else if (m_Session.curve.IsSweep()) {
+        } else if (m_Curve.IsSweep()) {
             UpdateInSweep(marker);
         } else {
             UpdateInTwoTone(marker);
         }
     }
-    if (m_Session.run.IsOn())
-        state.g_markerRefresh = RefreshInRun;
-    if (state.g_markerRefresh == RefreshAfterChange)
+    if (runOn)
+        g_markerRefresh = RefreshInRun;
+    if (g_markerRefresh == RefreshAfterChange)
         SearchRunMaxima();
-    state.g_markerRefresh = std::max(state.g_markerRefresh - 1, 0);
+    g_markerRefresh = std::max(g_markerRefresh - 1, 0);
 }
 
 MarkerRunChoice::MarkerRunChoice(Markers& markers, std::size_t marker)
-    : m_Markers(markers), m_Marker(markers.m_Session.markers.marker[marker]), m_On(m_Marker.m_MarkerOn),
+    : m_Markers(markers), m_Marker(markers.m_Markers[marker]), m_On(m_Marker.m_MarkerOn),
       m_Position(m_Marker.m_MarkerPosText) {
     m_Marker.m_MarkerOn = false;
 }
@@ -210,7 +206,7 @@ MarkerRunChoice::~MarkerRunChoice() {
 }
 
 void MarkerRunChoice::Take(int run) {
-    const int runs = std::min(m_Markers.m_Session.curve.Runs(), static_cast<int>(MarkerRuns));
+    const int runs = std::min(m_Markers.m_Curve.Runs(), static_cast<int>(MarkerRuns));
     if (run < 0 || run >= runs)
         return;
     m_Marker.g_markerEnableUp.fill(false);
@@ -226,24 +222,29 @@ std::string_view MarkerUnit(const Curve& curve) {
     return curve.IsSweep() ? "MHz" : Seconds;
 }
 
-void ClearMarkers(MarkerState& markers) {
-    for (Marker& marker : markers.marker) {
+void Markers::Clear() {
+    for (Marker& marker : m_Markers) {
         Blank(marker);
         ForgetLevels(marker);
         marker.g_markerPos = -1;
         marker.g_markerDrag = false;
     }
-    for (auto* maxima : {&markers.g_runUpMax, &markers.g_runDownMax})
+    for (auto* maxima : {&g_runUpMax, &g_runDownMax})
         maxima->fill(0); // of a curve that is gone
 }
 
-void RefreshMarkers(MarkerState& markers) {
-    markers.g_markerRefresh = RefreshAfterChange;
+void Markers::Refresh() {
+    g_markerRefresh = RefreshAfterChange;
 }
 
-void ClearPlot(Session& session) {
-    ClearMarkers(session.markers);
-    session.curve.Clear();
+void Markers::ForgetCurves() {
+    for (Marker& marker : m_Markers)
+        marker.m_MarkerUp = marker.m_MarkerDown = false;
+}
+
+void ClearPlot(Curve& curve, Markers& markers) {
+    markers.Clear();
+    curve.Clear();
 }
 
 } // namespace qor

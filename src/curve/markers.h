@@ -4,6 +4,7 @@
 #include "curve/marker_state.h"
 #include "curve/plot_geometry.h"
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -11,7 +12,6 @@
 namespace qor {
 
 class Curve;
-struct Session;
 
 inline constexpr int MarkerTimer = 15;
 inline constexpr int MarkerPeriod = 300; ///< ms
@@ -23,7 +23,15 @@ inline constexpr int MarkerPeriod = 300; ///< ms
 /// from 0 here; places of the mouse are pixels of the plot's window.
 class Markers {
 public:
-    explicit Markers(Session& session) : m_Session(session) {}
+    explicit Markers(Curve& curve) : m_Curve(curve) {}
+
+    [[nodiscard]] const Marker& At(std::size_t marker) const { return m_Markers[marker]; }
+    /// Takes the texts and places away; the boxes stay ticked.
+    void Clear();
+    /// The panel and the maxima of the runs have to follow a change of curve, unit or control.
+    void Refresh();
+    /// The curve is over time from now on: "Oben" and "Unter" mean nothing.
+    void ForgetCurves();
 
     void Toggle(std::size_t marker); ///< its button
     /// The three check boxes. In 2-tone there is but one curve, and the last two mean nothing.
@@ -37,7 +45,7 @@ public:
     void Release(); ///< the marker stays where its label is
     [[nodiscard]] bool IsDragging() const;
 
-    void OnMarkerTimer(); ///< MarkerTimer
+    void OnMarkerTimer(bool runOn); ///< MarkerTimer
     /// Part of each paint, after the maxima: finds the points and their levels, gives the labels their places
     /// and says what to draw. Allocates nothing while no marker is on.
     [[nodiscard]] std::vector<MarkerMark> Place(const PlotGeometry& plot);
@@ -55,10 +63,20 @@ private:
     void FollowMouse(Marker& marker);
     void PlaceInTwoTone(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
     void PlaceInSweep(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
+    void KeepLabelsApart(std::vector<MarkerMark>& marks);
     bool FindOnCurve(Marker& marker, MarkerMark mark, std::vector<MarkerMark>& marks);
 
-    Session& m_Session;
+    Curve& m_Curve;
+    std::array<Marker, MarkerCount> m_Markers;
     PlotGeometry m_Plot; ///< of the last paint
+
+    // Highest point of each of the first ten runs, 0 for none. They stand still during a run.
+    std::array<float, MarkerRuns> g_runUpMax{};
+    std::array<float, MarkerRuns> g_runDownMax{};
+    std::array<int, MarkerRuns> g_runUpMaxIndex{};
+    std::array<int, MarkerRuns> g_runDownMaxIndex{};
+    /// Ticks for which the panel still follows the markers; at 10 the maxima above do.
+    int g_markerRefresh = 0;
 };
 
 /// The dialog "Marker n Einbauen", which gives a marker its run. The marker is off while this lives, and
@@ -85,11 +103,7 @@ private:
 /// Unit of the positions: "Sec." or "MHz".
 [[nodiscard]] std::string_view MarkerUnit(const Curve& curve);
 
-/// Takes the markers' texts and places away; their boxes stay ticked.
-void ClearMarkers(MarkerState& markers);
-/// The panel and the maxima of the runs have to follow a change of curve, unit or control.
-void RefreshMarkers(MarkerState& markers);
 /// An empty plot, and no texts of the markers.
-void ClearPlot(Session& session);
+void ClearPlot(Curve& curve, Markers& markers);
 
 } // namespace qor

@@ -37,10 +37,15 @@ struct Ground {
         items.emplace_back(PlotBox{x, plot.top, 1, plot.axis - plot.top, colour});
     }
 
-    /// A number under the axis with its middle at x; left out where it would run into the one before.
+    [[nodiscard]] static int HalfOf(std::string_view number) {
+        return static_cast<int>(number.size()) * NumberWidth / 2;
+    }
+    /// A number under the axis with its middle at x, but inside the window; left out where it would run into
+    /// the one before.
     void NumberUnder(int x, double value, bool always = false) {
         std::string text = Fixed(value, 1);
-        const int half = static_cast<int>(text.size()) * NumberWidth / 2;
+        const int half = HalfOf(text);
+        x = std::min(x, plot.width - half);
         if (x - half < numbersEnd && !always)
             return;
         numbersEnd = x + half;
@@ -85,14 +90,17 @@ struct Ground {
         const int end = plot.left + plot.CurveWidth(); // right but for a window wider than the plot can be
         const auto secondsAt = [division](int i) { return static_cast<long long>(i) * division / 1000; };
         NumberUnder(plot.left, 0);
+        const int endHalf = HalfOf(Fixed(length / 1000.0, 1));
+        const int endFrom =
+            std::min(end, plot.width - endHalf) - endHalf; // the number at the end begins there
         int i = 1;
         for (; static_cast<long long>(i) * division < length; ++i) {
             const auto ms = static_cast<long long>(i) * division;
             const int x = plot.left + static_cast<int>(ms * plot.CurveWidth() / length);
             Upright(x, colours.grid);
             const double number = static_cast<double>(ms) / 1000.0;
-            const int room = std::max(EndRoom, static_cast<int>(Fixed(number, 1).size()) * NumberWidth);
-            if (end - x >= room || secondsAt(i) == seconds)
+            const bool isFree = end - x >= EndRoom && x + HalfOf(Fixed(number, 1)) <= endFrom;
+            if (isFree || secondsAt(i) == seconds)
                 NumberUnder(x, number);
         }
         if (secondsAt(i - 1) != seconds)

@@ -1,11 +1,8 @@
 #include "curve/plot_scene.h"
 
-#include "bands/catalogue.h"
-#include "base/tenths.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
 #include "curve/plot_ground.h"
-#include "desk/session.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +18,9 @@ constexpr Rgb DownTextColour = 0xFF3700;
 constexpr Rgb StatusColour = 0x00C8B4;
 constexpr Rgb StampColour = 0x0000FF;
 constexpr Rgb NearlyBlack = 0x000500;
-constexpr Rgb PartialYellow = 0xFFC800;
+constexpr Rgb BannerYellow = 0xFFC800; ///< of what is to be read before the verdict is believed
+constexpr Rgb RunBlue = 0x0000FF;
+constexpr Rgb BlueEdge = 0xB0B0FF;
 constexpr int StampRows = 85;
 
 // shown to the operator: errors of the instrument
@@ -68,29 +67,46 @@ void AddBar(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry
                                over ? OverLimitRed : PassGreen});
 }
 
-/// Flag on a maximum: its triangle and its text, which is kept on the plot.
-void AddFlag(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
-             const PlotColours& colours, bool down) {
+/// A maximum, and the text that names it, which is kept on the plot.
+struct Flag {
+    int x = 0;
+    int y = 0;
+    PlotText text;
+
+    [[nodiscard]] int Width() const { return static_cast<int>(text.text.size()) * text.size * 2 / 3; }
+};
+
+std::optional<Flag> FlagOn(const Curve& curve, const PlotGeometry& plot, bool down) {
     const float level = down ? curve.MaxDown().level : curve.MaxUp().level;
     const auto index =
         static_cast<std::size_t>(std::max(down ? curve.MaxDown().index : curve.MaxUp().index, 0));
     if (!IsPresent(level) || index >= CurvePoints)
-        return;
+        return std::nullopt;
     const bool sweep = curve.IsSweep();
     const double place = sweep ? static_cast<double>(curve.Grid()[index])
                                : static_cast<double>(index) * curve.TimePerPoint() / 1000.0;
-    std::string text = !sweep ? "Max:<" : down ? "dwMax:<" : "upMax:<";
-    text += Fixed(place, 1) + ", " + Fixed(InUnit(curve, level), 1) + ">";
+    Flag flag;
+    flag.x = XOfPoint(curve, plot, index);
+    flag.y = plot.YOf(level);
+    flag.text.text = !sweep ? "Max:<" : down ? "dwMax:<" : "upMax:<";
+    flag.text.text += Fixed(place, 1) + ", " + Fixed(InUnit(curve, level), 1) + ">";
+    flag.text.size = TextSize(plot);
+    const int line = LineHeight(flag.text.size);
+    flag.text.x = std::max(std::min(flag.x - 8, plot.right - flag.Width()), plot.left + 2);
+    flag.text.y =
+        down ? std::min(flag.y + 12, plot.axis - line - 2) : std::max(flag.y - 10 - line, plot.top + 2);
+    return flag;
+}
 
-    const int x = XOfPoint(curve, plot, index);
-    const int y = plot.YOf(level);
-    const int size = TextSize(plot);
-    const int room = static_cast<int>(text.size()) * size * 2 / 3;
-    const int textX = std::max(std::min(x - 8, plot.right - room), plot.left + 2);
-    const int textY = down ? std::min(y + 12, plot.axis - LineHeight(size) - 2)
-                           : std::max(y - 10 - LineHeight(size), plot.top + 2);
-    items.emplace_back(PlotTriangle{x, down ? y + 2 : y - 2, down, true, down ? FailRed : colours.flag});
-    items.emplace_back(PlotText{textX, textY, std::move(text), down ? DownTextColour : colours.frame, size});
+void AddFlag(std::vector<PlotItem>& items, const Curve& curve, const PlotGeometry& plot,
+             const PlotColours& colours, bool down) {
+    auto flag = FlagOn(curve, plot, down);
+    if (!flag)
+        return;
+    items.emplace_back(
+        PlotTriangle{flag->x, down ? flag->y + 2 : flag->y - 2, down, true, down ? FailRed : colours.flag});
+    flag->text.colour = down ? DownTextColour : colours.frame;
+    items.emplace_back(std::move(flag->text));
 }
 
 void AddMark(std::vector<PlotItem>& items, const MarkerMark& mark, const PlotColours& colours) {
@@ -113,7 +129,10 @@ void AddStatusTexts(std::vector<PlotItem>& items, const Curve& curve, const Plot
             text.replace(text.size() - NotFromData.size(), NotFromData.size(),
                          Translated(facts, NotFromData));
         const int y = std::min(plot.bottom - 10, plot.height - LineHeight(TextSize(plot)));
-        items.emplace_back(PlotText{plot.left, y, std::move(text), StatusColour, TextSize(plot)});
+        // The label of the axis stands on the right.
+        const int room = plot.Span() - 8 * TextSize(plot);
+        items.emplace_back(
+            PlotText{plot.left, y, std::move(text), StatusColour, TextSize(plot), PlotAlign::Left, room});
     }
     const bool powered = facts.bandSelected && (facts.power1 >= 0.1 || facts.power2 >= 0.1);
     if (powered && !facts.g_calDisplay)
@@ -122,6 +141,19 @@ void AddStatusTexts(std::vector<PlotItem>& items, const Curve& curve, const Plot
                                         "dBm  " + Translated(facts, PowerTexts[1]) + " " +
                                         Fixed(facts.power2, 1) + "dBm",
                                     StatusColour, TextSize(plot)});
+}
+
+void AddBanner(std::vector<PlotItem>& items, const PlotGeometry& plot, const PlotFacts& facts) {
+    if (facts.banner.empty() || facts.look != PlotLook::Screen)
+        return;
+    std::string text;
+    for (const BannerPart& part : facts.banner)
+        text += (text.empty() ? "" : "   ") + Translated(facts, part.label) +
+                (part.value.empty() ? "" : " ") + part.value;
+    const int size = std::min(TextSize(plot), plot.top - 6);
+    items.emplace_back(PlotBox{plot.left, 1, plot.Span() + 1, plot.top - 2, BannerYellow});
+    items.emplace_back(PlotText{(plot.left + plot.right) / 2, (plot.top - LineHeight(size)) / 2,
+                                std::move(text), NearlyBlack, size, PlotAlign::Centre, plot.Span() - 8});
 }
 
 std::string_view ErrorText(int error) {
@@ -151,7 +183,7 @@ void AddStamp(std::vector<PlotItem>& items, const Curve& curve, const PlotGeomet
         if (stamped)
             items.emplace_back(PlotText{(plot.left + plot.right) / 2, textY,
                                         Translated(facts, ErrorText(run.error)), StampColour, StampSize,
-                                        PlotAlign::Centre, plot.Span() - 16, PlotFont::Stamp});
+                                        PlotAlign::Centre, plot.Span() - 16, PlotFont::Stamp, NearlyBlack});
     }
     if (facts.g_calDisplay)
         return;
@@ -165,14 +197,15 @@ void AddStamp(std::vector<PlotItem>& items, const Curve& curve, const PlotGeomet
         std::string text = indent + Translated(facts, passed ? PassText : FailText);
         items.emplace_back(PlotBox{left, plot.top + 5, width, StampRows, colour});
         items.emplace_back(PlotText{left + width / 2, textY, std::move(text), StampColour, StampSize,
-                                    PlotAlign::Centre, width - 16, PlotFont::Stamp});
+                                    PlotAlign::Centre, width - 16, PlotFont::Stamp,
+                                    failed ? std::optional(NearlyBlack) : std::nullopt});
     }
     if (!run.IsPartial())
         return;
     // Under the stamp and as a part of it; in a colour of its own where nothing is stamped.
     const int size = TextSize(plot);
     items.emplace_back(PlotBox{left, plot.top + 5 + StampRows, width, LineHeight(size) + 4,
-                               stamped && (passed || failed) ? colour : PartialYellow});
+                               stamped && (passed || failed) ? colour : BannerYellow});
     items.emplace_back(PlotText{left + width / 2, plot.top + 7 + StampRows, PointsText(run, facts),
                                 NearlyBlack, size, PlotAlign::Centre, width - 8});
 }
@@ -195,14 +228,19 @@ Rgb TraceColour(std::size_t run, bool printMode) {
     return printMode && entry == 0 ? NearlyBlack : Palette[entry];
 }
 
-PlotFacts FactsOf(const Session& session) {
-    PlotFacts facts;
-    facts.runOn = session.run.IsOn();
-    facts.tagEndless = session.runs.IsContinuous();
-    facts.bandSelected = session.working.Band() != BandNone;
-    facts.power1 = NumberIn(session.working.Power1()) / 10.0;
-    facts.power2 = NumberIn(session.working.Power2()) / 10.0;
-    return facts;
+std::optional<Rgb> TraceEdge(Rgb colour, PlotLook look) {
+    return colour == RunBlue && look == PlotLook::Screen ? std::optional(BlueEdge) : std::nullopt;
+}
+
+std::vector<PlotBox> FlagTexts(const Curve& curve, const PlotGeometry& plot) {
+    std::vector<PlotBox> boxes;
+    for (const bool down : {false, true}) {
+        if (down && !curve.IsSweep())
+            break;
+        if (const auto flag = FlagOn(curve, plot, down))
+            boxes.push_back({flag->text.x, flag->text.y, flag->Width(), LineHeight(flag->text.size), 0});
+    }
+    return boxes;
 }
 
 PlotScene BuildScene(const Curve& curve, const PlotGeometry& plot, const PlotFacts& facts) {
@@ -218,6 +256,7 @@ PlotScene BuildScene(const Curve& curve, const PlotGeometry& plot, const PlotFac
     }
     for (const MarkerMark& mark : facts.marks)
         AddMark(scene.front, mark, colours);
+    AddBanner(scene.front, plot, facts);
     AddStatusTexts(scene.front, curve, plot, facts);
     AddStamp(scene.front, curve, plot, facts);
     return scene;

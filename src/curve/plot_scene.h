@@ -5,14 +5,13 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
 namespace qor {
-
-struct Session;
 
 using Rgb = std::uint32_t; ///< 0xRRGGBB
 
@@ -28,6 +27,12 @@ struct PlotColours {
     Rgb grid;
 };
 
+/// A word of the program, put into the language of the screen, and what it is about as it stands.
+struct BannerPart {
+    std::string label;
+    std::string value;
+};
+
 /// What a paint shows besides the curve and its scale.
 struct PlotFacts {
     PlotLook look = PlotLook::Screen;
@@ -39,6 +44,7 @@ struct PlotFacts {
     bool narrowScreen = false; ///< the short texts of the stamp
     double power1 = 0;         ///< dBm
     double power2 = 0;         ///< dBm
+    std::vector<BannerPart> banner; ///< over the plot on the screen, in place of the title
     std::vector<MarkerMark> marks;
     /// Puts a text into the language of the screen; its German original is the key. None: German.
     std::function<std::string(std::string_view)> translate;
@@ -77,6 +83,7 @@ struct PlotText {
     PlotAlign align = PlotAlign::Left;
     int room = 0; ///< pixels the text is kept to by drawing it narrower; 0: any
     PlotFont font = PlotFont::Plain;
+    std::optional<Rgb> outline{}; ///< where the colour alone does not stand out from what lies behind
     bool operator==(const PlotText&) const = default;
 };
 
@@ -107,10 +114,10 @@ inline constexpr std::string_view PlotTitle = "- - - ZANDVOSS QOR SYSTEM - - -";
 [[nodiscard]] PlotColours ColoursOf(PlotLook look, bool printMode);
 /// Colour of a run's traces: ten, then again from the first.
 [[nodiscard]] Rgb TraceColour(std::size_t run, bool printMode);
-
-/// The facts of a session, for the screen. The marks, the translation and the size of the screen are left to
-/// the caller.
-[[nodiscard]] PlotFacts FactsOf(const Session& session);
+/// Light edge of a trace that is hardly seen on the black of the screen.
+[[nodiscard]] std::optional<Rgb> TraceEdge(Rgb colour, PlotLook look);
+/// Where the texts of the flags on the maxima stand, a little more than they take.
+[[nodiscard]] std::vector<PlotBox> FlagTexts(const Curve& curve, const PlotGeometry& plot);
 
 /// The scene of the curve as it stands: the matrices are up to date and the maxima searched.
 [[nodiscard]] PlotScene BuildScene(const Curve& curve, const PlotGeometry& plot, const PlotFacts& facts);

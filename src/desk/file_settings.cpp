@@ -103,7 +103,7 @@ Outcome FileSettings::BringBackOwn() {
     for (const auto& [name, text] : own.powerStores)
         PutBack(name, text);
 
-    ClearPlot(m_Session);
+    ClearPlot(m_Session.curve, m_Session.markers);
     m_Session.results.loaded.Clear();
     m_Session.readout.ClearLevel();
     RestorePathLoss(m_Session, m_Store);

@@ -38,7 +38,7 @@ Outcome FileShow::CurrentShow(const std::filesystem::path& path) {
     const auto [f1, f2] = HeldTones(document);
 
     DropPathLoss(m_Session);
-    ClearPlot(m_Session);
+    ClearPlot(m_Session.curve, m_Session.markers);
     TakeUnit(document);
     TakeRemarks(document);
     std::string note = m_Settings.BringIntoForce(document);
@@ -52,7 +52,7 @@ Outcome FileShow::CurrentShow(const std::filesystem::path& path) {
     curve.Load(loaded);
     curve.Update(m_Session.receiver.InstrumentListens());
     curve.SearchMaxima();
-    RefreshMarkers(m_Session.markers);
+    m_Session.markers.Refresh();
     if (document.hasHead)
         m_Session.readout.ShowTones(f1, f2);
     if (const auto worst = WorstFrequency(curve))

@@ -17,7 +17,7 @@ namespace {
 /// Moves the limit and the worst level, which are kept in the unit shown.
 void ShiftShownLevels(double by, Session& session) {
     session.curve.limit.Take(session.curve.limit.Level() + static_cast<float>(by));
-    RefreshMarkers(session.markers);
+    session.markers.Refresh();
 }
 
 } // namespace

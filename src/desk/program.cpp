@@ -35,8 +35,9 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_ReceiverSearch(m_Session.receiver, m_Receiver, m_Store),
       m_Files({m_Session.run, m_Session.curve, m_Session.working, m_Session.results}, m_Platform.clock,
               m_Store),
-      m_Reports(platform.pictures, m_Store), m_Series(m_Platform.timers, m_Platform.user, m_Reports),
-      m_Markers(m_Session), m_Line{m_Platform.comm, m_Platform.ports, m_Platform.timers, m_Platform.clock},
+      m_Reports(platform.pictures, m_Store),
+      m_Series(m_Platform.timers, m_Platform.user, m_Reports), m_Line{m_Platform.comm, m_Platform.ports,
+                                                                      m_Platform.timers, m_Platform.clock},
       m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
       m_Activation(m_Session.working, m_Session.link.queue, m_Store),
       m_Init(m_Session.link, m_Session.working, m_Channel, m_Activation, m_Line, *this, *this),
@@ -55,7 +56,7 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }),
       m_CallTimer(m_Platform.timers, AfterCallTimer, [this] { AfterCall(); }) {
     WindowTimers& timers = m_Platform.timers;
-    timers.OnTick(MarkerTimer, [this] { m_Markers.OnMarkerTimer(); });
+    timers.OnTick(MarkerTimer, [this] { m_Session.markers.OnMarkerTimer(m_Session.run.IsOn()); });
     for (const int timer : BeepTimers)
         timers.OnTick(timer, [this, timer] { m_Session.alarm.OnTimer(timer, m_Platform); });
     m_Platform.comm.SetHandler([this] { m_Channel.OnComm(); });
@@ -176,7 +177,9 @@ void Program::RunBegins() {
     RestorePathLoss(m_Session, m_Store);
     m_Session.results.loaded.Clear();
     FollowBandPower(m_Session, m_Platform, m_Store);
-    ClearMarkers(m_Session.markers);
+    m_Session.markers.Clear();
+    if (m_Session.working.Method() == ModeTwoTone)
+        m_Session.markers.ForgetCurves();
     m_RunHasBegun = true;
 }
 

@@ -100,7 +100,7 @@ public:
     [[nodiscard]] const AutoSaver& Saver() const { return m_AutoSaver; }
     [[nodiscard]] PageSeries& Series() { return m_Series; }
     [[nodiscard]] const PageSeries& Series() const { return m_Series; }
-    [[nodiscard]] Markers& Marks() { return m_Markers; }
+    [[nodiscard]] Markers& Marks() { return m_Session.markers; }
     [[nodiscard]] const Platform& Parts() const { return m_Platform; }
 
 private:
@@ -137,7 +137,6 @@ private:
     ResultFiles m_Files;
     ReportMaker m_Reports;
     PageSeries m_Series;
-    Markers m_Markers;
     LinkParts m_Line;
     RunMark m_RunMark;
     Channel m_Channel;

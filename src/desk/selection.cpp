@@ -33,7 +33,7 @@ Outcome Selection::SelectBand(int band) {
     }
     if (Outcome carries = m_Instrument.Carries(band); !carries)
         return carries;
-    ClearPlot(m_Session);
+    ClearPlot(m_Session.curve, m_Session.markers);
     return m_Instrument.SelectBand(band);
 }
 
@@ -48,7 +48,7 @@ Outcome Selection::SelectOrder(int imIndex) {
         return free;
     if (m_Session.interBand.IsOn()) // the inter-band mode has an order of its own
         return Outcome::Refused({});
-    ClearPlot(m_Session);
+    ClearPlot(m_Session.curve, m_Session.markers);
     m_Instrument.SelectOrder(imIndex);
     return PortIsOpen(m_Platform);
 }
@@ -63,7 +63,7 @@ Outcome Selection::SelectMethod(int mode) {
     const bool changed = m_Session.working.Method() != mode;
     m_Session.working.SelectMethod(mode);
     if (changed) {
-        ClearPlot(m_Session);
+        ClearPlot(m_Session.curve, m_Session.markers);
         m_Instrument.Activate();
         m_Store.Write("testmode.ccz", std::to_string(mode));
     }

@@ -2,7 +2,7 @@
 
 #include "curve/alarm.h"
 #include "curve/curve.h"
-#include "curve/marker_state.h"
+#include "curve/markers.h"
 #include "curve/readout.h"
 #include "desk/appearance.h"
 #include "desk/user_modes.h"
@@ -24,7 +24,7 @@ struct Session {
     InterBandMode interBand;
     Curve curve;
     AlarmState alarm;
-    MarkerState markers;
+    Markers markers{curve};
     ResultState results;
     ReceiverState receiver;
     UserState user;

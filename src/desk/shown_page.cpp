@@ -1,5 +1,6 @@
 #include "desk/shown_page.h"
 
+#include "desk/plot_facts.h"
 #include "desk/program.h"
 #include "desk/replace.h"
 #include "platform/operator.h"
@@ -12,10 +13,10 @@ namespace {
 constexpr std::string_view NotSupported = "Does not support the current selection!";
 constexpr std::size_t LongestStoredComment = 340;
 
-std::array<ReportMarker, 3> MarkersOf(const MarkerState& state) {
+std::array<ReportMarker, 3> MarkersOf(const Markers& from) {
     std::array<ReportMarker, 3> markers;
     for (std::size_t i = 0; i < markers.size(); ++i) {
-        const Marker& marker = state.marker[i];
+        const Marker& marker = from.At(i);
         if (marker.m_MarkerOn)
             markers[i] = {marker.m_MarkerPosText, marker.m_MarkerLevelText};
     }

@@ -20,7 +20,7 @@ Outcome ClearDisplay(Desk& desk, int) {
     Session& session = desk.program.State();
     if (Outcome off = RunIsOff(session); !off) // one that waits for its turn is not dropped
         return off;
-    ClearPlot(session);
+    ClearPlot(session.curve, session.markers);
     RestorePathLoss(session, desk.program.Stores());
     session.readout.ClearLevel();
     session.results.loaded.Clear();

@@ -43,6 +43,10 @@ inline constexpr std::string_view TwoToneOn = "#M2T1";
 inline constexpr std::string_view TwoToneOff = "#M2T0";
 inline constexpr std::string_view SweepOn = "#MSWL1";
 inline constexpr std::string_view SweepOff = "#MSWL0";
+inline constexpr std::string_view UpHalf = "#MDNL0"; ///< tone 1 moves; for firmware that SelectsHalves
+inline constexpr std::string_view DownHalf = "#MDNL1";
+inline constexpr std::string_view UpHalfOn = "#MUPL1"; ///< beside it, for firmware that SelectsHalvesInPairs
+inline constexpr std::string_view UpHalfOff = "#MUPL0";
 inline constexpr std::string_view SweepFollows = "#SWEEP"; ///< is not answered
 
 // These stand in the queue and never go out.

@@ -4,6 +4,7 @@
 #include "curve/curve.h"
 #include "curve/readout.h"
 #include "link/channel.h"
+#include "link/commands.h"
 #include "link/link_state.h"
 #include "link/working_set.h"
 #include "measure/timer_ids.h"
@@ -110,7 +111,7 @@ void Measurement::BeginFurtherSweep() {
         NextSweep();
         return;
     }
-    for (const char* text : {"#MSWL0", "#SPA0", "#SPB0"})
+    for (const std::string_view text : {command::SweepOff, command::Tone1Off, command::Tone2Off})
         m_Rooms.link.queue.Append(text);
     m_Rooms.run.BeginPause();
     m_IntervalTimer.Start(IntervalPeriod);

@@ -48,10 +48,10 @@ void Spectrum::NextStep() {
     const RunRecord& record = m_Parts.run.Record();
     if (RisesTo(record.plan, m_Step)) {
         const float f1 = F1At(record.plan, m_Step++);
-        QueueStep("#SFA", f1, TagStepUp, record.Product(f1, record.plan.f2Fix));
+        QueueStep(command::Frequency1, f1, TagStepUp, record.Product(f1, record.plan.f2Fix));
         return;
     }
-    QueueStep("#SFA", record.plan.f1Fix, TagPlain, 0); // its reading stores nothing
+    QueueStep(command::Frequency1, record.plan.f1Fix, TagPlain, 0); // its reading stores nothing
     g_SweepMarkFirst = true;
     StopStepping();
 }

@@ -30,27 +30,30 @@ public:
     /// The instrument's short rest.
     Script& Rest(int count) {
         for (int i = 0; i < count; ++i)
-            Send({"#SR"});
+            Send({command::Begin});
         return *this;
     }
     Script& SelectBandAgain() {
         return SendIf(m_At.firstRun && !m_At.bandCommand.empty(), {m_At.bandCommand});
     }
     Script& HandOver() { return SendIf(m_At.handsOver, {command::ExternalReceiver}); }
-    Script& Recut() { return SendIf(m_At.firstRun && HasRecut(m_At.firmware), {"#RECUT1"}); }
+    Script& Recut() { return SendIf(m_At.firstRun && HasRecut(m_At.firmware), {command::SettingsLoaded}); }
     /// Transmission is told to every run, reflection to the first one.
-    Script& Transmission() { return SendIf(m_At.transmission, {"#SMTRA"}); }
-    Script& Reflection() { return SendIf(m_At.firstRun && !m_At.transmission, {"#SMREF"}); }
+    Script& Transmission() { return SendIf(m_At.transmission, {command::Transmission}); }
+    Script& Reflection() { return SendIf(m_At.firstRun && !m_At.transmission, {command::Reflection}); }
     Script& InterBandPower() {
         if (!m_At.firstRun || !m_At.interBandPower)
             return *this;
         const PowerSetting& power = *m_At.interBandPower;
-        return Send({"#SPWA" + power.tone1.substr(0, 5), "#SPWB" + power.tone2.substr(0, 5)});
+        return Send({std::string(command::Power1) + power.tone1.substr(0, 5),
+                     std::string(command::Power2) + power.tone2.substr(0, 5)});
     }
-    Script& TonesOfFirstStep() { return SetTone("#SFB", m_At.plan.f2Fix).SetTone("#SFA", m_At.plan.f1Start); }
+    Script& TonesOfFirstStep() {
+        return SetTone(command::Frequency2, m_At.plan.f2Fix).SetTone(command::Frequency1, m_At.plan.f1Start);
+    }
     Script& Read(int tag, float param = 0) {
         if (m_At.internal)
-            m_Commands.push_back({"#IMP?", tag, param});
+            m_Commands.push_back({std::string(command::Level), tag, param});
         return *this;
     }
     /// The command last sent sets the first step: its reading follows it.
@@ -72,9 +75,9 @@ void RestBeforeFirstHalf(Script& script, const StartSituation& at) {
     const bool alone = at.saEnclosed && !at.interBandPower;
     const bool further = at.runIndex != 0 && !at.interBandPower;
     if (further && !alone && !at.rested)
-        script.Send({"#SPA0", "#SPB0"}).Rest(10);
+        script.Send({command::Tone1Off, command::Tone2Off}).Rest(10);
     if (!further || !alone)
-        script.Send({"#MDNL0"});
+        script.Send({command::UpHalf});
     if (!alone)
         script.Rest(10);
 }
@@ -89,13 +92,13 @@ StartCommands StartOfTwoTone(const StartSituation& at) {
     return Script(at)
         .HandOver()
         .SelectBandAgain()
-        .Send({"#M2T1", "#SR"})
+        .Send({command::TwoToneOn, command::Begin})
         .Recut()
         .Transmission()
         .Reflection()
         .InterBandPower()
-        .SetTone("#SFA", at.plan.f1)
-        .SetTone("#SFB", at.plan.f2, TagLevel)
+        .SetTone(command::Frequency1, at.plan.f1)
+        .SetTone(command::Frequency2, at.plan.f2, TagLevel)
         .Read(TagPrimeQueued)
         .End();
 }
@@ -112,26 +115,33 @@ StartCommands StartOfSweep(const StartSituation& at) {
         script.SelectBandAgain();
     if (RestsBetweenHalves(at.firmware))
         RestBeforeFirstHalf(script, at);
-    script.SendIf(!carriersOff, {"#SPA1", "#SPB1"}).SendIf(!at.prepared, {"#SR"}).Transmission();
+    script.SendIf(!carriersOff, {command::Tone1On, command::Tone2On})
+        .SendIf(!at.prepared, {command::Begin})
+        .Transmission();
     if (!at.prepared)
         script.Recut().InterBandPower().Reflection();
-    script.TonesOfFirstStep().Send({"#MSWL1"});
+    script.TonesOfFirstStep().Send({command::SweepOn});
     if (SelectsHalvesInPairs(at.firmware))
-        script.Send({"#MDNL0", "#MUPL1"});
+        script.Send({command::UpHalf, command::UpHalfOn});
     else
-        script.SendIf(at.internal && SelectsHalves(at.firmware), {"#MDNL0"});
-    return script.SendIf(at.prepared, {"#SR"}).EndWithFirstStep();
+        script.SendIf(at.internal && SelectsHalves(at.firmware), {command::UpHalf});
+    return script.SendIf(at.prepared, {command::Begin}).EndWithFirstStep();
 }
 
 StartCommands RepeatOfSweep(const StartSituation& at) {
     Script script(at);
     script.TonesOfFirstStep();
     if (SelectsHalvesInPairs(at.firmware))
-        script.Send({"#MDNL0", "#MUPL1"});
+        script.Send({command::UpHalf, command::UpHalfOn});
     else if (RestsBetweenHalves(at.firmware))
-        script.Send({"#SPA0", "#SPB0"}).Rest(10).Send({"#MDNL0"}).Rest(10).Send({"#SPA1", "#SPB1"}).Rest(4);
+        script.Send({command::Tone1Off, command::Tone2Off})
+            .Rest(10)
+            .Send({command::UpHalf})
+            .Rest(10)
+            .Send({command::Tone1On, command::Tone2On})
+            .Rest(4);
     else if (at.internal && SelectsHalves(at.firmware))
-        script.Send({"#MDNL0"});
+        script.Send({command::UpHalf});
     else
         script.Rest(1);
     return script.EndWithFirstStep();
@@ -142,14 +152,14 @@ StartCommands StartOfSpectrum(const StartSituation& at) {
         .Send({UseReceiver(1)})
         .SendIf(!at.internal, {command::ExternalReceiver})
         .SelectBandAgain()
-        .Send({"#SR"})
+        .Send({command::Begin})
         .Recut()
         .TonesOfFirstStep()
         .EndWithFirstStep();
 }
 
 StartCommands RepeatOfSpectrum(const StartSituation& at) {
-    return Script(at).TonesOfFirstStep().Send({"#SR"}).EndWithFirstStep();
+    return Script(at).TonesOfFirstStep().Send({command::Begin}).EndWithFirstStep();
 }
 
 } // namespace qor

@@ -220,16 +220,16 @@ void SteppedShape::CloseLine() {
     CommandQueue& queue = m_Parts.link.queue;
     const bool last = m_Parts.curve.Runs() == m_Parts.curve.Run() + 1;
     if (last && !m_Parts.settings.IsContinuous())
-        for (const char* text : {"#SPA0", "#SPB0", "#MSWL0"})
+        for (const std::string_view text : {command::Tone1Off, command::Tone2Off, command::SweepOff})
             queue.Append(text);
-    queue.Append(WithTenths("#SFB", static_cast<double>(m_Parts.run.Record().plan.f2Fix)));
+    queue.Append(WithTenths(command::Frequency2, static_cast<double>(m_Parts.run.Record().plan.f2Fix)));
     m_Stage = Stage::Closing;
     m_ClosingTicks = 0;
 }
 
 void SteppedShape::Finish() {
     m_Stage = Stage::None;
-    for (const char* text : {"#SMREF", "#SPA0", "#SPB0"})
+    for (const std::string_view text : {command::Reflection, command::Tone1Off, command::Tone2Off})
         m_Parts.link.queue.Append(text);
 }
 
@@ -242,7 +242,7 @@ void SteppedShape::Stop() {
     m_Parts.readout.ShowTones(static_cast<double>(plan.f1Fix), static_cast<double>(plan.f2Fix));
     m_Parts.sources.Current().Release();
     QueueCarriersOff();
-    m_Parts.link.queue.Append("#SMREF");
+    m_Parts.link.queue.Append(command::Reflection);
 }
 
 } // namespace qor

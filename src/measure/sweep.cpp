@@ -73,13 +73,13 @@ void Sweep::NextStep() {
     if (m_Stage == Stage::Up) {
         if (RisesTo(plan, m_Step)) {
             const float f1 = F1At(plan, m_Step++);
-            QueueStep("#SFA", f1, TagStepUp, record.Product(f1, plan.f2Fix));
+            QueueStep(command::Frequency1, f1, TagStepUp, record.Product(f1, plan.f2Fix));
         } else if (!RestsBetweenHalves(m_Parts.link.identity.Firmware()) || !RestBetweenHalves()) {
             TurnToFallingHalf();
         }
     } else if (FallsTo(plan, m_Step)) {
         const float f2 = F2At(plan, m_Step++);
-        QueueStep("#SFB", f2, TagStepDown, record.Product(plan.f1Fix, f2));
+        QueueStep(command::Frequency2, f2, TagStepDown, record.Product(plan.f1Fix, f2));
     } else {
         StopStepping();
     }
@@ -90,15 +90,15 @@ bool Sweep::RestBetweenHalves() {
     CommandQueue& queue = m_Parts.link.queue;
     switch (g_SweepPause) {
     case RestCarriersOff:
-        queue.Append("#SPA0");
-        queue.Append("#SPB0");
+        queue.Append(command::Tone1Off);
+        queue.Append(command::Tone2Off);
         break;
     case RestNameHalf:
-        queue.Append("#MDNL1");
+        queue.Append(command::DownHalf);
         break;
     case RestCarriersOn:
-        queue.Append("#SPA1");
-        queue.Append("#SPB1");
+        queue.Append(command::Tone1On);
+        queue.Append(command::Tone2On);
         break;
     case RestOver:
         g_SweepPause = 0;
@@ -117,19 +117,19 @@ void Sweep::TurnToFallingHalf() {
     CommandQueue& queue = m_Parts.link.queue;
     m_Stage = Stage::Down;
     if (SelectsHalvesInPairs(firmware)) {
-        queue.Append("#MDNL1");
-        queue.Append("#MUPL0");
+        queue.Append(command::DownHalf);
+        queue.Append(command::UpHalfOff);
     } else if (m_Parts.sources.Current().AnswersOverTheLine() && SelectsHalves(firmware)) {
-        queue.Append("#MDNL1");
+        queue.Append(command::DownHalf);
     }
-    queue.Append(WithTenths("#SFA", static_cast<double>(plan.f1Fix)));
+    queue.Append(WithTenths(command::Frequency1, static_cast<double>(plan.f1Fix)));
     g_SweepMarkFirst = true;
     m_Step = 1;
-    QueueStep("#SFB", plan.f2Start, TagStepDown, record.Product(plan.f1Fix, plan.f2Start));
+    QueueStep(command::Frequency2, plan.f2Start, TagStepDown, record.Product(plan.f1Fix, plan.f2Start));
 }
 
 void Sweep::QueueCarriersOff() {
-    for (const char* text : {"#MSWL0", "#SPA0", "#SPB0"})
+    for (const std::string_view text : {command::SweepOff, command::Tone1Off, command::Tone2Off})
         m_Parts.link.queue.Append(text);
 }
 

@@ -2,6 +2,7 @@
 
 #include "curve/curve.h"
 #include "curve/readout.h"
+#include "link/commands.h"
 #include "link/link_state.h"
 #include "measure/run.h"
 #include "measure/start_commands.h"
@@ -107,8 +108,8 @@ void TwoTone::Finish() {
     m_Parts.link.queue.Clear();
     m_Parts.sources.Current().Release();
     m_Timer.Stop();
-    m_Parts.link.queue.Append("#M2T0");
-    m_Parts.link.queue.Append("#SMREF");
+    m_Parts.link.queue.Append(command::TwoToneOff);
+    m_Parts.link.queue.Append(command::Reflection);
 }
 
 void TwoTone::Stop() {

@@ -1,6 +1,7 @@
 #include "curve/curve.h"
 #include "curve/markers.h"
 #include "curve/plot_geometry.h"
+#include "curve/plot_scene.h"
 #include "desk/level_unit.h"
 #include "support/rig.h"
 
@@ -52,11 +53,11 @@ struct MarkerDesk : Rig {
     std::vector<MarkerMark> Settle() {
         for (int i = 0; i < 2; ++i) {
             Paint();
-            program.Marks().OnMarkerTimer();
+            program.Marks().OnMarkerTimer(S().run.IsOn());
         }
         return Paint();
     }
-    [[nodiscard]] Marker& M(std::size_t n = 0) { return S().markers.marker[n]; }
+    [[nodiscard]] const Marker& M(std::size_t n = 0) { return S().markers.At(n); }
     [[nodiscard]] std::string Texts(std::size_t n = 0) {
         return M(n).m_MarkerPosText + " " + M(n).m_MarkerLevelText;
     }
@@ -168,6 +169,24 @@ TEST(Markers, EqualPeaksStandOnTheUpCurveAndACurveWithoutPointsNeverWins) {
     EXPECT_EQ(desk.Texts(), " ") << "no peak, no 0.0";
 }
 
+TEST(Markers, LabelsKeepOffTheTextsOfTheFlagsAndOffEachOther) {
+    MarkerDesk desk;
+    desk.Sweep();
+    desk.Set("U", "909.0", 0); // on the highest point of the up curve
+    desk.Set("D", "910.0", 1); // and of the down curve
+    const auto marks = desk.Set("U", "909.0", 2);
+    ASSERT_EQ(marks.size(), 3u);
+    std::vector<PlotBox> taken = FlagTexts(desk.S().curve, desk.plot);
+    for (const MarkerMark& mark : marks) {
+        for (const PlotBox& box : taken)
+            EXPECT_FALSE(mark.labelX < box.left + box.width && box.left < mark.labelX + 26 &&
+                         mark.labelY < box.top + box.height && box.top < mark.labelY + 18)
+                << "M" << mark.marker + 1;
+        taken.push_back({mark.labelX, mark.labelY, 26, 18, 0});
+        EXPECT_EQ(desk.M(static_cast<std::size_t>(mark.marker)).g_markerLabelY, mark.labelY) << "its grip";
+    }
+}
+
 TEST(Markers, ALabelIsDraggedAndStaysWhereItIsLetGo) {
     MarkerDesk desk;
     Markers& marks = desk.program.Marks();
@@ -184,7 +203,7 @@ TEST(Markers, ALabelIsDraggedAndStaysWhereItIsLetGo) {
     EXPECT_EQ(moved[1].x, x);
     EXPECT_EQ(moved[1].labelX, x) << "the label is at the mouse";
     EXPECT_EQ(moved[1].labelY, 77);
-    desk.program.Marks().OnMarkerTimer();
+    desk.program.Marks().OnMarkerTimer(desk.S().run.IsOn());
     EXPECT_EQ(desk.Texts(1), "2.0 -90.0");
 
     marks.Move(99999, -50); // and let go before anything was painted
@@ -236,7 +255,7 @@ TEST(Markers, AMarkerBelongsToARunThatIsSetUp) {
     const auto choose = [&desk](int run) {
         MarkerRunChoice choice(desk.program.Marks(), 0);
         EXPECT_FALSE(desk.M().m_MarkerOn);
-        desk.program.Marks().OnMarkerTimer();
+        desk.program.Marks().OnMarkerTimer(desk.S().run.IsOn());
         choice.Take(run);
     };
     for (const int refused : {2, 9, 10, -1}) {
@@ -278,7 +297,7 @@ TEST(Markers, ARunAndTheSwitchTakeTheTextsAwayAndTheBoxesStay) {
     ASSERT_TRUE(rig.PowerOn());
     ASSERT_TRUE(rig.SelectBand(BandEgsm));
     ASSERT_TRUE(rig.Measure());
-    Marker& marker = rig.S().markers.marker[2];
+    const Marker& marker = rig.S().markers.At(2);
     rig.program.Marks().Toggle(2);
     rig.program.Marks().SetChecks(2, true, false, false);
     rig.time.RunFor(600);

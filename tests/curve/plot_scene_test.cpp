@@ -247,8 +247,12 @@ TEST(PlotStamp, TheVerdictDecides) {
         paper.facts.narrowScreen = c.narrow;
         const PlotScene scene = paper.Scene();
         std::string text;
-        for (const PlotText& item : All<PlotText>(scene.front))
-            text += item.font == PlotFont::Stamp ? item.text : "";
+        for (const PlotText& item : All<PlotText>(scene.front)) {
+            if (item.font != PlotFont::Stamp)
+                continue;
+            text += item.text;
+            EXPECT_EQ(item.outline.has_value(), c.verdict < 5) << "blue on red is hardly read";
+        }
         EXPECT_EQ(text, c.text) << c.verdict;
         EXPECT_EQ(Find(scene.front, "2 von 3 Punkten").has_value(), c.verdict == 6) << c.verdict;
         const auto area = FindBox(scene.front, c.area);
@@ -258,6 +262,46 @@ TEST(PlotStamp, TheVerdictDecides) {
             EXPECT_EQ(area->left, c.verdict >= 2 && c.verdict <= 4 ? 61 : 687) << c.verdict;
             EXPECT_EQ(area->left + area->width, 916) << c.verdict;
         }
+    }
+}
+
+TEST(PlotStatus, ABannerStandsOverThePlotOfTheScreenAndALongNameKeepsOffTheAxisLabel) {
+    Paper paper;
+    LoadedCurve file;
+    file.name = std::string(300, 'x') + ".dat";
+    paper.curve->Load(file);
+    EXPECT_FALSE(Find(paper.Scene().front, "Datei:"));
+    paper.facts.banner = {{"Datei:", "DATEN.dat"}, {"Naechste Messung:", "EGSM IM3"}};
+    const auto banner = Find(paper.Scene().front, "Datei: DATEN.dat   Naechste Messung: EGSM IM3");
+    ASSERT_TRUE(banner);
+    EXPECT_LT(banner->y + LineHeight(banner->size), paper.plot.top + 1);
+    const auto name = Find(paper.Scene().front, file.name);
+    const auto label = Find(paper.Scene().ground, "Ziet: Sek.");
+    ASSERT_TRUE(name && label);
+    EXPECT_GT(name->room, 0);
+    EXPECT_LT(name->x + name->room, label->x - static_cast<int>(label->text.size()) * label->size / 2);
+    paper.facts.look = PlotLook::Picture;
+    EXPECT_FALSE(Find(paper.Scene().front, "Datei:")) << "a picture is of the curve alone";
+}
+
+TEST(PlotScale, TheNumbersOfAVeryLongRunStayApartAndInTheWindow) {
+    for (const int ms : {1000000, 123456789, 2147483000}) {
+        Paper paper;
+        paper.curve->SetLength(ms);
+        const auto numbers = NumbersUnderAxis(paper);
+        const auto half = [](const auto& number) { return static_cast<int>(number.first.size()) * 5; };
+        for (std::size_t i = 1; i < numbers.size(); ++i)
+            EXPECT_GE(numbers[i].second - half(numbers[i]), numbers[i - 1].second + half(numbers[i - 1]))
+                << ms;
+        EXPECT_LE(paper.plot.left + numbers.back().second + half(numbers.back()), paper.width) << ms;
+    }
+}
+
+TEST(PlotColours, OnlyTheBlueRunOnBlackHasALightEdge) {
+    for (std::size_t run = 0; run < 10; ++run) {
+        const Rgb colour = TraceColour(run, false);
+        EXPECT_EQ(TraceEdge(colour, PlotLook::Screen).has_value(), run == 1) << run;
+        EXPECT_FALSE(TraceEdge(colour, PlotLook::Picture)) << run;
     }
 }
 

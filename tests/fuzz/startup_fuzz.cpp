@@ -3,7 +3,7 @@
 #include "base/settings_file.h"
 #include "base/setup_store.h"
 #include "curve/curve.h"
-#include "curve/plot_scene.h"
+#include "desk/plot_facts.h"
 #include "desk/session.h"
 #include "desk/startup.h"
 #include "fuzz/fuzz.h"

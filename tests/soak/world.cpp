@@ -1,7 +1,7 @@
 #include "soak/world.h"
 
-#include "curve/plot_scene.h"
 #include "desk/panel.h"
+#include "desk/plot_facts.h"
 
 #include <cstdio>
 #include <fstream>

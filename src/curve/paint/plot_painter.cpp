@@ -59,6 +59,19 @@ TracePen PlotPainter::DownPen(std::size_t run) const {
     return {Opaque | TraceColour(run, m_PrintMode), width, width};
 }
 
+/// The pen of the edge of a trace; the trace's own where it has none.
+TracePen PlotPainter::EdgeOf(const TracePen& pen) const {
+    const auto edge = TraceEdge(pen.colour & ~Opaque, m_Look);
+    return edge ? TracePen{Opaque | *edge, pen.width + 2 * std::max(InImage(1), 1), pen.dot} : pen;
+}
+
+void PlotPainter::Lay(const TraceColumns& trace, Pixels pixels, const PixelRect& area,
+                      const TracePen& pen) const {
+    if (const TracePen edge = EdgeOf(pen); edge.width != pen.width)
+        trace.Paint(pixels, area, edge);
+    trace.Paint(pixels, area, pen);
+}
+
 void PlotPainter::Resize(int width, int height, double ratio) {
     m_Ratio = ratio;
     const QSize size(InImage(width), InImage(height));
@@ -69,7 +82,7 @@ void PlotPainter::Resize(int width, int height, double ratio) {
 }
 
 /// Takes over where points stand in the image; true when traces painted so far do not fit it.
-bool PlotPainter::TakeLayout(const Curve& curve, const PlotGeometry& plot, bool printMode) {
+bool PlotPainter::TakeLayout(const Curve& curve, const PlotGeometry& plot, const PlotFacts& facts) {
     const bool sweep = curve.IsSweep();
     std::vector<int> places(TracePoints(curve));
     for (std::size_t i = 0; i < places.size(); ++i) {
@@ -77,12 +90,14 @@ bool PlotPainter::TakeLayout(const Curve& curve, const PlotGeometry& plot, bool 
         const bool outside = sweep && !IsOnPlot(curve, plot, i);
         places[i] = outside ? -1 : InImage(std::max(XOfPoint(curve, plot, i), plot.left + 1));
     }
-    const bool fits = places == m_Places && plot == m_Plot && sweep == m_Sweep && printMode == m_PrintMode &&
+    const bool fits = places == m_Places && plot == m_Plot && sweep == m_Sweep &&
+                      facts.m_PrintMode == m_PrintMode && facts.look == m_Look &&
                       curve.RowsRevision() == m_Revision && curve.Row() >= m_LiveRun;
     m_Places = std::move(places);
     m_Plot = plot;
     m_Sweep = sweep;
-    m_PrintMode = printMode;
+    m_PrintMode = facts.m_PrintMode;
+    m_Look = facts.look;
     m_Revision = curve.RowsRevision();
     m_TraceArea =
         PixelRect{InImage(plot.left + 1), InImage(plot.top + 1), InImage(plot.right), InImage(plot.axis)}.Cut(
@@ -126,14 +141,14 @@ void PlotPainter::PaintBase(const Curve& curve) {
     m_DownsStand = false;
     for (std::size_t run = 0; run < m_LiveRun; ++run) {
         Collapse(m_Scratch, curve.ShownUp(run));
-        m_Scratch.Paint(PixelsOf(m_Base), m_TraceArea, UpPen(run));
+        Lay(m_Scratch, PixelsOf(m_Base), m_TraceArea, UpPen(run));
     }
 }
 
 void PlotPainter::PaintDowns(const Curve& curve, Pixels pixels) {
     for (std::size_t run = 0; run < m_LiveRun; ++run) {
         Collapse(m_Scratch, curve.ShownDown(run));
-        m_Scratch.Paint(pixels, m_TraceArea, DownPen(run));
+        Lay(m_Scratch, pixels, m_TraceArea, DownPen(run));
     }
 }
 
@@ -141,9 +156,9 @@ void PlotPainter::PaintDowns(const Curve& curve, Pixels pixels) {
 void PlotPainter::FinishRuns(const Curve& curve, std::vector<PixelRect>& changed) {
     for (; m_LiveRun < curve.Row(); ++m_LiveRun) {
         TakeLive(curve, changed);
-        m_LiveUp.Paint(PixelsOf(m_Base), m_TraceArea, UpPen(m_LiveRun));
+        Lay(m_LiveUp, PixelsOf(m_Base), m_TraceArea, UpPen(m_LiveRun));
         if (m_DownsStand)
-            m_LiveDown.Paint({m_Downs.data(), m_Image.width()}, m_TraceArea, DownPen(m_LiveRun));
+            Lay(m_LiveDown, {m_Downs.data(), m_Image.width()}, m_TraceArea, DownPen(m_LiveRun));
         m_LiveUp.Reset(0);
         m_LiveDown.Reset(0);
     }
@@ -151,12 +166,12 @@ void PlotPainter::FinishRuns(const Curve& curve, std::vector<PixelRect>& changed
 
 void PlotPainter::TakeLive(const Curve& curve, std::vector<PixelRect>& changed) {
     Collapse(m_Scratch, curve.ShownUp(m_LiveRun));
-    changed.push_back(m_Scratch.Difference(m_LiveUp, UpPen(m_LiveRun)));
+    changed.push_back(m_Scratch.Difference(m_LiveUp, EdgeOf(UpPen(m_LiveRun))));
     std::swap(m_Scratch, m_LiveUp);
     if (!m_Sweep)
         return;
     Collapse(m_Scratch, curve.ShownDown(m_LiveRun));
-    changed.push_back(m_Scratch.Difference(m_LiveDown, DownPen(m_LiveRun)));
+    changed.push_back(m_Scratch.Difference(m_LiveDown, EdgeOf(DownPen(m_LiveRun))));
     std::swap(m_Scratch, m_LiveDown);
 }
 
@@ -211,9 +226,9 @@ void PlotPainter::Compose(const Curve& curve, const PixelRect& area, QPainter& p
         std::memcpy(image.At(area.left, y), base.At(area.left, y),
                     static_cast<std::size_t>(area.right - area.left) * sizeof(std::uint32_t));
     const PixelRect traces = area.Cut(m_TraceArea);
-    m_LiveUp.Paint(image, traces, UpPen(m_LiveRun));
+    Lay(m_LiveUp, image, traces, UpPen(m_LiveRun));
     CoverDowns(curve, traces);
-    m_LiveDown.Paint(image, traces, DownPen(m_LiveRun));
+    Lay(m_LiveDown, image, traces, DownPen(m_LiveRun));
 
     painter.save();
     painter.setClipRect(QRect(area.left, area.top, area.right - area.left, area.bottom - area.top));
@@ -236,7 +251,7 @@ QRegion PlotPainter::Update(const Curve& curve, const PlotGeometry& plot, const 
     if (resized)
         Resize(plot.width, plot.height, ratio);
     PlotScene scene = BuildScene(curve, plot, facts);
-    const bool moved = TakeLayout(curve, plot, facts.m_PrintMode);
+    const bool moved = TakeLayout(curve, plot, facts);
     std::vector<PixelRect> changed;
     const bool all = moved || scene.ground != m_Ground;
     if (all) {

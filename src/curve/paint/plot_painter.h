@@ -41,7 +41,10 @@ private:
     };
 
     void Resize(int width, int height, double ratio);
-    [[nodiscard]] bool TakeLayout(const Curve& curve, const PlotGeometry& plot, bool printMode);
+    [[nodiscard]] bool TakeLayout(const Curve& curve, const PlotGeometry& plot, const PlotFacts& facts);
+    void Lay(const paint::TraceColumns& trace, paint::Pixels pixels, const paint::PixelRect& area,
+             const paint::TracePen& pen) const;
+    [[nodiscard]] paint::TracePen EdgeOf(const paint::TracePen& pen) const;
     void Collapse(paint::TraceColumns& trace, std::span<const float> levels);
     void PaintGround(const std::vector<PlotItem>& items);
     void PaintBase(const Curve& curve);
@@ -73,6 +76,7 @@ private:
     std::vector<int> m_Places;    ///< x of each point in the image; negative: not on the plot
     bool m_Sweep = false;
     bool m_PrintMode = false;
+    PlotLook m_Look = PlotLook::Screen;
     unsigned m_Revision = 0;
 
     std::size_t m_LiveRun = 0;

@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +13,8 @@ namespace {
 
 constexpr int TriangleHeight = 8;
 constexpr int TriangleHalf = 8;
+constexpr double LeastSqueeze = 0.6; ///< what would have to be drawn narrower loses its middle
+constexpr double OutlineWidth = 3;   ///< half of it is under the letters
 
 QFont FontOf(const PlotText& item) {
     QFont font;
@@ -43,6 +46,10 @@ LaidText LayOut(const PlotText& item) {
         laid.text = laid.text.trimmed();
     const QFontMetricsF metrics(laid.font);
     double width = metrics.horizontalAdvance(laid.text);
+    if (item.room > 0 && width * LeastSqueeze > item.room) {
+        laid.text = metrics.elidedText(laid.text, Qt::ElideMiddle, item.room / LeastSqueeze);
+        width = metrics.horizontalAdvance(laid.text);
+    }
     if (item.room > 0 && width > item.room) {
         laid.squeeze = item.room / width;
         width = item.room;
@@ -72,13 +79,20 @@ void Paint(QPainter& painter, const PlotText& item) {
     const LaidText laid = LayOut(item);
     painter.setFont(laid.font);
     painter.setPen(ColourOf(item.colour));
-    if (laid.squeeze == 1) {
+    if (laid.squeeze == 1 && !item.outline) {
         painter.drawText(QPointF(laid.box.left(), laid.box.top() + laid.ascent), laid.text);
         return;
     }
     painter.save();
     painter.translate(laid.box.left(), laid.box.top() + laid.ascent);
     painter.scale(laid.squeeze, 1);
+    if (item.outline) {
+        QPainterPath letters;
+        letters.addText(0, 0, laid.font, laid.text);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.strokePath(
+            letters, QPen(ColourOf(*item.outline), OutlineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    }
     painter.drawText(QPointF(0, 0), laid.text);
     painter.restore();
 }

@@ -1,6 +1,7 @@
 #include "curve/ui/curve_wnd.h"
 
 #include "curve/curve.h"
+#include "desk/plot_facts.h"
 #include "desk/program.h"
 #include "desk/ui/text.h"
 

@@ -73,7 +73,7 @@ bool OpenMarker(Program& program, int marker, QWidget* parent) {
     const int count = std::min(program.State().curve.Runs(), static_cast<int>(MarkerRuns));
     for (int run = 1; run <= count; ++run)
         runs->addItem(QString::number(run));
-    runs->setCurrentIndex(program.State().markers.marker[number].g_markerRun);
+    runs->setCurrentIndex(program.State().markers.At(number).g_markerRun);
     auto* label = new QLabel(Tr("Bilden:"));
     label->setBuddy(runs);
     dialog.AddGroup({})->addRow(label, runs);

@@ -143,7 +143,7 @@ Outcome ApplyCompensation(std::string_view f1, std::string_view f2, Session& ses
     if (!Compensable(working.Power2(), dB2))
         return Outcome::Refused("f2The maximum value cannot be greater than 46dbm");
     working.SetCompensation(std::string(f1), std::string(f2));
-    ClearPlot(session);
+    ClearPlot(session.curve, session.markers);
     RestorePathLoss(session, store);
     session.lossInfoShown = true;
     return Outcome::Done();

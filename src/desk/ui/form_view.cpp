@@ -8,6 +8,7 @@
 #include "desk/tell.h"
 #include "desk/ui/fit_font.h"
 #include "desk/ui/pictures.h"
+#include "desk/ui/reading_field.h"
 #include "desk/ui/text.h"
 #include "platform/serial_control.h"
 
@@ -117,8 +118,9 @@ CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget
 }
 
 /// A text of the panel that is only read; its name is that of its field.
-QLineEdit* CTestSDIFormView::AddText(std::string_view name, QWidget* parent) {
-    auto* text = new QLineEdit(parent ? parent : this);
+QLineEdit* CTestSDIFormView::AddText(std::string_view name, QLineEdit* text) {
+    if (!text)
+        text = new QLineEdit(this);
     text->setAccessibleName(Plain(name));
     text->setReadOnly(true);
     text->setFrame(false);
@@ -198,7 +200,7 @@ void CTestSDIFormView::BuildBoxes() {
     m_ReadingBox = new QGroupBox(Tr("--- fIM/dBm ---"), this);
     m_FimLabel = new QLabel(QStringLiteral("fIM:"), this);
     m_Fim = AddText("m_fIM_text");
-    m_Reading = AddText("m_ReadingText");
+    m_Reading = AddText("m_ReadingText", new ReadingField(this));
     m_Reading->setObjectName(QStringLiteral("reading"));
     Describe(m_Fim, "Frequenz des Produkts in MHz");
     Describe(m_Reading, "Zuletzt gelesener Pegel");
@@ -466,7 +468,7 @@ void CTestSDIFormView::RefreshMarkers() {
     const Session& session = m_Program.State();
     const bool curves = MarkersHaveCurves(session.curve);
     for (std::size_t n = 0; n < m_Marker.size(); ++n) {
-        const Marker& marker = session.markers.marker[n];
+        const Marker& marker = session.markers.At(n);
         const MarkerRow& row = m_Marker[n];
         row.on->setChecked(marker.m_MarkerOn);
         Show(row.position, Plain(marker.m_MarkerPosText));

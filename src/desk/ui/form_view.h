@@ -79,7 +79,7 @@ private:
     void BuildMarkers();
     void BuildButtons();
     void SetTabOrder();
-    QLineEdit* AddText(std::string_view name, QWidget* parent = nullptr);
+    QLineEdit* AddText(std::string_view name, QLineEdit* text = nullptr);
     QPushButton* AddButton(std::string_view caption, std::string_view tip, std::function<void()> pressed);
     void RefreshCells();
     void RefreshMarkers();
