@@ -32,6 +32,13 @@ def name_of(node):
         return ""
 
 
+def role_of(node):
+    try:
+        return node.get_role()
+    except GLib.Error:
+        return None
+
+
 def is_showing(node):
     try:
         return node.get_state_set().contains(Atspi.StateType.SHOWING)
@@ -68,13 +75,17 @@ class QorWindow:
         return windows[0] if windows else None
 
     def wait(self, condition, seconds, what):
-        """Waits until `condition()` holds; a window that has died or takes too long is a failure."""
+        """Waits until `condition()` holds; a window that has died or takes too long is a failure. A control that goes
+        away while it is asked is asked again."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
             if self.process.poll() is not None:
                 raise Failure(f"qor has ended with {self.process.returncode} while waiting: {what}")
-            if condition():
-                return
+            try:
+                if condition():
+                    return
+            except GLib.Error:
+                pass
             time.sleep(0.05)
         raise Failure(f"not within {seconds} s: {what}")
 
@@ -150,7 +161,7 @@ class QorWindow:
     def open_dialog(self):
         """The dialog or message box that is open, or None."""
         found = [w for w in children(self.application)
-                 if w and w.get_role() in (Atspi.Role.DIALOG, Atspi.Role.ALERT, Atspi.Role.FILE_CHOOSER)
+                 if w and role_of(w) in (Atspi.Role.DIALOG, Atspi.Role.ALERT, Atspi.Role.FILE_CHOOSER)
                  and is_showing(w)]
         return found[-1] if found else None
 
@@ -161,7 +172,7 @@ class QorWindow:
 
     def message(self):
         """Text of the message box that is open, all its labels."""
-        return "\n".join(name_of(n) for n in self.nodes(self.dialog()) if n.get_role() == Atspi.Role.LABEL)
+        return "\n".join(name_of(n) for n in self.nodes(self.dialog()) if role_of(n) == Atspi.Role.LABEL)
 
     def screenshot(self, name):
         """A picture for whoever looks for what went wrong, in the folder that the environment names."""
