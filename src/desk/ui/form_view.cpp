@@ -8,6 +8,7 @@
 #include "desk/tell.h"
 #include "desk/ui/fit_font.h"
 #include "desk/ui/pictures.h"
+#include "desk/ui/plot_words.h"
 #include "desk/ui/reading_field.h"
 #include "desk/ui/text.h"
 #include "platform/serial_control.h"
@@ -16,90 +17,15 @@
 
 namespace qor::ui {
 
-namespace {
-
-// shown to the operator
-constexpr std::string_view MarkerTitles[] = {"----- Marker 1 ------", "----- Marker 2 ------",
-                                             "----- Marker 3 ------"};
-
-constexpr int CellFont = 12; ///< pixels, where a text has room
-
-/// Text into a field unless it stands there; a field that is being typed in is left alone.
-void Show(QLineEdit* field, const QString& text) {
-    if (field->text() == text || (field->hasFocus() && field->isModified()))
-        return;
-    field->setText(text);
-    if (field->isReadOnly())
-        field->setCursorPosition(0); // what has no room shows its beginning
-}
-
-void Show(QLabel* label, const QString& text) {
-    if (label->text() != text)
-        label->setText(text);
-}
-
-/// A property that the style sheet looks at. A fitted font outlives the new look.
-void SetFlag(QWidget* widget, const char* name, bool on) {
-    if (widget->property(name).toBool() == on)
-        return;
-    const QFont font = widget->font();
-    widget->setProperty(name, on);
-    widget->style()->unpolish(widget);
-    widget->style()->polish(widget);
-    widget->setFont(font);
-}
-
-/// A text of a cell, whole: in a smaller font where the cell is narrow.
-void ShowInCell(QLineEdit* cell, const QString& text) {
-    Show(cell, text);
-    FitFont(cell, text, CellFont, false);
-}
-
-void FillPorts(QComboBox* list, const QStringList& ports) {
-    const int chosen = list->currentIndex();
-    list->clear();
-    list->addItems(ports);
-    list->setCurrentIndex(std::clamp(chosen, -1, list->count() - 1));
-    // What hangs on a port makes its entry longer than the box; the list shows it whole.
-    list->view()->setMinimumWidth(list->view()->sizeHintForColumn(0) + 24);
-}
-
-/// What a control is, in the chosen language: its name is the field's.
-void Describe(QWidget* widget, std::string_view what) {
-    widget->setAccessibleDescription(Tr(what));
-}
-
-// shown to the operator
-constexpr std::string_view VerdictWords[] = {"kein Urteil", "bestanden", "nicht bestanden", "Geraetefehler"};
-
-QString VerdictText(const RunFacts& facts) {
-    return Tr(VerdictWords[static_cast<int>(Judge(facts))]);
-}
-
-/// The curve in a sentence, for those who cannot see it.
-QString CurveSentence(const Session& session, const Panel& panel) {
-    const Curve& curve = session.curve;
-    const RunFacts facts = curve.Facts();
-    const QString points = Tr(PointsPattern).arg(facts.taken).arg(facts.asked);
-    const QString unit = ' ' + Plain(panel.unit);
-    QStringList parts{Tr(panel.m_Mode_sel), points};
-    if (!panel.m_WorstLevelText.empty())
-        parts << Tr("schlechtester Punkt:") + ' ' + Plain(panel.m_WorstLevelText) + unit + ' ' +
-                     Plain(panel.m_WorstFreqText) + QStringLiteral(" MHz");
-    parts << Tr("Grenzwert:") + ' ' + Plain(panel.m_AlarmText) + unit << VerdictText(facts);
-    return parts.join(QStringLiteral(", ")) + '.';
-}
-
-/// How much of the measurement in view is there, where it is not all.
-QString PartText(const RunFacts& facts) {
-    return facts.IsPartial() ? Tr(PointsPattern).arg(facts.taken).arg(facts.asked) : QString();
-}
-
-} // namespace
-
 CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget* parent)
-    : QWidget(parent), m_Program(program), m_Commands(commands), m_Curve(new CCurveWnd(program, this)),
-      m_Stamp(new QWidget(m_Curve)), m_Notices(new QLabel(this)) {
+    : QWidget(parent), m_Program(program), m_Commands(commands),
+      m_Press([this](const std::function<void()>& what) { Pressed(what); }),
+      m_Curve(new CCurveWnd(program, this)), m_Stamp(new QWidget(m_Curve)), m_Notices(new QLabel(this)),
+      m_List(program.List(), this, m_Press), m_Markers{{{0, program.Marks(), this, m_Press},
+                                                        {1, program.Marks(), this, m_Press},
+                                                        {2, program.Marks(), this, m_Press}}},
+      m_Port(program.Link(), program.State().link.connection, this, m_Press,
+             [this] { m_Commands.Run("choose_port"); }) {
     setObjectName(QStringLiteral("panel"));
     setAttribute(Qt::WA_StyledBackground);
     setMinimumSize(100, 40);
@@ -110,35 +36,10 @@ CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget
     BuildCells();
     BuildBoxes();
     BuildColumn();
-    BuildMarkers();
     BuildButtons();
     SetTabOrder();
     m_Settled.setSingleShot(true);
     QObject::connect(&m_Settled, &QTimer::timeout, this, [this] { m_LayoutDone = true; });
-}
-
-/// A text of the panel that is only read; its name is that of its field.
-QLineEdit* CTestSDIFormView::AddText(std::string_view name, QLineEdit* text) {
-    if (!text)
-        text = new QLineEdit(this);
-    text->setAccessibleName(Plain(name));
-    text->setReadOnly(true);
-    text->setFrame(false);
-    text->setFocusPolicy(Qt::NoFocus);
-    text->setAlignment(Qt::AlignCenter);
-    text->setContextMenuPolicy(Qt::NoContextMenu);
-    return text;
-}
-
-QPushButton* CTestSDIFormView::AddButton(std::string_view caption, std::string_view tip,
-                                         std::function<void()> pressed) {
-    auto* button = new QPushButton(Tr(caption), this);
-    button->setAccessibleName(Tr(caption));
-    if (!tip.empty())
-        button->setToolTip(Tr(tip));
-    QObject::connect(button, &QPushButton::clicked, this,
-                     [this, what = std::move(pressed)] { Pressed(what); });
-    return button;
 }
 
 void CTestSDIFormView::Pressed(const std::function<void()>& what) {
@@ -151,29 +52,13 @@ void CTestSDIFormView::Pressed(const std::function<void()>& what) {
 }
 
 void CTestSDIFormView::BuildCells() {
-    m_ScaleUp = AddButton("+", "Pegelachse vergroessern", [this] { m_Commands.Run("scale_step", 1); });
-    m_ScaleDown = AddButton("-", "Pegelachse verkleinern", [this] { m_Commands.Run("scale_step", 0); });
+    m_ScaleUp =
+        AddButton(this, "+", "Pegelachse vergroessern", m_Press, [this] { m_Commands.Run("scale_step", 1); });
+    m_ScaleDown =
+        AddButton(this, "-", "Pegelachse verkleinern", m_Press, [this] { m_Commands.Run("scale_step", 0); });
     for (QPushButton* button : {m_ScaleUp, m_ScaleDown}) {
         button->setObjectName(QStringLiteral("small"));
         button->setAutoRepeat(true);
-    }
-    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
-        m_ListRow[row] = AddText("m_FileRow" + std::to_string(row + 1));
-        m_ListRow[row]->setObjectName(QStringLiteral("listRow"));
-        m_ListRow[row]->setFocusPolicy(Qt::StrongFocus);
-        Describe(m_ListRow[row], "Eintrag der Ergebnisliste");
-        m_ListRow[row]->installEventFilter(this);
-    }
-    // shown to the operator
-    static constexpr std::pair<std::string_view, std::string_view> Buttons[] = {
-        {"|<", "Zum Anfang der Liste"},
-        {"<<", "Einen Eintrag zurueck"},
-        {">>", "Einen Eintrag weiter"},
-        {">|", "Zum Ende der Liste"},
-        {"X", "Eintrag aus der Liste nehmen"}};
-    for (std::size_t n = 0; n < m_ListButton.size(); ++n) {
-        m_ListButton[n] = AddButton(Buttons[n].first, Buttons[n].second, [this, n] { PressListButton(n); });
-        m_ListButton[n]->setObjectName(QStringLiteral("small"));
     }
     static constexpr std::string_view Cells[] = {"m_Band_sel", "m_Mode_sel",       "m_IM_sel",
                                                  "m_Path_sel", "m_SweepKind_text", "Zustand"};
@@ -181,7 +66,7 @@ void CTestSDIFormView::BuildCells() {
     static constexpr std::string_view Words[] = {"Gewaehlte Breite", "Messverfahren", "Ordnung des Produkts",
                                                  "Messweg",          "Wiederholung",  "Zustand"};
     for (std::size_t n = 0; n < m_Cell.size(); ++n) {
-        m_Cell[n] = AddText(Cells[n]);
+        m_Cell[n] = AddText(this, Cells[n]);
         Describe(m_Cell[n], Words[n]);
         m_Cell[n]->setObjectName(QStringLiteral("cell"));
     }
@@ -189,8 +74,8 @@ void CTestSDIFormView::BuildCells() {
 
 void CTestSDIFormView::BuildBoxes() {
     m_FrequencyBox = new QGroupBox(Tr("--- Frequenz ---"), this);
-    m_F1 = AddText("m_f1_text");
-    m_F2 = AddText("m_f2_text");
+    m_F1 = AddText(this, "m_f1_text");
+    m_F2 = AddText(this, "m_f2_text");
     m_F1Label = new QLabel(QStringLiteral("f1:"), this);
     m_F2Label = new QLabel(QStringLiteral("f2:"), this);
     Describe(m_F1, "Frequenz von Ton 1 in MHz");
@@ -199,8 +84,8 @@ void CTestSDIFormView::BuildBoxes() {
     m_Lamp = new LampPicture(this);
     m_ReadingBox = new QGroupBox(Tr("--- fIM/dBm ---"), this);
     m_FimLabel = new QLabel(QStringLiteral("fIM:"), this);
-    m_Fim = AddText("m_fIM_text");
-    m_Reading = AddText("m_ReadingText", new ReadingField(this));
+    m_Fim = AddText(this, "m_fIM_text");
+    m_Reading = AddText(this, "m_ReadingText", new ReadingField(this));
     m_Reading->setObjectName(QStringLiteral("reading"));
     Describe(m_Fim, "Frequenz des Produkts in MHz");
     Describe(m_Reading, "Zuletzt gelesener Pegel");
@@ -230,73 +115,35 @@ void CTestSDIFormView::BuildColumn() {
     });
 }
 
-void CTestSDIFormView::BuildMarkers() {
-    for (std::size_t n = 0; n < m_Marker.size(); ++n) {
-        MarkerRow& row = m_Marker[n];
-        const std::string number = std::to_string(n + 1);
-        row.box = new QGroupBox(Tr(MarkerTitles[n]), this);
-        row.on = AddButton({}, "Marker ein- und ausschalten", [this, n] { ToggleMarker(n); });
-        row.on->setAccessibleName("Marker " + QString::number(n + 1));
-        row.on->setObjectName(QStringLiteral("small"));
-        row.on->setCheckable(true);
-        row.position = new QLineEdit(this);
-        row.position->setAccessibleName(Plain("m_MarkerPosText" + number));
-        row.position->setToolTip(Tr("Stelle des Markers: Zeit oder Frequenz"));
-        row.level = AddText("m_MarkerLevelText" + number);
-        Describe(row.level, "Pegel am Marker");
-        row.positionUnit = new QLabel(this);
-        row.levelUnit = new QLabel(this);
-        const auto check = [this, n, &number](std::string_view caption, std::string_view tip) {
-            auto* box = new QCheckBox(Tr(caption), this);
-            box->setAccessibleName(Tr(caption) + ' ' + Plain(number));
-            box->setToolTip(Tr(tip));
-            QObject::connect(box, &QCheckBox::clicked, this, [this, n] { TakeMarkerChecks(n); });
-            return box;
-        };
-        row.max = check("Max", "Auf den hoechsten Punkt");
-        row.up = check("Oben", "Auf der steigenden Kurve");
-        row.down = check("Unter", "Auf der fallenden Kurve");
-        QObject::connect(row.position, &QLineEdit::textEdited, this, [this, n] { TakeMarkerPosition(n); });
-    }
-}
-
 void CTestSDIFormView::BuildButtons() {
-    m_PortList = new QComboBox(this);
-    m_PortList->setAccessibleName(Tr("Auswaehlen COM Port:"));
-    m_PortLabel = new QLabel(Tr("Auswaehlen COM Port:"), this);
-    m_PortLabel->setWordWrap(true);
-    m_PortLabel->setBuddy(m_PortList);
-    QObject::connect(m_PortList, &QComboBox::activated, this,
-                     [this] { m_Program.State().link.connection.Choose(Utf8(m_PortList->currentText())); });
-    Describe(m_PortList, "Anschluss des Geraets");
-    m_PortButton = AddButton("Scannen Port", {}, [this] { m_Program.Link().OnButton1(); });
-    Describe(m_PortButton, "Anschluss suchen, oeffnen oder schliessen");
     m_Start = new StartButton(this);
     m_Start->setObjectName(QStringLiteral("start"));
     Describe(m_Start, "Messung beginnen oder anhalten");
     QObject::connect(m_Start, &QPushButton::clicked, this, [this] {
         Pressed([this] {
-            OfferPortsAgain();
+            m_Port.OfferAgain();
             m_Commands.Run("start_stop");
         });
     });
-    m_Clear = AddButton("R", "Anzeige loeschen", [this] { m_Commands.Run("clear_display"); });
+    m_Clear = AddButton(this, "R", "Anzeige loeschen", m_Press, [this] { m_Commands.Run("clear_display"); });
     m_Clear->setObjectName(QStringLiteral("small"));
-    m_Exit = AddButton("Exit", "Programm beenden", [this] { m_Commands.Run("exit"); });
+    m_Exit = AddButton(this, "Exit", "Programm beenden", m_Press, [this] { m_Commands.Run("exit"); });
     // Service pages of the factory; shown when they are opened.
-    m_Calibration = AddButton("Calibration", {}, [] {});
-    m_Test = AddButton("Test", {}, [] {});
+    m_Calibration = AddButton(this, "Calibration", {}, m_Press, [] {});
+    m_Test = AddButton(this, "Test", {}, m_Press, [] {});
     m_Calibration->hide();
     m_Test->hide();
 }
 
 void CTestSDIFormView::SetTabOrder() {
     std::vector<QWidget*> order{m_Start, m_Clear, m_Alarm, m_Serial};
-    for (const MarkerRow& row : m_Marker)
-        order.insert(order.end(), {row.on, row.position, row.max, row.up, row.down});
-    order.insert(order.end(), {m_PortList, m_PortButton, m_Exit, m_ScaleUp, m_ScaleDown});
-    order.insert(order.end(), m_ListRow.begin(), m_ListRow.end());
-    order.insert(order.end(), m_ListButton.begin(), m_ListButton.end());
+    const auto append = [&order](const std::vector<QWidget*>& stops) {
+        order.insert(order.end(), stops.begin(), stops.end());
+    };
+    for (const MarkerControls& marker : m_Markers)
+        append(marker.TabStops());
+    append({m_Port.List(), m_Port.Button(), m_Exit, m_ScaleUp, m_ScaleDown});
+    append(m_List.TabStops());
     for (std::size_t n = 1; n < order.size(); ++n)
         QWidget::setTabOrder(order[n - 1], order[n]);
 }
@@ -365,54 +212,6 @@ void CTestSDIFormView::RefreshCells() {
     m_Start->setAccessibleName(m_Start->text());
 }
 
-/// A control that is switched off under the focus hands it to the start button, not to what comes next: that
-/// may be the exit.
-void CTestSDIFormView::Enable(QWidget* widget, bool enabled) {
-    if (!enabled && widget->hasFocus())
-        FocusStart();
-    widget->setEnabled(enabled);
-}
-
-void CTestSDIFormView::RefreshPort() {
-    const Session& session = m_Program.State();
-    const LinkState& link = session.link;
-    // shown to the operator
-    static constexpr std::string_view Captions[] = {"Scannen Port", "Oeffnen Port", "Ausschalten Port"};
-    const QString caption = Tr(Captions[static_cast<int>(link.connection.Button())]);
-    if (m_PortButton->text() != caption) {
-        m_PortButton->setText(caption);
-        m_PortButton->setAccessibleName(caption);
-    }
-    m_PortButton->setVisible(link.connection.ButtonIsShown());
-    Enable(m_PortButton, !session.run.IsOn() && !link.connection.IsClosing());
-    m_PortList->setVisible(link.connection.ListIsShown());
-    m_PortLabel->setVisible(link.connection.ListIsShown());
-    QStringList ports;
-    for (const PortEntry& port : link.connection.Ports())
-        ports << Plain(port.text);
-    OfferPorts();
-    QStringList shown;
-    for (int n = 0; n < m_PortList->count(); ++n)
-        shown << m_PortList->itemText(n);
-    if (ports != shown)
-        FillPorts(m_PortList, ports);
-    if (m_PortList->currentIndex() < 0) // the one that answered stands there already
-        m_PortList->setCurrentIndex(m_PortList->findText(Plain(link.connection.Chosen())));
-}
-
-/// Where the list of ports is out of sight, they are offered in a dialog, once for each choice.
-void CTestSDIFormView::OfferPorts() {
-    const ConnectionState& connection = m_Program.State().link.connection;
-    if (!connection.AwaitsChoice())
-        m_PortsOffered = false;
-    else if (!m_PortsOffered && isVisible() && !rect().intersects(m_PortList->geometry()) &&
-             !QApplication::activeModalWidget()) {
-        m_PortsOffered = true;
-        QMetaObject::invokeMethod(
-            this, [this] { Pressed([this] { m_Commands.Run("choose_port"); }); }, Qt::QueuedConnection);
-    }
-}
-
 /// The lines above the plot.
 void CTestSDIFormView::RefreshNotices() {
     QStringList lines;
@@ -444,9 +243,10 @@ void CTestSDIFormView::Refresh() {
         Relayout();
     RefreshNotices();
     RefreshCells();
-    RefreshMarkers();
-    RefreshPort();
-    RefreshList();
+    for (MarkerControls& marker : m_Markers)
+        marker.Refresh(session);
+    m_Port.Refresh(session.run.IsOn(), m_Start);
+    m_List.Refresh(session.results.list);
     m_Curve->Refresh();
     RefreshPlotWords();
 }
@@ -462,83 +262,6 @@ void CTestSDIFormView::TakeLimit() {
     }
     if (m_AfterCommand)
         m_AfterCommand();
-}
-
-void CTestSDIFormView::RefreshMarkers() {
-    const Session& session = m_Program.State();
-    const bool curves = MarkersHaveCurves(session.curve);
-    for (std::size_t n = 0; n < m_Marker.size(); ++n) {
-        const Marker& marker = session.markers.At(n);
-        const MarkerRow& row = m_Marker[n];
-        row.on->setChecked(marker.m_MarkerOn);
-        Show(row.position, Plain(marker.m_MarkerPosText));
-        Show(row.level, Plain(marker.m_MarkerLevelText));
-        Show(row.positionUnit, Tr(MarkerUnit(session.curve)));
-        Show(row.levelUnit, session.curve.scale.InDbc() ? QStringLiteral("dBc") : QStringLiteral("dBm"));
-        row.max->setChecked(marker.m_MarkerMax);
-        row.up->setChecked(marker.m_MarkerUp);
-        row.down->setChecked(marker.m_MarkerDown);
-        row.up->setEnabled(curves);
-        row.down->setEnabled(curves);
-    }
-}
-
-void CTestSDIFormView::RefreshList() {
-    const ResultList& list = m_Program.State().results.list;
-    for (std::size_t row = 0; row < m_ListRow.size(); ++row) {
-        QLineEdit* field = m_ListRow[row];
-        const int number = static_cast<int>(row);
-        QString text = Plain(list.Row(number));
-        const QString path = text.isEmpty() ? text : Plain((list.Folder() / list.Row(number)).string());
-        if (const auto partial = list.RowNote(number))
-            text += QStringLiteral(" (") + Tr("%1 von %2").arg(partial->taken).arg(partial->asked) + ')';
-        Show(field, text);
-        field->setToolTip(path);
-        SetFlag(field, "shown", list.MarkedRow() == static_cast<int>(row));
-    }
-}
-
-void CTestSDIFormView::PressListButton(std::size_t n) {
-    ListPanel& list = m_Program.List();
-    switch (n) {
-    case 0:
-        return list.First();
-    case 1:
-        return list.Back();
-    case 2:
-        return list.Forward();
-    case 3:
-        return list.Last();
-    default:
-        return list.Remove();
-    }
-}
-
-/// A row of the list is chosen by a click, or by the space or return key on it.
-bool CTestSDIFormView::eventFilter(QObject* watched, QEvent* event) {
-    const auto row = std::find(m_ListRow.begin(), m_ListRow.end(), watched);
-    bool chosen = event->type() == QEvent::MouseButtonPress;
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        chosen = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
-    }
-    if (row == m_ListRow.end() || !chosen)
-        return QWidget::eventFilter(watched, event);
-    Pressed([this, n = static_cast<int>(row - m_ListRow.begin())] { m_Program.List().ClickRow(n); });
-    return true;
-}
-
-void CTestSDIFormView::ToggleMarker(std::size_t n) {
-    m_Program.Marks().Toggle(n);
-}
-
-void CTestSDIFormView::TakeMarkerChecks(std::size_t n) {
-    const MarkerRow& row = m_Marker[n];
-    m_Program.Marks().SetChecks(n, row.max->isChecked(), row.up->isChecked(), row.down->isChecked());
-}
-
-void CTestSDIFormView::TakeMarkerPosition(std::size_t n) {
-    m_Program.Marks().SetPosition(n, Utf8(m_Marker[n].position->text()));
 }
 
 } // namespace qor::ui

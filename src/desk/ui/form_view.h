@@ -2,6 +2,9 @@
 
 #include "desk/panel.h"
 #include "desk/panel_layout.h"
+#include "desk/ui/list_controls.h"
+#include "desk/ui/marker_controls.h"
+#include "desk/ui/port_controls.h"
 
 #include <QStringList>
 #include <QTimer>
@@ -10,8 +13,6 @@
 #include <array>
 #include <functional>
 
-class QCheckBox;
-class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -42,7 +43,7 @@ public:
     /// An entry that is being typed is taken before a command runs.
     void LeaveFields();
     /// The start button was pressed: a choice of ports that was passed over is offered once more.
-    void OfferPortsAgain() { m_PortsOffered = false; }
+    void OfferPortsAgain() { m_Port.OfferAgain(); }
     /// Gives the keyboard to the start button.
     void FocusStart();
     /// What is going on, as the sixth cell says it.
@@ -58,59 +59,34 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct MarkerRow {
-        QGroupBox* box;
-        QPushButton* on;
-        QLineEdit* position;
-        QLabel* positionUnit;
-        QLineEdit* level;
-        QLabel* levelUnit;
-        QCheckBox* max;
-        QCheckBox* up;
-        QCheckBox* down;
-    };
-
     void BuildCells();
     void BuildBoxes();
     void BuildColumn();
-    void BuildMarkers();
     void BuildButtons();
     void SetTabOrder();
-    QLineEdit* AddText(std::string_view name, QLineEdit* text = nullptr);
-    QPushButton* AddButton(std::string_view caption, std::string_view tip, std::function<void()> pressed);
     void RefreshCells();
-    void RefreshMarkers();
-    void RefreshPort();
-    void OfferPorts();
     void RefreshNotices();
     void RefreshPlotWords();
-    void RefreshList();
     void TakeLimit();
-    void PressListButton(std::size_t n);
-    void ToggleMarker(std::size_t n);
-    void TakeMarkerChecks(std::size_t n);
-    void TakeMarkerPosition(std::size_t n);
     void Pressed(const std::function<void()>& what);
     [[nodiscard]] Lamp ShownLamp() const;
-    void PlaceAt(QWidget* widget, const QRect& place);
     void Place(QWidget* widget, Control control);
-    void Enable(QWidget* widget, bool enabled);
-    void PlaceMarkerRow(const MarkerRow& row, const PanelRect& box);
 
     Program& m_Program;
     Commands& m_Commands;
     std::function<void()> m_AfterCommand;
+    Press m_Press;
 
     CCurveWnd* m_Curve;
     QWidget* m_Stamp; ///< painted by the plot; told here to those who cannot see it
     QLabel* m_Notices;
+    ListControls m_List;
+    std::array<MarkerControls, 3> m_Markers;
+    PortControls m_Port;
     QPushButton* m_ScaleUp;
     QPushButton* m_ScaleDown;
-    std::array<QLineEdit*, 7> m_ListRow{};
-    std::array<QPushButton*, 5> m_ListButton{};
     std::array<QLineEdit*, 6> m_Cell{};
     QGroupBox* m_FrequencyBox;
     QLabel* m_F1Label;
@@ -131,10 +107,6 @@ private:
     QLabel* m_SerialLabel;
     QLineEdit* m_Serial;
     unsigned m_SavedRuns = 0; ///< by auto-save, when this was refreshed last
-    std::array<MarkerRow, 3> m_Marker{};
-    QLabel* m_PortLabel;
-    QComboBox* m_PortList;
-    QPushButton* m_PortButton;
     StartButton* m_Start;
     QPushButton* m_Clear;
     QPushButton* m_Exit;
@@ -146,7 +118,6 @@ private:
     bool m_LayoutDone = false; ///< g_LayoutDone
     bool m_Dragging = false;
     bool m_ListShown = false;
-    bool m_PortsOffered = false; ///< in a dialog, where the list is out of sight
     QStringList m_NoticeLines;
 };
 

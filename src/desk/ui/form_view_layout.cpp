@@ -15,34 +15,9 @@ constexpr int SettleMs = 400; ///< a window manager answers a resize within this
 
 } // namespace
 
-/// Places a control; one that lies outside the form is no stop of the tab key.
-void CTestSDIFormView::PlaceAt(QWidget* widget, const QRect& place) {
-    static constexpr const char* Policy = "focusPolicyInSight";
-    widget->setGeometry(place);
-    if (!widget->property(Policy).isValid())
-        widget->setProperty(Policy, static_cast<int>(widget->focusPolicy()));
-    const bool inSight = rect().intersects(place);
-    widget->setFocusPolicy(inSight ? static_cast<Qt::FocusPolicy>(widget->property(Policy).toInt())
-                                   : Qt::NoFocus);
-}
-
 void CTestSDIFormView::Place(QWidget* widget, Control control) {
     const PanelRect& r = m_Layout[control];
     PlaceAt(widget, {r.left, r.top, r.right - r.left, r.bottom - r.top});
-}
-
-void CTestSDIFormView::PlaceMarkerRow(const MarkerRow& row, const PanelRect& box) {
-    PlaceAt(row.box, {box.left, box.top, box.right - box.left, box.bottom - box.top});
-    const int x = box.left;
-    const int y = box.top + 16;
-    PlaceAt(row.on, {x + 5, y, 12, 62});
-    PlaceAt(row.position, {x + 21, y + 4, 79, 26});
-    PlaceAt(row.positionUnit, {x + 104, y + 4, 46, 26});
-    PlaceAt(row.level, {x + 21, y + 34, 79, 26});
-    PlaceAt(row.levelUnit, {x + 104, y + 34, 46, 26});
-    PlaceAt(row.max, {x + 152, y, 92, 22});
-    PlaceAt(row.up, {x + 152, y + 22, 92, 22});
-    PlaceAt(row.down, {x + 152, y + 44, 92, 22});
 }
 
 void CTestSDIFormView::Relayout() {
@@ -61,10 +36,7 @@ void CTestSDIFormView::Relayout() {
     Place(m_Curve, Control::Plot);
     Place(m_ScaleUp, Control::ScaleUp);
     Place(m_ScaleDown, Control::ScaleDown);
-    for (int n = 0; n < 7; ++n)
-        Place(m_ListRow[static_cast<std::size_t>(n)], Nth(Control::ListCell, n));
-    for (int n = 0; n < 5; ++n)
-        Place(m_ListButton[static_cast<std::size_t>(n)], Nth(Control::ListButton, n));
+    m_List.Place(m_Layout);
     for (int n = 0; n < 6; ++n)
         Place(m_Cell[static_cast<std::size_t>(n)], Nth(Control::StatusCell, n));
     const std::pair<QWidget*, Control> single[] = {{m_FrequencyBox, Control::FrequencyBox},
@@ -85,9 +57,9 @@ void CTestSDIFormView::Relayout() {
                                                    {m_AlarmUnit, Control::AlarmUnit},
                                                    {m_SerialLabel, Control::SerialLabel},
                                                    {m_Serial, Control::SerialField},
-                                                   {m_PortLabel, Control::PortLabel},
-                                                   {m_PortList, Control::PortListBox},
-                                                   {m_PortButton, Control::PortButtonControl},
+                                                   {m_Port.Label(), Control::PortLabel},
+                                                   {m_Port.List(), Control::PortListBox},
+                                                   {m_Port.Button(), Control::PortButtonControl},
                                                    {m_Start, Control::StartButton},
                                                    {m_Clear, Control::ClearButton},
                                                    {m_Exit, Control::ExitButton},
@@ -96,7 +68,7 @@ void CTestSDIFormView::Relayout() {
     for (const auto& [widget, control] : single)
         Place(widget, control);
     for (int n = 0; n < 3; ++n)
-        PlaceMarkerRow(m_Marker[static_cast<std::size_t>(n)], m_Layout[Nth(Control::MarkerBox, n)]);
+        m_Markers[static_cast<std::size_t>(n)].Place(m_Layout[Nth(Control::MarkerBox, n)]);
 
     FitFont(m_Reading, QStringLiteral("-188.8"), m_Reading->height() * 3 / 4, true);
     FitFont(m_ReadingUnit, QStringLiteral("dBm"), 24, true);
