@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/outcome.h"
+#include "service/factory_mode.h"
 
 #include <string_view>
 #include <vector>
@@ -15,7 +16,8 @@ class Program;
 struct Guards {
     bool run =
         false; ///< refused while a measurement or a series of pages runs; a start that waits is dropped
-    bool port = false; ///< refused while the port is closed
+    bool port = false;                    ///< refused while the port is closed
+    ServicePage page = ServicePage::None; ///< not heard unless this service page is open
 };
 
 /// What a command works on.
@@ -83,6 +85,7 @@ void AddReceiverRows(MenuBuilder& menu); // within the set-up's
 void AddViewRows(MenuBuilder& menu);
 void AddAlarmRows(MenuBuilder& menu);
 void AddToolRows(MenuBuilder& menu);
+void AddServiceRows(MenuBuilder& menu);
 
 /// The whole menu, and behind it the commands without an item.
 [[nodiscard]] const std::vector<MenuLine>& MenuLines();

@@ -14,7 +14,7 @@ const std::vector<MenuLine>& MenuLines() {
         std::vector<MenuLine> all;
         MenuBuilder menu(all);
         for (const auto add : {AddResultRows, AddMeasureRows, AddBandRows, AddSetupRows, AddViewRows,
-                               AddAlarmRows, AddToolRows})
+                               AddAlarmRows, AddToolRows, AddServiceRows})
             add(menu);
         return all;
     }();
@@ -32,6 +32,8 @@ const CommandRow* FindCommand(std::string_view id, int argument) {
 Outcome Commands::Try(const CommandRow& row) {
     Program& program = m_Desk.program;
     if (!IsEnabled(row))
+        return Outcome::Refused({});
+    if (row.guards.page != ServicePage::None && !program.State().factory.IsOpen(row.guards.page))
         return Outcome::Refused({});
     if (row.guards.run) {
         if (Outcome off = RunIsOff(program.State()); !off)

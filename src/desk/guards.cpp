@@ -7,8 +7,15 @@
 
 namespace qor {
 
+Outcome NothingRuns(const Session& session) {
+    const bool runs = session.run.IsOn() || session.factory.IsBusy();
+    return runs ? Outcome::Refused("\nHalten Messung erst!") : Outcome::Done();
+}
+
 Outcome RunIsOff(const Session& session) {
-    return session.run.IsOn() ? Outcome::Refused("\nHalten Messung erst!") : Outcome::Done();
+    if (session.factory.IsOpen(ServicePage::Calibration))
+        return Outcome::Refused("\nHalten Messung erst!");
+    return NothingRuns(session);
 }
 
 Outcome NothingIsSaved(const Program& program) {

@@ -8,7 +8,9 @@ class Program;
 struct Platform;
 struct Session;
 
-/// Refused while a measurement is running.
+/// Refused while a measurement is running, or something on a service page.
+Outcome NothingRuns(const Session& session);
+/// The same, and while the calibration page is open: it has the band and the method that it was opened with.
 Outcome RunIsOff(const Session& session);
 /// Refused while files are on their way: pages of a series, or a run that auto-save has still to write.
 Outcome NothingIsSaved(const Program& program);

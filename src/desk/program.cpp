@@ -53,6 +53,7 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_Selection(m_Session, m_Platform, m_Store, m_Instrument, m_Connection),
       m_AutoSaver(*this, m_Channel, [this] { OnMeasButton(); }),
       m_ReceiverDesk(m_Session, m_Platform, m_Store, m_Receiver, m_ReceiverSearch, m_Instrument),
+      m_ServiceDesk(m_Session, m_Platform, m_Channel, m_Measurement),
       m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }),
       m_CallTimer(m_Platform.timers, AfterCallTimer, [this] { AfterCall(); }) {
     WindowTimers& timers = m_Platform.timers;
@@ -118,12 +119,24 @@ void Program::SearchNow() {
     m_Connection.OnSearchTimer();
 }
 
+void Program::BeforeSend() {
+    m_ServiceDesk.BeforeSend();
+    m_Measurement.BeforeSend();
+}
+
+void Program::AbandonRun() {
+    m_ServiceDesk.ContactIsLost();
+    m_Measurement.Abandon();
+}
+
 Outcome Program::PressStart() {
     if (m_InCall) {
         if (m_Session.run.IsOn())
             GiveCallUp();
         return Outcome::Refused({});
     }
+    if (m_Session.factory.IsBusy() && !m_Session.run.IsOn())
+        return Outcome::Refused("\nHalten Messung erst!");
     if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn()) {
         m_AutoSaver.StartAfterwards();
         return Outcome::Done();
@@ -223,7 +236,7 @@ bool Program::MayWriteSeries() const {
 }
 
 Outcome Program::OnExitButton() {
-    if (m_Session.run.IsOn())
+    if (!RunIsOff(m_Session))
         return Outcome::Refused("Sich?\nHalten Messung erst!");
     if (m_Leaving || !m_Platform.user.Ask("Sich?", "Sich"))
         return Outcome::Refused({});
@@ -232,7 +245,7 @@ Outcome Program::OnExitButton() {
 }
 
 bool Program::Restart(bool keepSession) {
-    if (m_Session.run.IsOn() || !m_Platform.launcher)
+    if (!RunIsOff(m_Session) || !m_Platform.launcher)
         return false;
     m_Platform.launcher->RestartAfterEnd(keepSession);
     Leave();
@@ -251,6 +264,7 @@ void Program::Leave() {
     m_Series.End();
     m_Connection.StopSearch();
     m_Init.Abort();
+    m_ServiceDesk.Leave();
     m_Measurement.Abandon(); // one that waited for its turn or for the instrument, too
     m_AutoSaver.SaveAtEnd();
     m_Channel.PauseStatusPoll();

@@ -8,6 +8,7 @@
 #include "desk/list_panel.h"
 #include "desk/receiver_desk.h"
 #include "desk/selection.h"
+#include "desk/service_desk.h"
 #include "desk/session.h"
 #include "desk/start_button.h"
 #include "link/band_activation.h"
@@ -88,6 +89,7 @@ public:
     [[nodiscard]] const SetupStore& Stores() const { return m_Store; }
     [[nodiscard]] Selection& Select() { return m_Selection; }
     [[nodiscard]] ReceiverDesk& Receiver() { return m_ReceiverDesk; }
+    [[nodiscard]] ServiceDesk& Service() { return m_ServiceDesk; }
     [[nodiscard]] InstrumentSelection& Instrument() { return m_Instrument; }
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
@@ -111,17 +113,19 @@ private:
     void WhileCallWaits();
     void AfterCall();
 
-    void BeforeSend() override { m_Measurement.BeforeSend(); }
+    void BeforeSend() override;
     void LineIdle() override { m_Measurement.LineIdle(); }
     void LevelReply(const Reading& level) override { m_Measurement.Reply(level); }
     void ErrorReply(InstrumentError error) override;
     void ReplyTime(int ms) override;
     void BandActivated(bool byOperator) override;
     void Initialised() override;
+    void Heard(std::string_view piece) override { m_ServiceDesk.Heard(piece); }
     void Tell(const Outcome& outcome) override;
     [[nodiscard]] bool IsRunOn() const override { return m_Session.run.IsOn(); }
     [[nodiscard]] bool InstrumentListens() const override { return m_Session.receiver.InstrumentListens(); }
-    void AbandonRun() override { m_Measurement.Abandon(); }
+    [[nodiscard]] bool KeepsCarriers() const override { return m_Session.factory.KeepsCarriers(); }
+    void AbandonRun() override;
     void RunBegins() override;
     bool SaveNumbered() override;
     void RunIsAskedFor() override { m_Session.alarm.Begin(m_Platform); }
@@ -153,6 +157,7 @@ private:
     Selection m_Selection;
     AutoSaver m_AutoSaver;
     ReceiverDesk m_ReceiverDesk;
+    ServiceDesk m_ServiceDesk;
     Timer m_CloseTimer;
     Timer m_CallTimer; ///< what came during a call, once its handler has come back
 

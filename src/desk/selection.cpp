@@ -39,7 +39,7 @@ Outcome Selection::SelectBand(int band) {
 
 /// A run, or a shown file without an instrument, keeps its set-up.
 Outcome Selection::MayChoose() const {
-    Outcome off = RunIsOff(m_Session);
+    Outcome off = NothingRuns(m_Session);
     return off ? MayChangeSetup(m_Session) : off;
 }
 
@@ -56,6 +56,8 @@ Outcome Selection::SelectOrder(int imIndex) {
 Outcome Selection::SelectMethod(int mode) {
     if (mode == ModeSweep && !m_Session.link.chain.HasBeenHeard())
         return Outcome::Refused("Initialisieren, bitte warten!");
+    if (Outcome off = RunIsOff(m_Session); !off)
+        return off;
     if (Outcome free = MayChoose(); !free)
         return free;
     if (mode != ModeTwoTone && m_Session.working.Band() == BandTdScdmaA)

@@ -12,6 +12,8 @@
 #include "measure/run.h"
 #include "receivers/receiver_state.h"
 #include "results/result_state.h"
+#include "service/factory_mode.h"
+#include "service/response_pane.h"
 
 namespace qor {
 
@@ -31,7 +33,8 @@ struct Session {
     Readout readout;
     Appearance appearance;
     bool lossInfoShown = false; ///< the line about compensation and cable loss, once one was set
-    bool g_factoryMode = false; ///< the maker's own commands are offered
+    FactoryMode factory;
+    ResponsePane response;
 };
 
 /// True once the chain from power-on is over: a run can begin.

@@ -50,7 +50,7 @@ void Channel::Stop() {
 
 /// An idle line needs no hundred ticks a second: the next command that is queued wakes the timer.
 void Channel::RestWhenIdle() {
-    if (!LineIsIdle(m_Link) || m_Link.chain.IsUnderWay() || m_Run.IsRunOn())
+    if (!LineIsIdle(m_Link) || m_Link.chain.IsUnderWay() || m_Run.IsRunOn() || m_Link.carriers.MayBeOn())
         return;
     m_SendTimer.Stop();
     m_Resting = true;
@@ -84,6 +84,11 @@ void Channel::ArmStatusPoll() {
 void Channel::PauseStatusPoll() {
     TagSettingcheck = true;
     m_StatusTimer.Stop();
+}
+
+void Channel::ResumeStatusPoll() {
+    TagSettingcheck = false;
+    m_StatusTimer.Start(StatusPollPeriod);
 }
 
 void Channel::ReopenBinary() {
@@ -141,7 +146,7 @@ void Channel::CommSend() {
     m_Bytes.clear();
     m_FirstSendMs = m_FirstSendArmed ? m_Parts.clock.TickMs() : 0;
     m_FirstSendArmed = false;
-    ApplyMemoryPage(head.text, m_Link.identity.Firmware());
+    ApplyMemoryPage(head.text, tag, m_Link.identity.Firmware());
     const bool isAnswered = head.text != command::SweepFollows;
     transaction.Begin(head, tag, isAnswered);
     m_Refused = false;
@@ -159,6 +164,8 @@ void Channel::CommSend() {
     if (isAnswered)
         m_WaitTimer.Start(head.waitMs);
     Write(head.text, head.payload);
+    if (!isAnswered)
+        transaction.GiveUp();
 }
 
 /// What stands in the queue and never goes out. True when the head was one of those.
@@ -247,7 +254,7 @@ void Channel::SwitchOffAtEnd() {
 /// No run is on and the line has nothing to do, but an off command was not echoed: it was refused, or its
 /// echo was spoilt.
 void Channel::SwitchOffWhenIdle() {
-    if (!LineIsIdle(m_Link) || m_Run.IsRunOn() || m_Link.chain.IsUnderWay())
+    if (!LineIsIdle(m_Link) || m_Run.IsRunOn() || m_Run.KeepsCarriers() || m_Link.chain.IsUnderWay())
         return;
     if (!m_Link.carriers.MayBeOn()) {
         DropMark();
@@ -329,7 +336,7 @@ void Channel::OnWaitTimer() {
             LoseContact();
         return;
     }
-    if (ticks == OpenTicks && transaction.IsOpen())
+    if (ticks == OpenTicks && (transaction.IsOpen() || transaction.Form() == ReplyForm::Echo))
         OpenReplyOver();
     else if (ticks >= SilentTicks)
         LoseContact();
@@ -358,6 +365,8 @@ void Channel::OpenReplyOver() {
     }
     if (transaction.Form() == ReplyForm::Bytes) {
         BytesAreOver();
+    } else if (transaction.Form() == ReplyForm::Echo) {
+        EchoIsOver(false);
     } else if (Asker* const asker = transaction.AskedBy()) {
         const int tag = transaction.Tag();
         GiveUp();

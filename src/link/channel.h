@@ -68,6 +68,9 @@ public:
     void ArmStatusPoll();
     /// Stops the status poll and marks it as not armed.
     void PauseStatusPoll();
+    /// Stops it for as long as a service page is open; what the instrument says arms it no more than before.
+    void HoldStatusPoll() { m_StatusTimer.Stop(); }
+    void ResumeStatusPoll();
     /// A run is on: what the instrument says in dBm is a level of it.
     void ExpectLevels(bool run) { m_LevelsExpected = run; }
     /// An error reply of an earlier run does not stand against what comes.
@@ -104,9 +107,11 @@ private:
     void ReopenText();
 
     void ReceiveBytes();
-    void ReceiveCounted();
+    void ReceiveEcho();
     void ReceiveText();
     void BytesAreOver();
+    void EchoIsOver(bool whole);
+    void EndBinary();
     void HandToAsker();
     void Dispatch();
     [[nodiscard]] bool ErrorReply();

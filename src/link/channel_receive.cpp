@@ -39,8 +39,8 @@ void Channel::OnComm() {
     case ReplyForm::Bytes:
         ReceiveBytes();
         return;
-    case ReplyForm::Counted:
-        ReceiveCounted();
+    case ReplyForm::Echo:
+        ReceiveEcho();
         return;
     case ReplyForm::Text:
         ReceiveText();
@@ -59,30 +59,53 @@ void Channel::ReceiveBytes() {
 void Channel::BytesAreOver() {
     const int tag = m_Link.transaction.Tag();
     Asker* const asker = m_Link.transaction.AskedBy();
-    const bool moreFollow =
-        !m_Link.queue.Empty() && FormOf(TagAsSent(m_Link.queue.Head().tag)) != ReplyForm::Text;
-    if (!moreFollow)
-        ReopenText();
+    EndBinary();
     GiveUp();
     if (asker)
         asker->Answered(tag, m_Bytes);
 }
 
-void Channel::ReceiveCounted() {
-    m_Parts.comm.GetInput(m_Input);
-    Transaction& transaction = m_Link.transaction;
-    transaction.CountBytes(m_Input.size());
-    if (!transaction.HasItsBytes())
-        return;
-    const bool last = transaction.Tag() == TagTableLow;
-    GiveUp();
-    if (last)
+/// Behind the last of several byte-coded commands the port goes back to text; where a pseudo-command follows,
+/// that says when.
+void Channel::EndBinary() {
+    const bool moreFollow =
+        !m_Link.queue.Empty() && (FormOf(TagAsSent(m_Link.queue.Head().tag)) != ReplyForm::Text ||
+                                  m_Link.queue.Head().text.starts_with(command::Pause));
+    if (m_Binary && !moreFollow)
         ReopenText();
+}
+
+void Channel::ReceiveEcho() {
+    m_Parts.comm.GetInput(m_Input);
+    if (m_Link.transaction.IsIdle())
+        return; // late
+    if (!m_Binary)
+        m_Events.Heard(m_Input);
+    m_Bytes += m_Input;
+    const Echo echo = EchoIn(m_Bytes, m_Link.transaction.Echo());
+    if (echo != Echo::Awaited)
+        EchoIsOver(echo == Echo::Whole);
+}
+
+/// The echo is in, or something else came in its place, or nothing.
+void Channel::EchoIsOver(bool whole) {
+    const Transaction& transaction = m_Link.transaction;
+    const int tag = transaction.Tag();
+    Asker* const asker = transaction.AskedBy();
+    GiveUp();
+    if (whole) {
+        m_Link.given.Echoed(transaction.Sent());
+        m_Link.carriers.Echoed(transaction.Sent());
+    }
+    EndBinary();
+    if (asker)
+        asker->Answered(tag, whole ? std::string_view(transaction.Echo()) : std::string_view());
 }
 
 void Channel::ReceiveText() {
     Transaction& transaction = m_Link.transaction;
     m_Parts.comm.GetInput(m_Input);
+    m_Events.Heard(m_Input);
     const bool wasRecognised = transaction.IsRecognised();
     const bool isComplete = transaction.Take(m_Input);
     if (!wasRecognised && transaction.IsRecognised() && !transaction.IsIdle())

@@ -39,16 +39,16 @@ enum Tag : int {
 
 /// Where the reply to a command is read, and what tells its end.
 enum class ReplyForm {
-    Text,    ///< characters, to the line end or the length that follows from the command
-    Bytes,   ///< a byte-coded memory reply, read in binary: by its length, or what has come after two seconds
-    Counted, ///< bytes in binary that are counted and not looked at
+    Text,  ///< characters, to the line end or the length that follows from the command
+    Bytes, ///< a byte-coded memory reply, read in binary: by its length, or what has come after two seconds
+    Echo,  ///< the bytes of the command themselves, its payload among them: to the last of them
 };
 
 /// Form of the reply to a command with this tag.
 [[nodiscard]] constexpr ReplyForm FormOf(int tag) {
     const bool bytes = (tag >= TagMemoryEditor && tag <= TagSerialLow) || tag == TagOption;
     return bytes                                       ? ReplyForm::Bytes
-           : tag == TagTableHigh || tag == TagTableLow ? ReplyForm::Counted
+           : tag == TagTableHigh || tag == TagTableLow ? ReplyForm::Echo
                                                        : ReplyForm::Text;
 }
 
@@ -61,7 +61,7 @@ public:
     virtual ~Asker() = default;
 
     /// The reply to his command with this tag is complete, or what there is of it: empty when it was refused
-    /// or never came.
+    /// or never came. Of a command whose echo was asked for: the echo, or empty when another came or none.
     virtual void Answered(int tag, std::string_view reply) = 0;
 };
 
@@ -75,6 +75,7 @@ struct LineCommand {
     float param = 0;             ///< IM frequency of a sweep step, MHz; 0 when none
     std::string payload;         ///< bytes behind a $KVTWE text, before the carriage return
     Asker* asker = nullptr;      ///< takes the reply; null: the channel tells by keywords what it means
+    bool echo = false;           ///< its reply is its own bytes, and nothing else will do
     int waitMs = OrdinaryWaitMs; ///< period of the wait's ticks: two of them end an open reply
 };
 
@@ -107,6 +108,15 @@ public:
             return;
         Append(text, tag);
         Last().asker = &asker;
+    }
+    /// A command that stands only when the instrument repeats it to the byte, `payload` included, within two
+    /// ticks of the wait. Bytes of any value may stand in it.
+    void AskEcho(std::string_view text, int tag, Asker& asker, std::string_view payload = {}) {
+        if (m_Count == Capacity)
+            return;
+        Append(text, tag, 0, payload);
+        Last().asker = &asker;
+        Last().echo = true;
     }
     /// The answers that `asker` still waits for come soon, or never.
     void ShortenWaits(const Asker& asker, int waitMs) {
@@ -145,6 +155,7 @@ private:
         entry.param = param;
         entry.payload.assign(payload);
         entry.asker = nullptr;
+        entry.echo = false;
         entry.waitMs = OrdinaryWaitMs;
         if (m_Count == 1 && m_OnFirst)
             m_OnFirst();

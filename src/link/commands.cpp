@@ -20,30 +20,25 @@ char AddressOf(std::string_view command) {
                                                                                                   : '\0';
 }
 
-/// Place of the value in a byte-coded reply to a read of `address`, or npos. A late reply to the read before
-/// it may stand ahead.
-std::size_t MemoryByteAt(std::string_view bytes, char address) {
+/// Place of the value in a byte-coded reply to a read of `address` on `page`, on any page when that is below
+/// 0, or npos. A late reply to the read before it may stand ahead.
+std::size_t MemoryByteAt(std::string_view bytes, int page, char address) {
+    constexpr std::size_t PageAt = 5;
     constexpr std::size_t AddressAt = 6;
     for (std::size_t at = bytes.find("KVT"); at != std::string_view::npos; at = bytes.find("KVT", at + 1))
-        if (at + AddressAt + 1 < bytes.size() && bytes[at + AddressAt] == address)
+        if (at + AddressAt + 1 < bytes.size() && bytes[at + AddressAt] == address &&
+            (page < 0 || bytes[at + PageAt] == static_cast<char>(page)))
             return at + AddressAt + 1;
     return std::string_view::npos;
 }
 
+std::optional<int> ByteAt(std::string_view bytes, std::size_t at) {
+    return at == std::string_view::npos ? std::nullopt
+                                        : std::optional<int>(static_cast<unsigned char>(bytes[at]));
+}
+
 constexpr int LevelDigits = 10;
 constexpr int DetectorDigits = 4;
-
-/// Bytes by which the payload of a $KVTWE lengthens its reply.
-int PayloadReplyLength(std::string_view command, int tag) {
-    if (!Holds(command, "$KVTWE"))
-        return 0;
-    if (tag == TagTableHigh || tag == TagTableLow)
-        return 2;
-    if (tag == TagMemoryEditor || tag == TagReceiverCalFirst || tag == TagReceiverCalDone)
-        return 1;
-    const char address = AddressOf(command);
-    return address != '\0' && Holds("defxy_", std::string_view(&address, 1)) ? 1 : 0;
-}
 
 /// Blanks, a sign, digits and a point: nothing else, so that a spoilt "-9x.3" never counts as -9.
 bool IsDecimal(std::string_view text) {
@@ -87,13 +82,33 @@ std::string ReadMemoryByte(char address) {
     return std::string("$KVTREd") + address + '0';
 }
 
-void ApplyMemoryPage(std::string& command, float firmVersion) {
-    if (!command.starts_with("$KVTREd"))
-        return;
-    if (HasPage125(firmVersion))
-        command[6] = '}';
-    else if (HasPageN(firmVersion))
-        command[6] = 'n';
+std::string WriteMemoryByte(int page, int address) {
+    return std::string("$KVTWE") + static_cast<char>(page) + static_cast<char>(address);
+}
+
+std::string ReadMemoryByteOf(int page, int address) {
+    return std::string("$KVTRE") + static_cast<char>(page) + static_cast<char>(address);
+}
+
+int OwnPage(float firmVersion) {
+    return HasPage125(firmVersion) ? '}' : HasPageN(firmVersion) ? 'n' : 'd';
+}
+
+void ApplyMemoryPage(std::string& command, int tag, float firmVersion) {
+    const bool ofTheChain = tag == TagSerialHigh || tag == TagSerialLow || tag == TagOption;
+    if (ofTheChain && command.starts_with("$KVTREd"))
+        command[6] = static_cast<char>(OwnPage(firmVersion));
+}
+
+void EchoOf(std::string_view command, std::string_view payload, std::string& echo) {
+    echo.assign(command.empty() ? command : command.substr(1)).append(payload).append("\r\n");
+}
+
+Echo EchoIn(std::string_view bytes, std::string_view echo) {
+    if (Holds(bytes, echo))
+        return Echo::Whole;
+    const bool mayBecomeIt = echo.starts_with(bytes);
+    return !mayBecomeIt && (bytes.ends_with('\n') || bytes.ends_with('\r')) ? Echo::Other : Echo::Awaited;
 }
 
 void ReplyText(std::string_view command, std::string& text) {
@@ -115,7 +130,7 @@ int ReplyLength(std::string_view command, int tag) {
                       (tag >= TagMemoryEditor && tag <= TagPathTable) ||
                       (tag >= TagOption && tag <= TagReceiverCalLast) || address == 'x' || address == 'y' ||
                       address == 't' || Holds(command, "#KVTRE,");
-    return (open ? OpenReply : length) + PayloadReplyLength(command, tag);
+    return open ? OpenReply : length;
 }
 
 int TagAsSent(int queued) {
@@ -139,15 +154,18 @@ std::optional<int> MemoryValue(std::string_view reply) {
 }
 
 std::optional<int> MemoryByte(std::string_view bytes, char address) {
-    const std::size_t at = MemoryByteAt(bytes, address);
-    if (at == std::string_view::npos)
-        return {};
-    return static_cast<unsigned char>(bytes[at]);
+    return ByteAt(bytes, MemoryByteAt(bytes, -1, address));
+}
+
+std::optional<int> MemoryByte(std::string_view bytes, int page, int address) {
+    return ByteAt(bytes, MemoryByteAt(bytes, page, static_cast<char>(address)));
 }
 
 bool HoldsMemoryByte(std::string_view bytes, std::string_view command) {
     constexpr std::size_t LineEnd = 2;
-    const std::size_t at = MemoryByteAt(bytes, AddressOf(command));
+    if (command.size() < 8)
+        return false;
+    const std::size_t at = MemoryByteAt(bytes, static_cast<unsigned char>(command[6]), AddressOf(command));
     return at != std::string_view::npos && at + LineEnd < bytes.size();
 }
 

@@ -76,11 +76,23 @@ inline constexpr int OpenReply = 1000;
 /// Byte-coded read of the memory address with this letter. Its page follows the firmware when it goes out.
 [[nodiscard]] std::string ReadMemoryByte(char address);
 
-/// Puts the memory page of this firmware into a byte-coded read that was queued with page "d".
-void ApplyMemoryPage(std::string& command, float firmVersion);
+/// Puts the memory page of this firmware into a byte-coded read of the initialisation, which is queued with
+/// page "d". Every other read has the page that was asked for.
+void ApplyMemoryPage(std::string& command, int tag, float firmVersion);
 /// The text that a reply to `command` repeats.
 void ReplyText(std::string_view command, std::string& text);
-/// Bytes of the reply to a command as sent, its payload included, or OpenReply and up.
+/// Byte-coded write of the memory byte at `page` and `address`, without its value: that is the payload.
+[[nodiscard]] std::string WriteMemoryByte(int page, int address);
+/// Byte-coded read of the same, on whatever page.
+[[nodiscard]] std::string ReadMemoryByteOf(int page, int address);
+/// Page of the instrument's own memory, by its firmware.
+[[nodiscard]] int OwnPage(float firmVersion);
+/// The bytes that a reply to `command` and its payload has when it is nothing but their echo.
+void EchoOf(std::string_view command, std::string_view payload, std::string& echo);
+enum class Echo { Awaited, Whole, Other };
+/// How far `bytes` have become `echo`. Other: a line has ended that is not the echo.
+[[nodiscard]] Echo EchoIn(std::string_view bytes, std::string_view echo);
+/// Bytes of the reply to a command as sent, or OpenReply and up.
 [[nodiscard]] int ReplyLength(std::string_view command, int tag);
 /// Tag that goes out for a queued tag: readings of sweep steps are queued 20 up.
 [[nodiscard]] int TagAsSent(int queued);
@@ -90,6 +102,8 @@ void ReplyText(std::string_view command, std::string& text);
 /// Value of the byte-coded memory reply in what has come: five letters, page, address, value. Nothing when it
 /// has none to this address, as the words of an error have not.
 [[nodiscard]] std::optional<int> MemoryByte(std::string_view bytes, char address);
+/// The same by the page, too.
+[[nodiscard]] std::optional<int> MemoryByte(std::string_view bytes, int page, int address);
 /// True when the reply to a byte-coded read, as it was sent, has come with its line end.
 [[nodiscard]] bool HoldsMemoryByte(std::string_view bytes, std::string_view command);
 /// Decimal text of the level in a reply that holds "dBm", blanks in front kept; empty when what stands there

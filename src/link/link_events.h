@@ -32,6 +32,8 @@ public:
     virtual void BandActivated(bool byOperator) = 0;
     /// The end of an initialisation: the queue has just been wiped.
     virtual void Initialised() = 0;
+    /// A piece of a reply in text, as it came.
+    virtual void Heard(std::string_view piece) = 0;
     /// Something that the operator has to know.
     virtual void Tell(const Outcome& outcome) = 0;
 };

@@ -11,9 +11,12 @@ public:
     virtual ~RunControl() = default;
 
     [[nodiscard]] virtual bool IsRunOn() const = 0;
+    /// A service page wants the carriers as they are, without a run.
+    [[nodiscard]] virtual bool KeepsCarriers() const = 0;
     /// The instrument's own receiver measures, no external one.
     [[nodiscard]] virtual bool InstrumentListens() const = 0;
-    /// Ends a run whose instrument is gone, and drops one that waits for it. It never counts as passed.
+    /// Ends a run, or what a service page does, whose instrument is gone, and drops a run that waits for it.
+    /// It never counts as passed.
     virtual void AbandonRun() = 0;
 };
 

@@ -24,6 +24,8 @@ bool Transaction::IsOpen() const {
 void Transaction::Begin(const LineCommand& command, int tag, bool isAnswered) {
     m_Sent.assign(command.text);
     m_Asker = command.asker;
+    m_IsEcho = command.echo;
+    EchoOf(command.text, command.payload, m_Echo);
     g_CurTag = tag;
     g_CurParam = command.param;
     ReplyText(command.text, TagCurrentCommand);
@@ -36,6 +38,7 @@ void Transaction::Begin(const LineCommand& command, int tag, bool isAnswered) {
 
 void Transaction::BeginUnasked() {
     m_Asker = nullptr;
+    m_IsEcho = false;
     g_CurTag = TagPlain;
     tagCommPend = OpenReply;
 }
@@ -50,7 +53,7 @@ bool Transaction::Take(std::string_view piece) {
     m_revdatastr += piece;
     if (m_revdatastr.size() > LongestText)
         m_revdatastr.erase(0, m_revdatastr.size() - LongestText / 2);
-    CountBytes(std::min(piece.size(), LongestText));
+    tagtemp += static_cast<int>(std::min(piece.size(), LongestText));
     if (!TagWaitTimerIsKilled && (TagCurrentCommand == "IDN" || RepeatsCommand()))
         Recognise();
     m_EndsLine = IsLineEnd(piece);

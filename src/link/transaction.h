@@ -26,10 +26,12 @@ public:
     [[nodiscard]] int Tag() const { return g_CurTag; }
     /// IM frequency of the step that the command belongs to, MHz; 0 when none.
     [[nodiscard]] float Param() const { return g_CurParam; }
-    [[nodiscard]] ReplyForm Form() const { return FormOf(g_CurTag); }
+    [[nodiscard]] ReplyForm Form() const { return m_IsEcho ? ReplyForm::Echo : FormOf(g_CurTag); }
     [[nodiscard]] Asker* AskedBy() const { return m_Asker; }
-    /// The command as it went out.
+    /// The command as it went out, without its payload.
     [[nodiscard]] const std::string& Sent() const { return m_Sent; }
+    /// The reply that is the command's own bytes.
+    [[nodiscard]] const std::string& Echo() const { return m_Echo; }
     /// Reply text assembled so far; it can hold several replies.
     [[nodiscard]] std::string& Text() { return m_revdatastr; }
     [[nodiscard]] const std::string& Text() const { return m_revdatastr; }
@@ -47,7 +49,6 @@ public:
     void Pass(const LineCommand& command);
     /// A piece of the reply. True when it ends a line, or the reply has its bytes.
     bool Take(std::string_view piece);
-    void CountBytes(std::size_t bytes) { tagtemp += static_cast<int>(bytes); }
     /// The reply is here: the next command may go.
     void Finish() {
         tagCommPend = 0;
@@ -81,6 +82,8 @@ private:
     int g_CurTag = 0;                 ///< tag of the command
     float g_CurParam = 0;             ///< step parameter of the command
     std::string m_Sent;
+    std::string m_Echo;
+    bool m_IsEcho = false; ///< nothing but the echo is taken as the reply
     bool m_EndsLine = false;
     Asker* m_Asker = nullptr;
 };

@@ -26,7 +26,7 @@ struct SetupDesk : test::Rig {
     SetupDesk() { S().working.SelectBand(BandEgsm); }
     PowerSetup Power(int band = BandEgsm) { return {band, S(), Store()}; }
     PlanSetup Page(int band, int imIndex) {
-        return {band, imIndex, S().working, S().link.queue, Store(), S().g_factoryMode};
+        return {band, imIndex, S().working, S().link.queue, Store(), S().factory.IsOn()};
     }
     bool SaveTone(double f1) { return Done(SaveTdScdmaAF1(f1, S().working, S().link.queue, Store())); }
     Texts Queued() {
@@ -260,7 +260,7 @@ TEST(PlanSetup, TheFactorySavesDefaults) {
     SetupDesk desk;
     PlanSetup page = desk.Page(BandEgsm, 1);
     EXPECT_FALSE(desk.Done(page.SaveDefault())) << "not in factory mode";
-    desk.S().g_factoryMode = true;
+    desk.S().factory.Enter("740261", 0);
     EXPECT_FALSE(desk.Page(BandTetra390, 1).OffersDefault());
     FrequencyPlan plan = page.Plan();
     plan.f1 = 936.1f;

@@ -40,7 +40,7 @@ QWidget* BandDialog::MakePages(Program& program, int band) {
     for (int imIndex = 1; imIndex <= 5; ++imIndex)
         tabs->addTab(new PlanPage(*this, program.Parts().user,
                                   {band, imIndex, session.working, session.link.queue, program.Stores(),
-                                   session.g_factoryMode}),
+                                   session.factory.IsOn()}),
                      "IM" + QString::number(OrderOf(imIndex)));
     return tabs;
 }

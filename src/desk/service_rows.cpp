@@ -1,0 +1,18 @@
+// The maker's service pages. None of these is in the menu: keys and buttons, once the PIN was given.
+#include "desk/command.h"
+#include "desk/program.h"
+
+namespace qor {
+
+void AddServiceRows(MenuBuilder& menu) {
+    menu.AddHidden({.id = "factory_mode",
+                    .run = [](Desk& desk, int) { return desk.program.Service().Home(desk.dialogs); }});
+    menu.AddHidden({.id = "test_page", .run = [](Desk& desk, int) {
+                        return desk.program.Service().PressPage(ServicePage::Test);
+                    }});
+    menu.AddHidden({.id = "calibration_page", .run = [](Desk& desk, int) {
+                        return desk.program.Service().PressPage(ServicePage::Calibration);
+                    }});
+}
+
+} // namespace qor

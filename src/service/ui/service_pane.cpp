@@ -1,0 +1,69 @@
+#include "service/ui/service_pane.h"
+
+#include <QtWidgets>
+
+#include <algorithm>
+
+namespace qor::ui {
+
+namespace {
+
+/// The entries that the panes' files have made, complete before the program begins.
+const PaneEntry*& First() {
+    static const PaneEntry* first = nullptr;
+    return first;
+}
+
+} // namespace
+
+PaneEntry::PaneEntry(ServicePage page, int place, Make make)
+    : m_Page(page), m_Place(place), m_Make(make), m_Next(First()) {
+    First() = this;
+}
+
+std::vector<const PaneEntry*> PaneEntry::Of(ServicePage page) {
+    std::vector<const PaneEntry*> entries;
+    for (const PaneEntry* entry = First(); entry; entry = entry->m_Next)
+        if (entry->m_Page == page)
+            entries.push_back(entry);
+    std::sort(entries.begin(), entries.end(),
+              [](const PaneEntry* a, const PaneEntry* b) { return a->m_Place < b->m_Place; });
+    return entries;
+}
+
+ServicePageView::ServicePageView(ServicePage page, Program& program, Commands& commands, QWidget* parent)
+    : ServicePane(parent) {
+    auto* row = new QHBoxLayout;
+    QVBoxLayout* column = nullptr;
+    int number = -1;
+    for (const PaneEntry* const entry : PaneEntry::Of(page)) {
+        if (entry->Column() != number) {
+            if (column)
+                column->addStretch();
+            column = new QVBoxLayout;
+            row->addLayout(column, 1);
+            number = entry->Column();
+        }
+        m_Panes.push_back(entry->MakePane(program, commands, this));
+        column->addWidget(m_Panes.back());
+    }
+    if (column)
+        column->addStretch();
+    auto* inside = new QWidget; // scrolls where the window has no room for all of it
+    inside->setLayout(row);
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(inside);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scroll);
+}
+
+void ServicePageView::Refresh() {
+    for (ServicePane* const pane : m_Panes)
+        pane->Refresh();
+}
+
+} // namespace qor::ui
