@@ -7,8 +7,7 @@
 namespace qor {
 
 std::string PlaceText(int page, int address) {
-    // shown to the operator
-    return "Seite " + std::to_string(page) + ", Adresse " + std::to_string(address);
+    return std::to_string(page) + '/' + std::to_string(address);
 }
 
 MemoryWriteCommand WriteByte(const MemoryCell& cell, int tag) {
@@ -89,10 +88,10 @@ void MemoryTalk::TakeRead(std::string_view reply) {
 
 void MemoryTalk::TakeEcho(std::string_view reply) {
     const MemoryWriteCommand& write = m_Writes[m_Step];
-    if (reply.empty()) {
-        const std::string what = write.cell ? PlaceText(write.cell->page, write.cell->address) : write.text;
-        // shown to the operator
-        End(Outcome::Refused("Nicht bestaetigt: " + what));
+    if (reply.empty()) { // shown to the operator
+        End(Outcome::Refused(write.cell ? "Nicht bestaetigt, Seite/Adresse: " +
+                                              PlaceText(write.cell->page, write.cell->address)
+                                        : "Nicht bestaetigt: " + write.text));
         return;
     }
     if (m_OnStep)

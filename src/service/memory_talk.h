@@ -20,7 +20,7 @@ struct MemoryCell {
     bool operator==(const MemoryCell&) const = default;
 };
 
-/// "Seite 125, Adresse 100".
+/// Page and address as the operator reads them: "125/100".
 [[nodiscard]] std::string PlaceText(int page, int address);
 
 /// A command that has to be confirmed by its echo: the text, and the bytes that the channel appends.
@@ -52,6 +52,11 @@ public:
     ~MemoryTalk() override { Drop(); }
 
     [[nodiscard]] bool IsOn() const { return m_IsOn; }
+    /// The write that went out last and was not confirmed, while it is awaited and behind a refusal: it may
+    /// stand there or not.
+    [[nodiscard]] std::optional<MemoryCell> Pending() const {
+        return m_Step < m_Writes.size() ? m_Writes[m_Step].cell : std::nullopt;
+    }
     /// Reads the places, in order. A page that leaves one unanswered is asked no more; the others are.
     void Read(std::vector<MemoryCell> places, OnStep onStep, OnEnd onEnd);
     /// Writes, each confirmed by its echo before the next. Refused with page and address, or the command, of
