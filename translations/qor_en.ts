@@ -592,6 +592,10 @@
       <translation>Select the PCS band?  Yes: PCS, No: AWS</translation>
     </message>
     <message>
+      <source>Do you want to exit factory mode?</source>
+      <translation>Do you want to exit factory mode?</translation>
+    </message>
+    <message>
       <source>Does not support the current selection!</source>
       <translation>The current selection is not supported!</translation>
     </message>
@@ -758,6 +762,10 @@
     <message>
       <source>F2 Compensation</source>
       <translation>F2 compensation</translation>
+    </message>
+    <message>
+      <source>FACTORY MODE</source>
+      <translation>FACTORY MODE</translation>
     </message>
     <message>
       <source>Failed to create folder!</source>
@@ -1134,6 +1142,14 @@
     <message>
       <source>New Password:</source>
       <translation>New password:</translation>
+    </message>
+    <message>
+      <source>Nicht bestaetigt, Seite/Adresse:</source>
+      <translation>Not confirmed, page/address:</translation>
+    </message>
+    <message>
+      <source>Nicht bestaetigt:</source>
+      <translation>Not confirmed:</translation>
     </message>
     <message>
       <source>Nicht gelesene Dateien:</source>

@@ -592,6 +592,10 @@
       <translation>选择 PCS 频段吗？  是：PCS，否：AWS</translation>
     </message>
     <message>
+      <source>Do you want to exit factory mode?</source>
+      <translation>要退出工厂模式吗？</translation>
+    </message>
+    <message>
       <source>Does not support the current selection!</source>
       <translation>不支持当前选择！</translation>
     </message>
@@ -758,6 +762,10 @@
     <message>
       <source>F2 Compensation</source>
       <translation>F2 补偿</translation>
+    </message>
+    <message>
+      <source>FACTORY MODE</source>
+      <translation>工厂模式</translation>
     </message>
     <message>
       <source>Failed to create folder!</source>
@@ -1134,6 +1142,14 @@
     <message>
       <source>New Password:</source>
       <translation>新密码：</translation>
+    </message>
+    <message>
+      <source>Nicht bestaetigt, Seite/Adresse:</source>
+      <translation>未确认，页/地址：</translation>
+    </message>
+    <message>
+      <source>Nicht bestaetigt:</source>
+      <translation>未确认：</translation>
     </message>
     <message>
       <source>Nicht gelesene Dateien:</source>
