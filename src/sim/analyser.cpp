@@ -226,21 +226,35 @@ double Receiver::SweepMs() const {
     return std::clamp(2e3 * widths / narrow, ShortestSweepMs, 5000.0);
 }
 
+/// Both carriers behind the attenuator, of those between two frequencies; nothing without it.
+double Receiver::CarriersWithin(double lowMhz, double highMhz) const {
+    double sum = -400;
+    if (!m_CellDb)
+        return sum;
+    const Excitation port = m_Instrument.AtPort();
+    for (const Tone& tone : {port.tone1, port.tone2})
+        if (tone.mhz >= lowMhz && tone.mhz <= highMhz)
+            sum = PowerSum(sum, PimModel::CarrierDbm(tone, port.band) - *m_CellDb);
+    return sum;
+}
+
 double Receiver::AnalyserLevel() {
     Excitation port = m_Instrument.AtPort();
     const double half = std::max(m_Settings.spanHz, m_Settings.resolutionHz) / 2e6; // MHz
-    double signal = -400;
+    const double centre = m_Settings.centreHz / 1e6;
+    double signal = CarriersWithin(centre - half, centre + half);
     for (const int order : {3, 5, 7, 9, 11}) {
         port.order = order;
-        if (std::abs(PimModel::ProductMhz(port) - m_Settings.centreHz / 1e6) <= half)
-            signal = PowerSum(signal, m_Instrument.Pim().ProductDbm(port));
+        if (std::abs(PimModel::ProductMhz(port) - centre) <= half)
+            signal = PowerSum(signal, m_Instrument.Pim().ProductDbm(port) - m_CellDb.value_or(0));
     }
     const double figure = m_Settings.preamplifier ? NoiseFigureWithPreampDb : NoiseFigureDb;
     const double floor =
         ThermalDbmHz + figure + m_Settings.attenuationDb + 10 * std::log10(m_Settings.resolutionHz);
     // A video filter averages over as many samples as it is narrower than the resolution.
     const double calm = std::sqrt(std::max(1.0, m_Settings.resolutionHz / m_Settings.videoHz));
-    const double level = PowerSum(signal, floor + 2.0 / calm * m_Noise.Normal()) + 0.05 * m_Noise.Normal();
+    const double level = PowerSum(signal, floor + 2.0 / calm * m_Noise.Normal()) +
+                         (m_CellDb ? 0.005 : 0.05) * m_Noise.Normal();
     return std::min(level, m_Settings.referenceDbm + OverloadDb);
 }
 
@@ -248,10 +262,10 @@ double Receiver::Level() {
     if (m_Kind == ReceiverKind::Analyser)
         return AnalyserLevel();
     Excitation port = m_Instrument.AtPort();
-    double sum = BroadbandFloor + 0.1 * m_Noise.Normal();
+    double sum = PowerSum(BroadbandFloor + 0.1 * m_Noise.Normal(), CarriersWithin(0, 1e6));
     for (const int order : {3, 5, 7, 9, 11}) {
         port.order = order;
-        sum = PowerSum(sum, m_Instrument.Pim().ProductDbm(port));
+        sum = PowerSum(sum, m_Instrument.Pim().ProductDbm(port) - m_CellDb.value_or(0));
     }
     return sum;
 }

@@ -40,11 +40,16 @@ struct ReceiverFault {
 /// (24 dB, 9 dB with the preamplifier), the attenuation and the resolution bandwidth; a narrower video
 /// bandwidth calms it. A signal more than 5 dB above the reference level overloads it and reads no higher.
 /// Level meter and sensor hear everything at once and are broadband: their floor is -80 dBm.
+///
+/// A receiver listens behind the carrier filter, unless it is put to the port itself, through an attenuator:
+/// then it hears the carriers, too.
 class Receiver final : public ScpiDevice {
 public:
     Receiver(ReceiverKind kind, const Instrument& instrument, std::uint64_t seed);
 
     void Add(ReceiverFault fault) { m_Faults.push_back(fault); }
+    /// At the port, behind so many dB.
+    void PutToPort(double attenuationDb) { m_CellDb = attenuationDb; }
 
     void Write(std::string_view message, std::int64_t nowMs) override;
     [[nodiscard]] std::optional<std::string> Read(std::int64_t nowMs) override;
@@ -71,6 +76,7 @@ private:
     bool Set(std::string_view header, std::string_view value);
     [[nodiscard]] std::optional<std::string> Query(std::string_view header);
     [[nodiscard]] double AnalyserLevel();
+    [[nodiscard]] double CarriersWithin(double lowMhz, double highMhz) const;
     [[nodiscard]] double SweepMs() const;
     [[nodiscard]] bool Struck(ReceiverFault::Kind kind) const;
 
@@ -78,6 +84,7 @@ private:
     const Instrument& m_Instrument;
     Noise m_Noise;
     Settings m_Settings;
+    std::optional<double> m_CellDb; ///< of the attenuator at the port
     std::vector<ReceiverFault> m_Faults;
     int m_Served = 0;
     bool m_WasCut = false;

@@ -73,7 +73,7 @@ std::string ConfigFault(const InstrumentConfig& config) {
 /// A command text with a number behind it. A number of the wrong form is a syntax error, one outside
 /// low..high is out of range, and otherwise it lands in its field and the command is echoed.
 struct Instrument::NumberCommand {
-    enum class Kind { Plain, Position, Order, Carriers, Equipment, Tone };
+    enum class Kind { Plain, Position, Order, Carriers, Equipment, Tone, Power, Drive };
 
     std::string_view text;
     std::size_t leastDigits;
@@ -96,8 +96,8 @@ const Instrument::NumberCommand Instrument::NumberCommands[] = {
     {"#STA",   5, 5, 0, 99999,        &InstrumentSettings::sweepStop1},
     {"#STB",   5, 5, 0, 99999,        &InstrumentSettings::sweepStop2},
     {"#SWA",   5, 5, 0, 99999,        &InstrumentSettings::sweepStep},
-    {"#SPWA",  5, 5, 0, HighestPower, &InstrumentSettings::power1},
-    {"#SPWB",  5, 5, 0, HighestPower, &InstrumentSettings::power2},
+    {"#SPWA",  5, 5, 0, HighestPower, &InstrumentSettings::power1, NumberCommand::Kind::Power},
+    {"#SPWB",  5, 5, 0, HighestPower, &InstrumentSettings::power2, NumberCommand::Kind::Power},
     {"#SPA",   1, 1, 0, 1,            &InstrumentSettings::carrier1},
     {"#SPB",   1, 1, 0, 1,            &InstrumentSettings::carrier2},
     {"#M2T",   1, 1, 0, 1,            &InstrumentSettings::twoTone, NumberCommand::Kind::Carriers},
@@ -105,7 +105,7 @@ const Instrument::NumberCommand Instrument::NumberCommands[] = {
     {"#MUPL",  1, 1, 0, 1,            &InstrumentSettings::passUp},
     {"#MDNL",  1, 1, 0, 1,            &InstrumentSettings::passDown},
     {"#RECUT", 1, 1, 1, 1,            nullptr, NumberCommand::Kind::Plain, 35},
-    {"#KVTAL", 5, 5, 0, 6000,         &InstrumentSettings::drive},
+    {"#KVTAL", 5, 5, 0, 6000,         &InstrumentSettings::drive, NumberCommand::Kind::Drive},
     {"#KVTPD", 1, 1, 0, 5,            nullptr, NumberCommand::Kind::Equipment},
     {"#KVTPA", 1, 1, 0, 0,            nullptr},
     {"#BDT",   1, 1, 0, 1,            &InstrumentSettings::bandSetup},
@@ -116,7 +116,7 @@ const Instrument::NumberCommand Instrument::NumberCommands[] = {
 Instrument::Instrument(const InstrumentConfig& config)
     : m_Config(config), m_Model(CheckedModel(config)), m_Firmware(*ParseFirmware(config.firmware)),
       m_Memory(m_Firmware, m_Model.typeCode, config.model, config.serial, config.bridge3dB),
-      m_Pim(config.seed) {
+      m_Pim(config.seed), m_Power(m_Model.name, m_Firmware, config.seed) {
     m_Settings.position = config.position;
 }
 
@@ -175,6 +175,10 @@ std::string Instrument::SetNumber(const NumberCommand& row, std::string_view com
 
     if (row.field)
         m_Settings.*row.field = *value;
+    if (row.kind == Kind::Drive)
+        m_Settings.drivenByHand = 1;
+    if (row.kind == Kind::Tone || row.kind == Kind::Power)
+        m_Settings.drivenByHand = 0;
     if (row.kind == Kind::Order)
         m_Settings.externalReceiver = 0;
     if (row.kind == Kind::Carriers)
@@ -238,15 +242,37 @@ std::string Instrument::Level() {
     // A signal that is no number is one that the receiver cannot read: dashes stand in the place of its
     // level.
     const std::string text =
-        std::isnan(read) ? "-------" : Padded(OneDecimal(std::clamp(read, -199.9, 99.9)), 7, ' ');
+        std::isnan(read) ? "-------"
+                         : Padded(OneDecimal(std::clamp(LevelBehindDetector(read), -199.9, 99.9)), 7, ' ');
     return std::string("IMP") + order + text + "dBm" + std::string(End);
 }
 
 std::string Instrument::Detector() {
-    // A logarithmic detector: 31 mV a dB, with a rest voltage where the signal is too weak for it.
     const double read = ReadReceiver();
-    const double millivolts = std::isnan(read) ? 12.0 : std::clamp(2780 + 31 * read, 12.0, 99999.0);
-    return "ADC" + Padded(std::to_string(std::lround(millivolts)), 5, '0') + std::string(End);
+    return "ADC" + Padded(std::to_string(std::lround(Millivolts(read))), 5, '0') + std::string(End);
+}
+
+/// A logarithmic detector, with a rest voltage where the signal is too weak for it.
+double Instrument::Millivolts(double dbm) const {
+    constexpr double Rest = 12;
+    return std::isnan(dbm)
+               ? Rest
+               : std::clamp(m_Config.detectorOffset + m_Config.detectorSlope * dbm, Rest, 99999.0);
+}
+
+/// The level that the instrument makes of its detector, by the slope and the offset in its memory. An
+/// instrument whose receiver was never calibrated reads right.
+double Instrument::LevelBehindDetector(double dbm) const {
+    const int offsetAt =
+        m_Firmware.AtLeast(50) ? AddressPositionOffset + 2 * m_Settings.position : int{AddressReceiverOffset};
+    const auto wasWritten = [this](int address) {
+        return m_Memory.Written(m_Memory.OwnPage(), static_cast<std::uint8_t>(address + 1)).has_value();
+    };
+    if (!wasWritten(AddressReceiverSlope) && !wasWritten(offsetAt))
+        return dbm;
+    const auto pair = [this](int address) { return m_Memory.Own(address) * 256 + m_Memory.Own(address + 1); };
+    const int slope = pair(AddressReceiverSlope);
+    return slope == 0 ? 0 : (std::round(Millivolts(dbm)) - pair(offsetAt)) / slope;
 }
 
 double Instrument::ReadReceiver() {
@@ -270,11 +296,22 @@ const BandHardware* Instrument::Band() const {
     return BandAt(m_Config.model, m_Firmware, m_Settings.position);
 }
 
+/// A tone as its amplifier makes it: by hand during a calibration, else by the tables.
+Tone Instrument::AtPort(int tone) const {
+    const InstrumentSettings& now = m_Settings;
+    const bool first = tone == 1;
+    const ToneRequest request{tone, (first ? now.frequency1 : now.frequency2) / 10.0,
+                              (first ? now.power1 : now.power2) / 10.0, Band()};
+    const double level = now.drivenByHand ? m_Power.Level(request, now.drive / 1000.0)
+                                          : m_Power.LevelByTable(request, m_Memory);
+    return {request.mhz, level, (first ? now.carrier1 : now.carrier2) != 0};
+}
+
 Excitation Instrument::AtPort() const {
     const InstrumentSettings& now = m_Settings;
     Excitation at;
-    at.tone1 = {now.frequency1 / 10.0, now.power1 / 10.0, now.carrier1 != 0};
-    at.tone2 = {now.frequency2 / 10.0, now.power2 / 10.0, now.carrier2 != 0};
+    at.tone1 = AtPort(1);
+    at.tone2 = AtPort(2);
     at.order = now.order;
     at.band = Band();
     at.transmission = (now.status & StatusReflection) == 0;

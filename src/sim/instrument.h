@@ -3,6 +3,7 @@
 #include "sim/instrument_memory.h"
 #include "sim/models.h"
 #include "sim/pim_model.h"
+#include "sim/power_stage.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,7 +18,9 @@ struct InstrumentConfig {
     std::string serial = "SIM01"; ///< 1 to 11 printable characters
     std::uint64_t seed = 1;
     bool bridge3dB = false;
-    int position = 0; ///< of the band switch at power-on
+    int position = 0;             ///< of the band switch at power-on
+    double detectorSlope = 31;    ///< mV a dB
+    double detectorOffset = 2780; ///< mV at 0 dBm
 };
 
 /// What is wrong with a configuration, for the one who typed it; empty when nothing is.
@@ -44,8 +47,9 @@ struct InstrumentSettings {
     int passDown = 0;
     int passUp = 0;
     int twoToneSeconds = 5;
-    int drive = 0;     ///< mV, of a power calibration
-    int bandSetup = 1; ///< 0 from "#BDT0" until "#BDT1"
+    int drive = 0;        ///< mV, of a power calibration
+    int drivenByHand = 0; ///< 1 from "#KVTAL" until a frequency or a power is set
+    int bandSetup = 1;    ///< 0 from "#BDT0" until "#BDT1"
     std::uint8_t status = 'd';
 };
 
@@ -90,6 +94,9 @@ private:
     [[nodiscard]] std::string Level();
     [[nodiscard]] std::string Detector();
     [[nodiscard]] double ReadReceiver();
+    [[nodiscard]] double Millivolts(double dbm) const;
+    [[nodiscard]] double LevelBehindDetector(double dbm) const;
+    [[nodiscard]] Tone AtPort(int tone) const;
 
     InstrumentConfig m_Config;
     const ModelHardware& m_Model;
@@ -97,6 +104,7 @@ private:
     InstrumentSettings m_Settings;
     InstrumentMemory m_Memory;
     PimModel m_Pim;
+    PowerStage m_Power;
     std::optional<double> m_Generator;
     std::optional<std::int64_t> m_TimeUs;
 };

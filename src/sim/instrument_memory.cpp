@@ -63,7 +63,13 @@ bool InstrumentMemory::Write(std::uint8_t page, std::uint8_t address, std::uint8
     if (foreign)
         return false;
     m_Pages[page][address] = value;
+    m_Written[page].set(address);
     return true;
+}
+
+std::optional<std::uint8_t> InstrumentMemory::Written(std::uint8_t page, std::uint8_t address) const {
+    const auto found = m_Written.find(page);
+    return found != m_Written.end() && found->second.test(address) ? Read(page, address) : std::nullopt;
 }
 
 std::uint8_t InstrumentMemory::Own(int address) const {

@@ -3,6 +3,7 @@
 #include "sim/models.h"
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] std::optional<std::uint8_t> Read(std::uint8_t page, std::uint8_t address) const;
     /// False when the page cannot be written.
     bool Write(std::uint8_t page, std::uint8_t address, std::uint8_t value);
+    /// The byte, if it was ever written from outside.
+    [[nodiscard]] std::optional<std::uint8_t> Written(std::uint8_t page, std::uint8_t address) const;
 
     [[nodiscard]] std::uint8_t Own(int address) const;
     void SetOwn(int address, int value);
@@ -48,6 +51,7 @@ private:
     using Page = std::array<std::uint8_t, 256>;
     std::uint8_t m_OwnPage;
     std::map<std::uint8_t, Page> m_Pages;
+    std::map<std::uint8_t, std::bitset<256>> m_Written;
 };
 
 } // namespace qor::sim

@@ -42,13 +42,6 @@ double PowerSum(double a, double b) {
     return 10 * std::log10(std::pow(10, a / 10) + std::pow(10, b / 10));
 }
 
-double PowerAtPort(const Tone& tone, const BandHardware* band) {
-    if (!tone.on || !band)
-        return Nothing;
-    const bool passes = tone.mhz >= band->txLow - FilterEdge && tone.mhz <= band->txHigh + FilterEdge;
-    return passes ? tone.dbm : tone.dbm - FilterRejection;
-}
-
 } // namespace
 
 std::uint64_t Noise::Next() {
@@ -79,6 +72,13 @@ void PimModel::Advance(double seconds, bool carriersOn) {
     m_Warmth = target + (m_Warmth - target) * std::exp(-seconds / WarmUpSeconds);
 }
 
+double PimModel::CarrierDbm(const Tone& tone, const BandHardware* band) {
+    if (!tone.on || !band)
+        return Nothing;
+    const bool passes = tone.mhz >= band->txLow - FilterEdge && tone.mhz <= band->txHigh + FilterEdge;
+    return passes ? tone.dbm : tone.dbm - FilterRejection;
+}
+
 double PimModel::ProductMhz(const Excitation& at) {
     const int high = (at.order + 1) / 2;
     const int low = (at.order - 1) / 2;
@@ -87,8 +87,8 @@ double PimModel::ProductMhz(const Excitation& at) {
 }
 
 double PimModel::ProductDbm(const Excitation& at) const {
-    const double power1 = PowerAtPort(at.tone1, at.band);
-    const double power2 = PowerAtPort(at.tone2, at.band);
+    const double power1 = CarrierDbm(at.tone1, at.band);
+    const double power2 = CarrierDbm(at.tone2, at.band);
     if (power1 <= Nothing || power2 <= Nothing)
         return Nothing;
     const OrderLaw law = LawOf(at.order);

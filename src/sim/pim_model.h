@@ -51,6 +51,8 @@ public:
     void Advance(double seconds, bool carriersOn);
     void SetLooseContact(bool loose) { m_Loose = loose; }
 
+    /// Level of a carrier behind the filter of its band, dBm; far below the noise when there is none.
+    [[nodiscard]] static double CarrierDbm(const Tone& tone, const BandHardware* band);
     /// Frequency of the product of the tuned order, MHz.
     [[nodiscard]] static double ProductMhz(const Excitation& at);
     /// Level of that product without noise, dBm; far below the noise when there is none.

@@ -13,11 +13,12 @@ namespace qor::app {
 /// A receiver of --simulate-receiver.
 struct SimulatedReceiver {
     sim::ReceiverKind kind;
-    bool overUsb; ///< through the sensor's library, else over VISA
+    bool overUsb;                      ///< through the sensor's library, else over VISA
+    std::optional<double> cellDb = {}; ///< of the attenuator through which it hears the port itself
 };
 
-/// "analyser", "nrv", "nrp" or "sensor", which listens to a simulated instrument only; otherwise nothing, and
-/// `problem` says what is wrong.
+/// "analyser", "nrv", "nrp" or "sensor", which listens to a simulated instrument only, and ":50" behind it
+/// for one at the port behind 50 dB; otherwise nothing, and `problem` says what is wrong.
 [[nodiscard]] std::optional<SimulatedReceiver>
 ParseSimulatedReceiver(const std::string& text, bool simulatedInstrument, std::string& problem);
 

@@ -21,7 +21,9 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
          "DEVICE"},
         {"all-ports", "Offer the machine's own serial ports, too, not only USB ones."},
         {"simulate", "Work on a simulated instrument, for example RT-DB22:6.2.", "MODEL[:FIRMWARE]"},
-        {"simulate-receiver", "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor.",
+        {"simulate-receiver",
+         "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor; \"sensor:50\" at the port "
+         "behind 50 dB.",
          "KIND"},
         {"wire", "Log every transfer to a file.", "FILE"},
     });

@@ -33,7 +33,9 @@ void AddOptions(QCommandLineParser& parser) {
          "WHICH"},
         {"receiver-address", "Of the external receiver, as TCPIP0::host::5025::SOCKET (the stored one).",
          "ADDRESS"},
-        {"simulate-receiver", "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor.",
+        {"simulate-receiver",
+         "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor; \"sensor:50\" at the port "
+         "behind 50 dB.",
          "KIND"},
         {"band", "Band as the panel names it: EGSM, LTE700U, TD-SCDMA-F, ...", "TEXT"},
         {"order", "IM3, IM5, IM7, IM9 or IM11 (IM3).", "ORDER"},
