@@ -492,6 +492,10 @@
       <translation>Appearance(&amp;A)</translation>
     </message>
     <message>
+      <source>Das Geraet hat die Einstellungen nicht angenommen.</source>
+      <translation>The instrument has not accepted the settings.</translation>
+    </message>
+    <message>
       <source>Datei (PDF)</source>
       <translation>File (PDF)</translation>
     </message>
@@ -506,6 +510,14 @@
     <message>
       <source>Dateien ohne Bericht:</source>
       <translation>Files without a report:</translation>
+    </message>
+    <message>
+      <source>Dateiname:</source>
+      <translation>File name:</translation>
+    </message>
+    <message>
+      <source>Dateityp:</source>
+      <translation>Files of type:</translation>
     </message>
     <message>
       <source>Datenordner:</source>
@@ -1272,6 +1284,10 @@
       <translation>Upper end of the level axis</translation>
     </message>
     <message>
+      <source>Oeffnen</source>
+      <translation>Open</translation>
+    </message>
+    <message>
       <source>Oeffnen Port</source>
       <translation>Open Port</translation>
     </message>
@@ -1644,6 +1660,10 @@
       <translation>Spectrum</translation>
     </message>
     <message>
+      <source>Speichern</source>
+      <translation>Save</translation>
+    </message>
+    <message>
       <source>Speichern BMP(&amp;B)</source>
       <translation>Save BMP(&amp;B)</translation>
     </message>
@@ -1994,6 +2014,10 @@
     <message>
       <source>Zum Ende der Liste</source>
       <translation>To the end of the list</translation>
+    </message>
+    <message>
+      <source>Zustand des Geraets</source>
+      <translation>State of the instrument</translation>
     </message>
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>

@@ -492,6 +492,10 @@
       <translation>外观(&amp;A)</translation>
     </message>
     <message>
+      <source>Das Geraet hat die Einstellungen nicht angenommen.</source>
+      <translation>仪器未接受这些设置。</translation>
+    </message>
+    <message>
       <source>Datei (PDF)</source>
       <translation>文件 (PDF)</translation>
     </message>
@@ -506,6 +510,14 @@
     <message>
       <source>Dateien ohne Bericht:</source>
       <translation>未生成报告的文件：</translation>
+    </message>
+    <message>
+      <source>Dateiname:</source>
+      <translation>文件名：</translation>
+    </message>
+    <message>
+      <source>Dateityp:</source>
+      <translation>文件类型：</translation>
     </message>
     <message>
       <source>Datenordner:</source>
@@ -1272,6 +1284,10 @@
       <translation>电平轴上限</translation>
     </message>
     <message>
+      <source>Oeffnen</source>
+      <translation>打开</translation>
+    </message>
+    <message>
       <source>Oeffnen Port</source>
       <translation>打开端口</translation>
     </message>
@@ -1644,6 +1660,10 @@
       <translation>频谱模式</translation>
     </message>
     <message>
+      <source>Speichern</source>
+      <translation>保存</translation>
+    </message>
+    <message>
       <source>Speichern BMP(&amp;B)</source>
       <translation>保存 BMP(&amp;B)</translation>
     </message>
@@ -1994,6 +2014,10 @@
     <message>
       <source>Zum Ende der Liste</source>
       <translation>到列表末尾</translation>
+    </message>
+    <message>
+      <source>Zustand des Geraets</source>
+      <translation>仪器状态</translation>
     </message>
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>

@@ -140,6 +140,7 @@ void Curve::HoldTimePerPoint(bool internalReceiver) {
 
 void Curve::BeginTwoTone(float imFrequency) {
     SetTimeAxis();
+    m_PictureLength = OwnLength();
     ClearLevels();
     tally.Begin(Row());
     g_worstFreq = imFrequency;
@@ -188,7 +189,7 @@ void Curve::Clear() {
     g_worstFreq = 0;
     g_worstLevel.reset();
     g_forcedMsPerPoint = 0;
-    m_LoadedLength = 0;
+    m_PictureLength = 0;
     g_fromFile = 0;
     m_WatchesWorst = false;
     m_WorstShown.reset();
@@ -216,7 +217,7 @@ void Curve::Load(const LoadedCurve& loaded) {
     Fill(g_levelDown, loaded.down);
     if (loaded.twoTone) {
         StoreDataPot = static_cast<int>(std::min(loaded.up.size(), g_levelUp.size()));
-        m_LoadedLength = loaded.length > 0 ? loaded.length : 1000;
+        m_PictureLength = loaded.length > 0 ? loaded.length : 1000;
         g_forcedMsPerPoint = loaded.msPerPoint;
     } else {
         const std::vector<float>& grid = loaded.grid;

@@ -90,9 +90,11 @@ public:
     [[nodiscard]] bool ExceedsLimit(float level) const { return IsAboveLimit(level, LimitInDbm()); }
 
     // Time of a 2-tone run, ms.
-    /// Of the curve in the plot: a file's, or that of a run.
-    [[nodiscard]] int Length() const { return m_LoadedLength > 0 ? m_LoadedLength : OwnLength(); }
-    [[nodiscard]] int OwnLength() const { return g_testTimeMs > 0 ? g_testTimeMs : 1000; } ///< of a run
+    /// Of the curve in the plot: that with which its run began, or a file's; of an empty plot the next run's.
+    [[nodiscard]] int Length() const { return m_PictureLength > 0 ? m_PictureLength : OwnLength(); }
+    [[nodiscard]] int OwnLength() const {
+        return g_testTimeMs > 0 ? g_testTimeMs : 1000;
+    } ///< of the next run
     [[nodiscard]] int TimePerPoint() const { return tone2SetTimes; }
     [[nodiscard]] int ReplyTime() const { return RealReceiveTime; } ///< of the receiver; 0 until it is known
 
@@ -204,7 +206,7 @@ private:
     bool m_Sweep = false;       ///< over the grid, not over time
     int tone2SetTimes = 100;    ///< ms between 2-tone points, at least 100
     int g_testTimeMs = 5000;    ///< length of a 2-tone run as it was set
-    int m_LoadedLength = 0;     ///< of the file whose curve is shown; 0: none is
+    int m_PictureLength = 0;    ///< of the run or the file whose curve is shown; 0: none is
     float g_SweepStep = 1;      ///< MHz
     int g_forcedMsPerPoint = 0; ///< from a loaded file; overrides every other rule when not 0
     int RealReceiveTime = 0;    ///< ms, measured once after initialisation

@@ -18,6 +18,8 @@ template <typename Number> std::string Shown(const std::optional<Number>& value)
 }
 
 std::string OrderText(const Session& session) {
+    if (session.working.Method() == ModeSpectrum)
+        return "IM3"; // the operator's order waits for the other methods
     const int imIndex = session.working.ImIndex();
     if (imIndex == InterBandIndex)
         return InterBandText(session.interBand.Order());

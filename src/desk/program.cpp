@@ -281,7 +281,7 @@ void Program::OnCloseTimer() {
     CMSComm& comm = m_Platform.comm;
     LinkState& link = m_Session.link;
     ++m_CloseTicks;
-    const bool isOurs = link.identity.HasModel() || link.connection.InstrumentAnswered();
+    const bool isOurs = IsOurPort(link);
     if (!m_CarriersOff && isOurs && !comm.GetPortOpen()) {
         comm.SetPortOpen(true); // closed by hand: the instrument may still be carrying
         link.chain.Abort();     // its echoes begin no new chain

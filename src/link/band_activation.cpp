@@ -35,13 +35,20 @@ std::string BandActivation::PowerCommand(std::string_view command, std::string_v
     return std::string(command) + TenthsText(dBm).substr(0, 5);
 }
 
+Outcome BandActivation::Fits(std::string_view power1, std::string_view power2, const WorkingSet& working) {
+    if (PowerCommand(command::Power1, power1, working.Compensation1()).empty())
+        return Outcome::Refused("f1The maximum value cannot be greater than 46dbm");
+    if (PowerCommand(command::Power2, power2, working.Compensation2()).empty())
+        return Outcome::Refused("f2The maximum value cannot be greater than 46dbm");
+    return Outcome::Done();
+}
+
 bool BandActivation::PowersFit() const {
     const BandInfo* const band = ActiveBand(m_Working.Band());
     if (!band)
         return true;
     const PowerSetting power = ReadPowerStore(m_Store, band->prefix);
-    return !PowerCommand(command::Power1, power.tone1, m_Working.Compensation1()).empty() &&
-           !PowerCommand(command::Power2, power.tone2, m_Working.Compensation2()).empty();
+    return Fits(power.tone1, power.tone2, m_Working).IsDone();
 }
 
 Outcome BandActivation::Activate(float firmware) {
@@ -55,15 +62,14 @@ Outcome BandActivation::Activate(float firmware) {
     TakeFrequencies(band->number);
     if (HasRecut(firmware))
         m_Queue.Append(command::SettingsLoaded);
-    const std::string power1 = PowerCommand(command::Power1, m_Working.Power1(), m_Working.Compensation1());
-    if (power1.empty())
-        return Outcome::Refused("f1The maximum value cannot be greater than 46dbm");
-    m_Queue.Append(power1);
-    const std::string power2 = PowerCommand(command::Power2, m_Working.Power2(), m_Working.Compensation2());
-    if (power2.empty())
-        return Outcome::Refused("f2The maximum value cannot be greater than 46dbm");
-    m_Queue.Append(power2);
-    return Outcome::Done();
+    for (const std::string& power :
+         {PowerCommand(command::Power1, m_Working.Power1(), m_Working.Compensation1()),
+          PowerCommand(command::Power2, m_Working.Power2(), m_Working.Compensation2())}) {
+        if (power.empty())
+            break; // a tone before it goes out all the same
+        m_Queue.Append(power);
+    }
+    return Fits(m_Working.Power1(), m_Working.Power2(), m_Working);
 }
 
 void BandActivation::TakeFrequencies(int band) {

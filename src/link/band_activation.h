@@ -22,6 +22,9 @@ public:
     /// a tone is above 46.0 dBm with its compensation: the initialisation chain stops there. A band without a
     /// plan sets nothing.
     Outcome Activate(float firmware);
+    /// Refused, with the tone's name, when one of the stored powers is above 46.0 dBm with its compensation.
+    [[nodiscard]] static Outcome Fits(std::string_view power1, std::string_view power2,
+                                      const WorkingSet& working);
     /// Neither tone is above 46.0 dBm with its compensation, by what the store holds now.
     [[nodiscard]] bool PowersFit() const;
     /// What is said to an operator whose order the band does not have.

@@ -233,7 +233,7 @@ void Channel::Write(const std::string& text, std::string_view payload) {
 // ----- carriers
 
 void Channel::SwitchOffNow() {
-    if (m_Link.carriers.MayBeOn() && m_Parts.comm.GetPortOpen())
+    if (m_Link.carriers.MayBeOn() && m_Parts.comm.GetPortOpen() && IsOurPort(m_Link))
         WriteOffCommands();
 }
 
@@ -260,7 +260,7 @@ void Channel::SwitchOffWhenIdle() {
         DropMark();
     } else if (m_OffTries == MostOffTries) {
         LoseContact(); // it does not answer any more: begin anew, with what it is owed
-    } else if (m_Parts.comm.GetPortOpen()) {
+    } else if (m_Parts.comm.GetPortOpen() && IsOurPort(m_Link)) {
         ++m_OffTries;
         for (const std::string& off : m_Link.carriers.OffCommands())
             m_Link.queue.Append(off);

@@ -134,6 +134,11 @@ public:
                 return true;
         return false;
     }
+    /// `visit` gets the text of each that waits, in their order.
+    template <typename Visit> void ForEach(Visit visit) const {
+        for (std::size_t i = 0; i < m_Count; ++i)
+            visit(m_Ring[(m_Head + i) % Capacity].text);
+    }
     [[nodiscard]] LineCommand& Head() { return m_Ring[m_Head]; }
     /// The entry queued last. The queue must not be empty.
     [[nodiscard]] LineCommand& Last() { return m_Ring[(m_Head + m_Count + Capacity - 1) % Capacity]; }

@@ -123,6 +123,7 @@ void Connection::BeginChoice() {
     m_State.ShowButton(true);
     m_State.Offer(PortButton::Open);
     g_ProbeIndex = 0;
+    m_State.ExpectProbe();
     m_SearchTimer.Stop(); // the operator's turn
     m_ProbeTimer.Start(ProbePeriod);
 }

@@ -40,7 +40,7 @@ public:
 
     /// The operator is to choose a port and to press the button; what hangs on each is known.
     [[nodiscard]] bool AwaitsChoice() const {
-        return m_ListShown && m_Button == PortButton::Open && !g_bProbing && !m_Closing;
+        return m_ListShown && m_Button == PortButton::Open && !g_bProbing && !m_ProbeIsDue && !m_Closing;
     }
     /// Contact with an instrument was lost, and it has not been found again.
     [[nodiscard]] bool ContactIsLost() const { return m_ContactIsLost; }
@@ -76,7 +76,12 @@ public:
         m_ContactIsLost = false; // the operator has closed it
     }
     void EndClosing() { m_Closing = false; }
-    void Probe(bool isOnTheWay) { g_bProbing = isOnTheWay; }
+    /// The ports will be looked at before the operator chooses.
+    void ExpectProbe() { m_ProbeIsDue = true; }
+    void Probe(bool isOnTheWay) {
+        g_bProbing = isOnTheWay;
+        m_ProbeIsDue = false;
+    }
 
 private:
     std::vector<PortEntry> g_PortList; ///< ports found
@@ -84,6 +89,7 @@ private:
     int g_LastPort = 0;
     int m_AnsweredPort = 0;  ///< number of the port where an instrument has answered
     bool g_bProbing = false; ///< an answer is awaited
+    bool m_ProbeIsDue = false;
     bool m_Closing = false;
     PortButton m_Button = PortButton::Scan;
     bool m_ButtonShown = false;

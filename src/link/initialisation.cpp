@@ -200,7 +200,7 @@ void Initialisation::OnBandWaitTimer() {
         NextStep();
 }
 
-void Initialisation::HardBandInit() {
+void Initialisation::HardBandInit(bool byOperator) {
     Chain& chain = m_Link.chain;
     if (chain.WaitsForChoice() && !m_Working.BandIsSet())
         return; // something else than a band was chosen
@@ -210,7 +210,7 @@ void Initialisation::HardBandInit() {
     // A band command may have dropped what waits: the end of the chain with it, if it is quick.
     if (chain.IsUnderWay() && chain.IsPastBand() && !m_Link.queue.Holds(command::WriteStatus))
         chain.GoBackTo(InitBandText);
-    if (Activate(true) && chain.Step() >= InitBandText)
+    if (Activate(byOperator) && chain.Step() >= InitBandText)
         NextStep(); // before its third step the chain comes to the band by itself
 }
 

@@ -32,8 +32,9 @@ public:
 
     /// A port has been opened: begins the conversation.
     void Begin();
-    /// Makes the band and order the operator has just selected the working set.
-    void HardBandInit();
+    /// Makes the band and order just selected the working set. A curve that is not the operator's to clear
+    /// stays.
+    void HardBandInit(bool byOperator);
     /// The program ends: what the chain still wants is dropped, and answers begin no further step.
     void Abort();
     /// The band is awaited no more.

@@ -31,6 +31,10 @@ Outcome InstrumentSelection::Carries(int band) const {
 }
 
 Outcome InstrumentSelection::SelectBand(int band) {
+    return SelectBand(band, true);
+}
+
+Outcome InstrumentSelection::SelectBand(int band, bool byOperator) {
     if (Outcome carries = Carries(band); !carries)
         return carries;
     if (ChoosesBandAtOnce(m_Link.identity.Firmware())) {
@@ -48,7 +52,7 @@ Outcome InstrumentSelection::SelectBand(int band) {
         m_Working.SelectOrder(1);
         m_Working.SelectMethod(ModeTwoTone);
     }
-    Activate();
+    Activate(byOperator);
     return Outcome::Done();
 }
 
@@ -75,8 +79,12 @@ void InstrumentSelection::UseExternalReceiver() {
 }
 
 void InstrumentSelection::Activate() {
+    Activate(true);
+}
+
+void InstrumentSelection::Activate(bool byOperator) {
     const int step = m_Link.chain.Step();
-    m_Init.HardBandInit();
+    m_Init.HardBandInit(byOperator);
     m_Link.queue.ClearParams();
     if (m_Comm.GetPortOpen())
         return;
@@ -85,14 +93,22 @@ void InstrumentSelection::Activate() {
     m_Link.chain.GoBackTo(step);
 }
 
-/// An external receiver is told at the start of its run, and the inter-band mode has orders of its own.
-bool InstrumentSelection::ReceiverDiffers() const {
-    return m_Run.InstrumentListens() && !m_Working.InterBand() &&
-           Differs(m_Link.given.Receiver(), UseReceiver(m_Working.ImIndex()));
+/// What the instrument has once all that waits has gone out and was echoed.
+GivenToInstrument InstrumentSelection::Coming() const {
+    GivenToInstrument coming = m_Link.given;
+    if (!m_Link.transaction.IsIdle())
+        coming.Echoed(m_Link.transaction.Sent());
+    m_Link.queue.ForEach([&coming](std::string_view text) { coming.Echoed(text); });
+    return coming;
 }
 
-bool InstrumentSelection::PowerDiffers() const {
-    const GivenToInstrument& given = m_Link.given;
+/// An external receiver is told at the start of its run, and the inter-band mode has orders of its own.
+bool InstrumentSelection::ReceiverDiffers(const GivenToInstrument& given) const {
+    return m_Run.InstrumentListens() && !m_Working.InterBand() &&
+           Differs(given.Receiver(), UseReceiver(m_Working.ImIndex()));
+}
+
+bool InstrumentSelection::PowerDiffers(const GivenToInstrument& given) const {
     const auto power = [](std::string_view command, std::string_view tenths, std::string_view compensation) {
         return BandActivation::PowerCommand(command, tenths, compensation);
     };
@@ -107,15 +123,19 @@ bool InstrumentSelection::StandsElsewhere() const {
 bool InstrumentSelection::DiffersFromInstrument() const {
     const bool bandDiffers =
         !PositionOf(m_Working.Band()).empty() && m_Link.position.Band() != m_Working.Band();
-    return bandDiffers || ReceiverDiffers() || PowerDiffers();
+    const GivenToInstrument given = Coming();
+    return bandDiffers || ReceiverDiffers(given) || PowerDiffers(given);
+}
+
+Outcome InstrumentSelection::PowersFit() const {
+    return BandActivation::Fits(m_Working.Power1(), m_Working.Power2(), m_Working);
 }
 
 Outcome InstrumentSelection::BringToInstrument() {
-    const int imIndex = m_Working.ImIndex();
-    if (const Outcome chosen = SelectBand(m_Working.Band()); !chosen)
+    if (const Outcome chosen = SelectBand(m_Working.Band(), false); !chosen)
         return chosen;
     if (m_Run.InstrumentListens())
-        m_Link.queue.Append(UseReceiver(imIndex));
+        m_Link.queue.Append(UseReceiver(m_Working.ImIndex()));
     m_Link.queue.Append(SetPath(m_Working.Path()));
     return Outcome::Done();
 }

@@ -8,6 +8,7 @@ namespace qor {
 
 class CMSComm;
 class Channel;
+class GivenToInstrument;
 class Initialisation;
 class RunControl;
 class WorkingSet;
@@ -39,14 +40,19 @@ public:
     /// True when the instrument was last given another position, order or power than those in force: it would
     /// measure something else than the panel shows.
     [[nodiscard]] bool DiffersFromInstrument() const;
-    /// Chooses band and order in force anew, as the operator would. Nothing is said to the instrument when it
-    /// does not carry them: that is refused with its reason.
+    /// Refused while a tone in force is above 46.0 dBm with its compensation: it is not sent.
+    [[nodiscard]] Outcome PowersFit() const;
+    /// Chooses band and order in force anew, as the operator would; the curve in the plot stays. Nothing is
+    /// said to the instrument when it does not carry them: that is refused with its reason.
     Outcome BringToInstrument();
 
 private:
+    Outcome SelectBand(int band, bool byOperator);
+    void Activate(bool byOperator);
     [[nodiscard]] std::string PositionOf(int band) const;
-    [[nodiscard]] bool ReceiverDiffers() const;
-    [[nodiscard]] bool PowerDiffers() const;
+    [[nodiscard]] GivenToInstrument Coming() const;
+    [[nodiscard]] bool ReceiverDiffers(const GivenToInstrument& given) const;
+    [[nodiscard]] bool PowerDiffers(const GivenToInstrument& given) const;
 
     LinkState& m_Link;
     WorkingSet& m_Working;

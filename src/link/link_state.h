@@ -30,6 +30,12 @@ struct LinkState {
 [[nodiscard]] inline bool MayChooseBand(const LinkState& link) {
     return (link.chain.HasAnswered() || link.chain.WaitsForChoice()) && !link.connection.IsClosing();
 }
+/// The port in use is one on which our instrument has said who it is: nothing but the question who is there
+/// goes to any other.
+[[nodiscard]] inline bool IsOurPort(const LinkState& link) {
+    const bool hasAnswered = link.identity.HasModel() || link.connection.InstrumentAnswered();
+    return hasAnswered && !link.connection.IsProbing();
+}
 /// Nothing is queued and no reply is awaited.
 [[nodiscard]] inline bool LineIsIdle(const LinkState& link) {
     return link.queue.Empty() && link.transaction.IsIdle();

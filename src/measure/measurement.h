@@ -98,6 +98,7 @@ private:
     [[nodiscard]] StartAnswer BringToInstrument();
     [[nodiscard]] StartAnswer BeginFirstRun();
     [[nodiscard]] StartAnswer GoBackToIdle(StartAnswer answer);
+    [[nodiscard]] bool InstrumentDiffers() const;
     [[nodiscard]] StartAnswer BeginRun();
     [[nodiscard]] StartAnswer TakeRecord(RunRecord& record);
     void TakeCorrections(RunRecord& record) const;
@@ -140,8 +141,8 @@ private:
     TwoTone m_TwoTone;
     Sweep m_Sweep;
     Spectrum m_Spectrum;
-    bool m_Brought = false; ///< the start waits for what it had the instrument told first
-    RunShape* m_Shape;      ///< of the run in progress, or of the last one
+    int m_Tells = 0;   ///< times that this start has told the instrument what is in force
+    RunShape* m_Shape; ///< of the run in progress, or of the last one
 };
 
 } // namespace qor

@@ -20,6 +20,13 @@
 
 namespace qor {
 
+namespace {
+
+/// An instrument that does not take what is in force is not asked without end.
+constexpr int MostTells = 2;
+
+} // namespace
+
 StartAnswer Measurement::Start() {
     if (m_Rooms.run.IsWaiting())
         DropStart(); // the start button pressed twice: one run begins
@@ -59,10 +66,8 @@ StartAnswer Measurement::Begin() {
     m_Channel.ForgetError(); // that of an earlier run does not condemn this one
     m_Channel.PauseStatusPoll();
     m_Events.RunIsAskedFor();
-    const int band = m_Rooms.working.Band();
-    const bool elsewhere = link.position.Band() != band && !m_Instrument.Carries(band);
-    m_Brought = link.queue.Empty() && (elsewhere || m_Instrument.DiffersFromInstrument());
-    if (m_Brought) {
+    m_Tells = 0;
+    if (InstrumentDiffers()) {
         if (StartAnswer answer = BringToInstrument(); !answer.outcome)
             return GoBackToIdle(std::move(answer));
     } else if (link.queue.Empty() || StartsBehindQueue(link.identity.Firmware())) {
@@ -73,9 +78,16 @@ StartAnswer Measurement::Begin() {
     return {};
 }
 
+bool Measurement::InstrumentDiffers() const {
+    const int band = m_Rooms.working.Band();
+    const bool elsewhere = m_Rooms.link.position.Band() != band && !m_Instrument.Carries(band);
+    return elsewhere || m_Instrument.DiffersFromInstrument();
+}
+
 /// A file that was shown has changed what is in force, and the instrument was not told: it is now, as if the
 /// operator had chosen it by hand. Nothing is touched where it could not be measured anyway.
 StartAnswer Measurement::BringToInstrument() {
+    ++m_Tells;
     RunRecord record;
     StartAnswer answer = TakeRecord(record);
     if (answer.outcome) {
@@ -86,11 +98,25 @@ StartAnswer Measurement::BringToInstrument() {
     return answer;
 }
 
+/// The instrument may have refused what it was told, and another file may be shown meanwhile: it is told
+/// again.
 void Measurement::OnRestartTimer() {
-    if (m_Brought ? !LineIsIdle(m_Rooms.link) : !m_Rooms.link.queue.Empty())
+    if (m_Tells > 0 ? !LineIsIdle(m_Rooms.link) : !m_Rooms.link.queue.Empty())
         return;
+    StartAnswer answer;
+    if (!InstrumentDiffers()) {
+        answer = BeginFirstRun();
+    } else {
+        answer = m_Tells < MostTells
+                     ? BringToInstrument()
+                     : StartAnswer{Refuse("Das Geraet hat die Einstellungen nicht angenommen.")};
+        if (answer.outcome)
+            return;
+        m_Rooms.run.DropWait();
+        answer = GoBackToIdle(std::move(answer));
+    }
     m_RestartTimer.Stop();
-    if (const StartAnswer answer = BeginFirstRun(); !answer.outcome)
+    if (!answer.outcome)
         m_Events.Tell(answer.outcome);
 }
 
@@ -201,6 +227,10 @@ StartAnswer Measurement::TakeRecord(RunRecord& record) {
 
     record.power = ReadPowerStore(m_Store, band->prefix);
     working.SetPower(record.power);
+    if (Outcome fits = m_Instrument.PowersFit(); !fits && !interBand.IsOn()) { // between bands none is added
+        m_Rooms.run.Refuse();
+        return {std::move(fits)};
+    }
     record.model = m_Rooms.link.identity.ModelName();
     record.firmware = m_Rooms.link.identity.Firmware();
     record.serial = m_Rooms.link.identity.Serial();

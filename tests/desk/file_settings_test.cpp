@@ -208,6 +208,7 @@ TEST(FileSettings, AMeasurementLikeTheFileHasItsPlanAndLength) {
     desk.Load(desk.Put(document));
     ASSERT_TRUE(desk.Measure());
     EXPECT_EQ(desk.program.Files().Document()->plan.f1, 930.0f) << "a load alone leaves the plan";
+    EXPECT_EQ(desk.program.Files().Document()->lengthMs, 1000) << "and the length";
     desk.Load(desk.Put(document));
     ASSERT_TRUE(desk.Run("measure_as_file"));
     EXPECT_EQ(PanelOf(desk.S()).m_NextText, "EGSM IM3 2-TON 43.0 / 43.0 dBm 3 s");

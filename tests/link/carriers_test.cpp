@@ -209,6 +209,31 @@ TEST(Carriers, AreOwedToTheInstrumentThatWasLeftCarrying) {
     rig.port.SetPortOpen(false);
 }
 
+/// The search has another port open when the program is to end: what hangs there is not ours to switch.
+TEST(Carriers, AreSwitchedOffOnlyWhereTheInstrumentHasAnswered) {
+    for (const bool byButton : {false, true}) {
+        Rig rig(AtDcs("6.2"));
+        ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));
+        RunUntilCarrying(rig);
+        sim::Instrument stranger{{}};
+        sim::Line strangersLine(stranger);
+        strangersLine.Add({sim::FaultKind::Silence, 0});
+        rig.ports.Add(strangersLine, "/dev/ttySIM1");
+        rig.line.Add({sim::FaultKind::Silence, 0});
+        const auto tried = [&] { return rig.S().link.connection.LastPort() == 2 && rig.comm.GetPortOpen(); };
+        ASSERT_TRUE(rig.time.RunUntil(tried, 20000));
+        rig.Sent();
+        if (byButton)
+            rig.program.Link().OnButton1();
+        else
+            rig.program.Leave();
+        rig.time.RunFor(byButton ? 500 : 3000);
+        for (const std::string& text : rig.Sent())
+            EXPECT_TRUE(text == "#SR" || text == "#IDN?") << text;
+        rig.port.SetPortOpen(false);
+    }
+}
+
 /// A stream that never ends a line is neither an echo nor a reading.
 TEST(Carriers, AStreamWithoutLineEndsSwitchesNothingOff) {
     Rig rig(AtDcs("6.2"));
@@ -283,10 +308,16 @@ TEST(Leaving, IsOverWithinTwoSeconds) {
                 bool over = false;
                 rig.program.SetQuit([&over](int) { over = true; });
                 const auto begin = rig.time.NowMs();
+                const bool isKnown = rig.S().link.identity.HasModel();
+                rig.Sent();
                 rig.program.Leave();
                 ASSERT_TRUE(rig.time.RunUntil([&] { return over; }, 10000));
                 EXPECT_LE(rig.time.NowMs() - begin, 2000);
                 EXPECT_FALSE(rig.comm.GetPortOpen());
+                const Texts sent = rig.Sent();
+                for (const char* off : {"#SPA0", "#SPB0"}) {
+                    EXPECT_EQ(std::count(sent.begin(), sent.end(), off) > 0, isKnown) << off;
+                }
                 rig.time.RunFor(1000); // what was written is on its way
                 if (running && c.faults.empty()) {
                     EXPECT_FALSE(Carries(rig));

@@ -168,6 +168,26 @@ TEST(Identity, OldFirmwareIsReadyWithinEightSeconds) {
     }
 }
 
+/// An installation without a second port looks for its instrument in place of a band: in full, as at every
+/// opening.
+TEST(Identity, ABandCommandThatScansIdentifiesInFull) {
+    Rig rig(AtDcs("6.2"));
+    rig.program.Stores().Write("Install_info.ccz", "010");
+    ASSERT_TRUE(rig.PowerOn());
+    const Texts first = rig.Sent();
+    EXPECT_FALSE(rig.program.Select().SelectBand(BandEgsm));
+    ASSERT_TRUE(BecomesReady(rig, 20000));
+    EXPECT_EQ(rig.Sent().size(), first.size());
+    EXPECT_NEAR(rig.S().link.identity.Firmware(), 6.2f, 0.01f);
+    EXPECT_EQ(rig.S().working.Band(), BandDcs);
+    EXPECT_TRUE(rig.Told().empty());
+    ASSERT_TRUE(rig.program.Select().SelectMethod(ModeSweep) && rig.RunUntilIdle());
+    ASSERT_TRUE(rig.Measure());
+    const Texts sweep = rig.Sent();
+    EXPECT_NE(std::find(sweep.begin(), sweep.end(), "#MDNL0"), sweep.end()) << "by the sequence of a 6.2";
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
+}
+
 /// The chain that stopped at a power above 46 dBm goes on when power or compensation is corrected.
 TEST(Identity, ACorrectedPowerLetsTheChainGoOn) {
     for (const bool byStore : {true, false}) {

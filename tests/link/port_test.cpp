@@ -85,8 +85,10 @@ TEST(Ports, TheOnlyOneThatAnswersIsProposed) {
         if (!second)
             rig.lines[0].Add({sim::FaultKind::Silence, 0});
         rig.program.Start(false);
-        rig.time.RunFor(3100);
-        EXPECT_FALSE(rig.S().link.connection.AwaitsChoice()) << "it is being looked what hangs on them";
+        for (const int ms : {2500, 600}) {
+            rig.time.RunFor(ms);
+            EXPECT_FALSE(rig.S().link.connection.AwaitsChoice()) << "it is being looked what hangs on them";
+        }
         rig.time.RunFor(15000);
         EXPECT_TRUE(rig.S().link.connection.AwaitsChoice());
         EXPECT_EQ(rig.S().link.connection.Chosen(), second ? "" : "COM1 (/dev/ttySIM0)");

@@ -157,9 +157,12 @@ TEST(Completeness, BehindASpectrumTheReceiverListensAtTheOperatorsOrder) {
     ASSERT_TRUE(rig.RunUntilIdle());
     rig.program.OnMeasButton();
     EXPECT_EQ(rig.S().run.Record().order, 3);
+    EXPECT_EQ(PanelOf(rig.S()).m_IM_sel, "IM3");
     ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.Passes() == 1; }, 60000));
     EXPECT_EQ(Joined(SentDuring(rig, [&] { rig.program.OnMeasButton(); })), "#SMREF #USEID5 ");
     EXPECT_EQ(rig.S().working.ImIndex(), 2);
+    ASSERT_TRUE(rig.program.Select().SelectMethod(ModeSweep));
+    EXPECT_EQ(PanelOf(rig.S()).m_IM_sel, "IM5");
 }
 
 /// A start that is refused leaves the curve and its verdict; so does the wait for the instrument.

@@ -229,6 +229,52 @@ TEST(Start, WhatAFileHasChangedIsToldToTheInstrumentFirst) {
     EXPECT_EQ(rig.S().curve.Up()[0], first);
 }
 
+/// However a start comes, it measures what the panel shows, or it is refused.
+TEST(Start, NothingIsMeasuredThatTheInstrumentWasNotTold) {
+    Rig maker;
+    ASSERT_TRUE(maker.ReadyFor(ModeTwoTone, 1));
+    maker.Store().Write("dcs_pow_setup.ccz", "0043000440");
+    ASSERT_TRUE(maker.SelectBand(BandDcs));
+    ASSERT_TRUE(maker.Measure());
+    for (const char* const how : {"behind a poll", "refused", "too high"}) {
+        SCOPED_TRACE(how);
+        Rig rig;
+        ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 1));
+        ASSERT_TRUE(rig.Measure());
+        ASSERT_TRUE(maker.program.Files().DataSave(rig.dir / "dcs.dat"));
+        ASSERT_TRUE(rig.program.Show().CurrentShow(rig.dir / "dcs.dat"));
+        const float shown = rig.S().curve.Up()[0];
+        const bool behindPoll = *how == 'b';
+        if (behindPoll) { // two of them: one goes out at once
+            rig.S().link.queue.Append("#SST?");
+            rig.S().link.queue.Append("#SST?");
+        } else if (*how == 'r') {
+            for (const int at : {3, 9}) // #SPWB00440, and once more
+                rig.line.Add({sim::FaultKind::OutOfRange, rig.line.CommandCount() + at});
+        } else {
+            rig.S().working.SetCompensation("0", "2.1");
+        }
+        const auto sent = Joined(SentDuring(rig, [&] {
+            rig.program.OnMeasButton();
+            rig.time.RunFor(5000);
+        }));
+        EXPECT_EQ(sent.find("#M2T1") != std::string::npos, behindPoll) << sent;
+        if (behindPoll) {
+            EXPECT_LT(sent.find("#SAB4"), sent.find("#M2T1")) << sent;
+            EXPECT_LT(sent.find("#SPWB00440"), sent.find("#M2T1")) << sent;
+            continue;
+        }
+        EXPECT_EQ(rig.Told(),
+                  std::vector<std::string>{*how == 'r' ? "Das Geraet hat die Einstellungen nicht angenommen."
+                                                       : "f2The maximum value cannot be greater than 46dbm"});
+        EXPECT_EQ(rig.S().curve.Up()[0], shown);
+        rig.S().working.SetCompensation("0", "0");
+        ASSERT_TRUE(rig.Measure()) << "told anew";
+        EXPECT_EQ(rig.instrument.Settings().power2, 440);
+        EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Passed);
+    }
+}
+
 TEST(StatusPoll, RestsDuringARunAndComesEveryTwoSecondsAfterIt) {
     for (const int mode : {ModeTwoTone, ModeSweep}) {
         Rig rig;

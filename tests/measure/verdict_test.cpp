@@ -73,6 +73,29 @@ TEST(Verdict, LastPointCountsLikeAnyOther) {
     }
 }
 
+/// Everything the receiver can read is a level: the run fails, and so does its file.
+TEST(Verdict, LevelsAroundZeroAreLevels) {
+    for (const int mode : {ModeTwoTone, ModeSweep}) {
+        for (const double level : {5.0, 0.0, -0.5}) {
+            SCOPED_TRACE(std::to_string(mode) + " at " + std::to_string(level));
+            Rig rig;
+            ASSERT_TRUE(rig.ReadyFor(mode, 1));
+            rig.instrument.FeedSignal(level);
+            ASSERT_TRUE(rig.Measure());
+            const RunFacts facts = rig.S().curve.Facts();
+            EXPECT_EQ(facts.taken, mode == ModeTwoTone ? 12 : 28);
+            EXPECT_TRUE(facts.IsComplete());
+            EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Failed);
+            EXPECT_NEAR(std::stod(PanelOf(rig.S()).m_WorstLevelText), level, 0.2);
+            EXPECT_TRUE(PanelOf(rig.S()).overLimit);
+            ASSERT_TRUE(rig.program.Files().DataSave(rig.dir / "loud.dat"));
+            ASSERT_TRUE(rig.program.Show().CurrentShow(rig.dir / "loud.dat"));
+            EXPECT_EQ(rig.S().curve.Facts().taken, facts.taken);
+            EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Failed);
+        }
+    }
+}
+
 TEST(Verdict, OneRunAboveTheLimitFailsAllRuns) {
     Rig rig;
     ASSERT_TRUE(rig.ReadyFor(ModeSweep, 1));

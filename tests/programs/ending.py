@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Programs that are told to end: ending.py QOR_MEASURE QOR_SIM
+"""Programs that are told to end: ending.py QOR_MEASURE QOR_SIM QOR
 
-Over a real pseudo-terminal, in a run: each signal has written what switches the carriers off and ended the program
-within two seconds, and so has the end of --timeout on a line that has fallen silent.
+Over a real pseudo-terminal, whatever they are at: a signal has written what switches the carriers off and ended the
+program within two seconds, and so has the end of --timeout on a line that has fallen silent.
 """
+import itertools
+import os
 import pathlib
 import signal
 import subprocess
@@ -11,19 +13,35 @@ import sys
 import tempfile
 import time
 
-MEASURE, SIM = sys.argv[1:3]
+MEASURE, SIM, QOR = sys.argv[1:4]
 LIMIT = 2.5  # s: two, and what a busy machine takes to start and end a process
+SIGNALS = itertools.cycle((signal.SIGHUP, signal.SIGTERM, signal.SIGINT))
+SWEEP = ("--band", "EGSM", "--method", "sweep")
+
+# What it is at: the program, the command on the wire that says so, faults of the line, options.
+STATES = {
+    "in the search": (MEASURE, "#SR", ["silence"], ["--band", "EGSM"]),
+    "in the chain": (MEASURE, "#KVTRE", [], ["--band", "EGSM"]),
+    "idle": (MEASURE, "#SST?", [], ["--band", "EGSM", "--idle", "60"]),
+    "in a 2-tone run": (MEASURE, "#M2T1", [], ["--band", "EGSM", "--seconds", "60"]),
+    "in a sweep": (MEASURE, "#MSWL1", [], SWEEP),
+    "in the pause of a series": (MEASURE, "#MSWL0", [], [*SWEEP, "--runs", "2", "--interval", "60"]),
+    "in a spectrum": (MEASURE, "#IMP?", [], ["--band", "EGSM", "--method", "spectrum"]),
+    "the window in its chain": (QOR, "#KVTRE", [], []),
+    "the window, ready": (QOR, "#SST?", [], []),
+}
 
 
-def measure(folder, faults, *options):
-    """The program in a run on a simulated instrument, or as far as it comes."""
+def start(folder, program, faults, options):
+    """The program on a simulated instrument, or as far as it comes."""
     link = folder / "analyser"
     sim = subprocess.Popen([SIM, "--link", link, *[f"--fault={f}" for f in faults]], stdout=subprocess.PIPE)
     sim.stdout.readline()
     wire = folder / "wire"
-    program = subprocess.Popen([MEASURE, "--port", link, "--band", "EGSM", "--seconds", "60", "--data-dir", folder / "data",
-                                "--wire", wire, *options], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    return sim, program, wire
+    process = subprocess.Popen([program, "--port", link, "--data-dir", folder / "data", "--wire", wire, *options],
+                               env=dict(os.environ, QT_QPA_PLATFORM="offscreen"), stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL)
+    return sim, process, wire
 
 
 def sent(wire):
@@ -36,42 +54,46 @@ def require(truth, words):
         sys.exit(words)
 
 
-def ends_in_order(name, program, wire, since):
-    status = program.wait(timeout=20)
+def ends_in_order(name, process, since, status):
+    ended = process.wait(timeout=20)
     took = time.monotonic() - since
     require(took < LIMIT, f"{name}: ended after {took:.1f} s")
-    require(status == 3, f"{name}: status {status}")
-    last = sent(wire)[-6:]
-    require("#SPA0" in last and "#SPB0" in last, f"{name}: the last words were {last}")
+    require(ended == status, f"{name}: status {ended}")
 
 
-for number in (signal.SIGHUP, signal.SIGTERM, signal.SIGINT):
-    with tempfile.TemporaryDirectory() as folder:
-        sim, program, wire = measure(pathlib.Path(folder), [])
+def told_to_end(name, number, program, sign, faults, options):
+    with tempfile.TemporaryDirectory() as name_of_folder:
+        folder = pathlib.Path(name_of_folder)
+        sim, process, wire = start(folder, program, faults, options)
         try:
             begin = time.monotonic()
-            while "#M2T1" not in sent(wire):
-                require(time.monotonic() - begin < 30, "no run began")
-                time.sleep(0.1)
-            time.sleep(0.5)
-            since = time.monotonic()
-            program.send_signal(number)
-            ends_in_order(number.name, program, wire, since)
-            left = list((pathlib.Path(folder) / "data").glob("carriers_on.*"))
-            require(not left, f"{number.name}: {left} is left")
+            while not any(text.startswith(sign) for text in sent(wire)):
+                require(time.monotonic() - begin < 40 and process.poll() is None, f"{name}: {sign} did not come")
+                time.sleep(0.05)
+            time.sleep(0.3)
+            process.send_signal(number)
+            ends_in_order(f"{name}, {number.name}", process, time.monotonic(), 16 if program == QOR else 3)
+            last = sent(wire)[-6:]
+            off = {"#SPA0", "#SPB0"} & set(last)
+            require(len(off) == (0 if "silence" in faults else 2), f"{name}, {number.name}: the last words were {last}")
+            left = list((folder / "data").glob("carriers_on.*"))
+            require(not left, f"{name}, {number.name}: {left} is left")
         finally:
-            program.kill()
+            process.kill()
             sim.kill()
+
+
+for state, (program, sign, faults, options) in STATES.items():
+    told_to_end(state, next(SIGNALS), program, sign, faults, options)
+for number in (signal.SIGHUP, signal.SIGTERM, signal.SIGINT):
+    told_to_end("in a run", number, *STATES["in a 2-tone run"])
 
 TIMEOUT = 6
 with tempfile.TemporaryDirectory() as folder:
     since = time.monotonic() + TIMEOUT
-    sim, program, wire = measure(pathlib.Path(folder), ["silence:5"], f"--timeout={TIMEOUT}")
+    sim, process, _ = start(pathlib.Path(folder), MEASURE, ["silence:5"], ["--band", "EGSM", f"--timeout={TIMEOUT}"])
     try:
-        status = program.wait(timeout=TIMEOUT + 20)
-        took = time.monotonic() - since
-        require(took < LIMIT, f"--timeout: {took:.1f} s over")
-        require(status == 3, f"--timeout: status {status}")
+        ends_in_order("--timeout", process, since, 3)
     finally:
-        program.kill()
+        process.kill()
         sim.kill()

@@ -247,8 +247,13 @@ TEST(ResultFiles, ARunFilesWhatWasMeasured) {
     rig.Store().Write("egsm_im3_setup.ccz", PlanRecord({935, 960, 925, 937, 960, 960, 946, 925, 1}));
     ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 2));
     rig.S().working.SetPathLosses(1.0f, 0);
-    ASSERT_TRUE(rig.Measure());
+    rig.program.OnMeasButton();
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().curve.NextPoint() == 20; }, 10000));
+    rig.instrument.FeedSignal(-95);
+    ASSERT_TRUE(rig.RunUntilRunIsOver());
+    rig.instrument.FeedSignal({});
     const std::string before = FormatResult(*rig.program.Files().Document());
+    const std::string worst = PanelOf(rig.S()).m_WorstLevelText;
     EXPECT_EQ(before.substr(0, 62), "f1 0935.0 MHz START 0925.0 MHz STOP 0937.0 MHz POWER +42.0 dBm");
     rig.Store().Write("egsm_pow_setup.ccz", "0020000200");
     rig.Store().Write("egsm_im3_setup.ccz", PlanRecord({930, 955, 925, 937, 960, 960, 946, 925, 1}));
@@ -258,7 +263,11 @@ TEST(ResultFiles, ARunFilesWhatWasMeasured) {
     rig.S().working.SelectMethod(ModeSweep);
     rig.S().curve.SetLength(1000);
     rig.S().link.identity.Forget();
+    rig.S().curve.Update(true);
+    rig.S().curve.SearchMaxima();
     EXPECT_EQ(FormatResult(*rig.program.Files().Document()), before);
+    EXPECT_EQ(rig.program.Files().Document()->lengthMs, 2000);
+    EXPECT_EQ(PanelOf(rig.S()).m_WorstLevelText, worst) << "of all of its points";
     // In dBc all of it stands below the power of the run, the limit too.
     rig.S().curve.scale.SetCarrier(20.0f);
     ConvertLevelUnit(true, rig.S());

@@ -1,7 +1,8 @@
 """An operator's session at the window, through keyboard and mouse: from the green lamp to saved and loaded
-results, with the refusals on the way. Usage: operate.py QOR"""
+results, with the refusals on the way. Usage: operate.py QOR QOR_SIM"""
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
@@ -108,11 +109,40 @@ def session(window, folder):
     window.wait_text("m_Mode_sel", "Scannen Modell")
     window.screenshot("loaded.png")
 
+    # A field takes what is typed, and refuses it by its name and range: no 55 seconds come of 5.5.
+    window.menu("Setup", "Measurement Mode Setup")
+    for typed in ("5.5", "-5", "9999999999", "5 s", ""):
+        window.dialog()
+        window.click("Time:")
+        window.key("ctrl+a", "Delete")
+        window.type(typed)
+        expect(window.text("Time:") == typed, f'{typed} became {window.text("Time:")}')
+        window.key("Return")
+        window.need("Time braucht eine ganze Zahl: 1 .. 2147483")
+    window.key("Escape")
+    window.wait(lambda: window.open_dialog() is None, 5, "the dialog closes")
+
     # dBc and back, the plot alone and back.
     window.menu("Anzeige", "Einheit: dBm/dBc")
     window.wait_text("m_AlarmText", "-133.0")
     window.menu("Anzeige", "Einheit: dBm/dBc")
     window.wait_text("m_AlarmText", "-90.0")
+
+    # A name without an ending takes that of the kind chosen.
+    window.key("ctrl+t")
+    window.dialog()
+    window.type(str(folder / "without"))
+    window.click("Alle passenden Dateien (*.txt *.dat *.xls *.xlsx *.csv)")
+    window.key("Down", "Down", "Return")
+    window.click("Speichern")
+    window.wait((folder / "without.dat").exists, 10, "a .dat is written")
+    window.wait(lambda: window.open_dialog() is None, 5, "the file dialog closes")
+
+    # The tool that comes with the program runs beside it, and ends with it.
+    window.menu("Werkzeug", "PIM")
+    window.wait((folder / "tool").exists, 5, "the tool has begun")
+    tool = pathlib.Path("/proc", (folder / "tool").read_text().strip())
+    expect(tool.exists(), "the tool runs")
 
     # The way out asks; No stays, Yes ends in order.
     window.key("ctrl+x")
@@ -124,6 +154,8 @@ def session(window, folder):
     window.key("alt+j")
     status = window.process.wait(15)
     expect(status == 16, f"it ended with {status}")
+    time.sleep(0.5)
+    expect(not tool.exists(), "the tool has ended with the program")
 
 
 def operator_session(window):
@@ -153,6 +185,40 @@ def operator_session(window):
     expect(window.process.wait(15) == 16, "it ends in order")
 
 
+def small_form(window, wire):
+    """Where the panel has no room for the list of ports, they are offered in a dialog, once what hangs on them is
+    known; the rest is done by the keyboard."""
+    window.wait(lambda: window.open_dialog() is not None, 20, "the ports are offered")
+    choice = [window.name_of(node) for node in window.nodes(window.open_dialog())]
+    second = [name for name in choice if name.startswith("COM2 ")]
+    expect(second and second[0].endswith(": RT-DB22"), f"offered are {choice}")
+    window.key("Return")
+    window.wait(lambda: "Bitte zuerst einen Port auswaehlen." in window.message(), 5, "nothing is chosen unasked")
+    window.key("Return")
+    window.wait(lambda: window.find(second[0], window.open_dialog()) is not None, 5, "the message closes")
+    window.click(second[0], window.open_dialog())
+    window.key("Return")
+    window.wait(lambda: window.title() == "QOR - RT-DB22 - SIM02 - LTE - Bereit", 40, "it is connected")
+    expect(window.open_dialog() is None, "the ports are offered once")
+    stops = []
+    while len(stops) < 10 and (not stops or stops[-1] != stops[0] or len(stops) == 1):
+        window.key("Tab")
+        time.sleep(0.15)
+        stops.append(window.name_of(window.focused()))
+    expect(stops == ["+", "-", "Beginnen Messung", "+"], f"the tab key stops at {stops}")
+    window.key("ctrl+m")
+    window.wait(lambda: window.title().endswith("Messung laeuft"), 5, "a run is on")
+    window.wait(lambda: window.title().endswith("Bereit"), 30, "the run is over")
+    window.screenshot("small_form.png")
+    window.key("ctrl+m")
+    window.wait(lambda: window.title().endswith("Messung laeuft"), 5, "a run is on")
+    time.sleep(1)
+    window.process.send_signal(signal.SIGHUP)
+    expect(window.process.wait(3) == 16, "a signal in a run ends it in order")
+    last = [line.split(" > ")[1] for line in wire.read_text().splitlines() if " > #" in line][-5:]
+    expect({"#M2T0", "#SPA0", "#SPB0"} <= set(last), f"its last words were {last}")
+
+
 def shell(program):
     """What a shell sees of it."""
     usage = subprocess.run([program, "--help"], capture_output=True, text=True, timeout=20)
@@ -164,9 +230,10 @@ def shell(program):
 
 
 def main():
-    program = sys.argv[1]
+    program, simulator = sys.argv[1:3]
     shell(program)
     with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as stores:
+        pathlib.Path(stores, "QorTool.ccz").write_text(f"#!/bin/sh\necho $$ > {folder}/tool\nexec sleep 600\n")
         window = QorWindow(program, "--data-dir", stores, "--simulate", "RT-DB22:6.2")
         try:
             session(window, pathlib.Path(folder))
@@ -186,6 +253,22 @@ def main():
             raise
         finally:
             window.close()
+    with tempfile.TemporaryDirectory() as stores:
+        pathlib.Path(stores, "Resolution.ccz").write_text("8")
+        ports = [f"{stores}/analyser_{n}" for n in (1, 2)]
+        instruments = [subprocess.Popen([simulator, "--link", port, "--serial", f"SIM0{n}"], stdout=subprocess.DEVNULL)
+                       for n, port in enumerate(ports, 1)]
+        wire = pathlib.Path(stores, "wire")
+        window = QorWindow(program, "-ConfigStart", "--data-dir", stores, "--wire", wire, "--port", ports[0], "--port", ports[1])
+        try:
+            small_form(window, wire)
+        except Failure:
+            window.screenshot("failure.png")
+            raise
+        finally:
+            window.close()
+            for instrument in instruments:
+                instrument.kill()
     print("The operator is content.")
 
 

@@ -93,21 +93,25 @@ bool Job::ContactWasLost() const {
     return m_Program.State().link.connection.Losses() != m_LossesAtStart;
 }
 
+double Job::TimeLimit() const {
+    return m_Options.timeoutSeconds ? *m_Options.timeoutSeconds : 3.0 * ExpectedSeconds() + 60.0;
+}
+
+/// By a signal, or because its time is up.
+bool Job::IsToEnd() const {
+    return m_StopAsked() || static_cast<double>(m_Since.elapsed()) > TimeLimit() * 1000.0;
+}
+
 void Job::Look() {
     if (m_Program.IsInCall()) { // a receiver is waited for
-        if (m_StopAsked())
+        if (IsToEnd())
             m_Program.GiveCallUp();
         return;
     }
-    const double limit =
-        m_Options.timeoutSeconds ? *m_Options.timeoutSeconds : 3.0 * ExpectedSeconds() + 60.0;
-    if (m_Phase != Phase::Exit && m_Phase != Phase::Drain) {
-        if (m_StopAsked())
-            return Finish(NoInstrument, "Interrupted before the measurement was complete.");
-        if (static_cast<double>(m_Since.elapsed()) > limit * 1000.0)
-            return Finish(NoInstrument, "The time of " + Fixed(limit, 0) +
-                                            " s was up before the measurement was complete.");
-    }
+    if (m_Phase != Phase::Exit && m_Phase != Phase::Drain && IsToEnd())
+        return Finish(NoInstrument, m_StopAsked() ? "Interrupted before the measurement was complete."
+                                                  : "The time of " + Fixed(TimeLimit(), 0) +
+                                                        " s was up before the measurement was complete.");
     TellDamaged();
     switch (m_Phase) {
     case Phase::Search:
@@ -253,7 +257,7 @@ void Job::EndSpectrum() {
 }
 
 void Job::Drain() {
-    if (!m_Program.LineIsIdle() && !ContactWasLost() && m_InPhase.elapsed() < DrainLimitMs)
+    if (!m_Program.LineIsIdle() && !ContactWasLost() && m_InPhase.elapsed() < DrainLimitMs && !IsToEnd())
         return;
     const RunFacts facts = MeasuredFacts(m_Program.State());
     const Verdict verdict = Judge(facts);

@@ -47,6 +47,8 @@ private:
     void KeepWire();
     void Finish(ExitStatus status, std::string message = {});
     [[nodiscard]] double ExpectedSeconds() const;
+    [[nodiscard]] double TimeLimit() const; ///< s
+    [[nodiscard]] bool IsToEnd() const;
     [[nodiscard]] bool ContactWasLost() const;
 
     /// A call has nobody to fill a dialog in.

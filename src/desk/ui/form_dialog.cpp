@@ -95,18 +95,27 @@ void FormDialog::MarkField(QWidget* field, bool wrong, const QString& why, bool 
     field->setProperty("wrong", wrong);
     field->style()->unpolish(field); // the style sheet looks at the property
     field->style()->polish(field);
-    if (wrong) {
-        field->setToolTip(why);
-        field->setAccessibleDescription(why);
-        m_Fault->setText(why);
-        m_Fault->setVisible(!why.isEmpty());
-        if (focus)
-            field->setFocus(Qt::OtherFocusReason);
-    } else {
-        field->setToolTip({});
-        field->setAccessibleDescription({});
-        m_Fault->hide();
+    field->setToolTip(wrong ? why : QString());
+    field->setAccessibleDescription(wrong ? why : QString());
+    if (!wrong) {
+        if (m_FaultOf == field)
+            ForgetFault();
+        return;
     }
+    if (m_FaultOf && m_FaultOf != field)
+        return; // one at a time, the first
+    if (!why.isEmpty()) {
+        m_FaultOf = field;
+        m_Fault->setText(why);
+        m_Fault->show();
+    }
+    if (focus)
+        field->setFocus(Qt::OtherFocusReason);
+}
+
+void FormDialog::ForgetFault() {
+    m_FaultOf = nullptr;
+    m_Fault->hide();
 }
 
 double FormDialog::NumberOf(QLineEdit* field, bool& ok, double low, double high) {
@@ -144,6 +153,7 @@ void FormDialog::Refuse(QLineEdit* field, const QString& why) {
 }
 
 void FormDialog::accept() {
+    ForgetFault();
     if (!m_Accept || m_Accept())
         QDialog::accept();
 }

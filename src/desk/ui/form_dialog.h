@@ -38,8 +38,8 @@ public:
     /// True closes the dialog as accepted.
     void SetAccept(std::function<bool()> accept) { m_Accept = std::move(accept); }
 
-    /// Marks a field as wrong, or right again; `why` becomes its tip and, with a first fault, the line under
-    /// the fields. The field takes the focus when `focus` is set.
+    /// Marks a field as wrong, or right again; `why` becomes its tip. The first that is wrong has the line
+    /// under the fields until it is right, and takes the focus when `focus` is set.
     void MarkField(QWidget* field, bool wrong, const QString& why = {}, bool focus = false);
     /// Number of a field with a decimal point, whatever the locale. A field that holds none, or one outside
     /// `low` to `high`, is refused by its name, takes the focus, and `ok` becomes false.
@@ -53,9 +53,11 @@ protected:
 
 private:
     void Refuse(QLineEdit* field, const QString& why);
+    void ForgetFault();
 
     QVBoxLayout* m_Column;
     QLabel* m_Fault;
+    const QWidget* m_FaultOf = nullptr; ///< field whose fault the line tells
     QLayout* m_ButtonRow = nullptr;
     int m_LeftButtons = 0;
     std::function<bool()> m_Accept;

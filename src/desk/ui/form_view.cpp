@@ -64,7 +64,7 @@ void CTestSDIFormView::BuildCells() {
                                                  "m_Path_sel", "m_SweepKind_text", "Zustand"};
     // shown to the operator
     static constexpr std::string_view Words[] = {"Gewaehlte Breite", "Messverfahren", "Ordnung des Produkts",
-                                                 "Messweg",          "Wiederholung",  "Zustand"};
+                                                 "Messweg",          "Wiederholung",  "Zustand des Geraets"};
     for (std::size_t n = 0; n < m_Cell.size(); ++n) {
         m_Cell[n] = AddText(this, Cells[n]);
         Describe(m_Cell[n], Words[n]);

@@ -12,6 +12,8 @@ namespace {
 
 bool OpenPortChoice(Program& program, int /*argument*/, QWidget* parent) {
     ConnectionState& connection = program.State().link.connection;
+    if (!connection.AwaitsChoice()) // it was made meanwhile
+        return true;
     FormDialog dialog("Auswaehlen COM Port:", parent);
     auto* ports = new QListWidget;
     ports->setAccessibleName(Tr("Auswaehlen COM Port:"));
@@ -24,10 +26,11 @@ bool OpenPortChoice(Program& program, int /*argument*/, QWidget* parent) {
     dialog.Column()->addWidget(ports);
     dialog.AddButtons("Oeffnen Port");
     dialog.SetAccept([&] {
-        if (const QListWidgetItem* chosen = ports->currentItem())
-            connection.Choose(Utf8(chosen->text()));
+        const QList<QListWidgetItem*> chosen = ports->selectedItems(); // the keyboard stands at one unasked
+        if (!chosen.isEmpty())
+            connection.Choose(Utf8(chosen.first()->text()));
         program.Link().OnButton1();
-        return ports->currentItem() != nullptr;
+        return !chosen.isEmpty();
     });
     dialog.exec();
     return true;

@@ -28,10 +28,18 @@ public:
     RoomyFileDialog(QWidget* parent, std::string_view title, const std::filesystem::path& folder,
                     std::string_view endings)
         : QFileDialog(parent, Tr(title), Plain(folder.string()), Filters(endings)) {
+        setLabelText(LookIn, Tr("Ordner:"));
+        setLabelText(FileName, Tr("Dateiname:"));
+        setLabelText(FileType, Tr("Dateityp:"));
+        setLabelText(Reject, Tr("Abbrechen"));
         resize(900, 520);
-        if (auto* list = findChild<QTreeView*>())
+        if (auto* parts = findChild<QSplitter*>())
+            parts->setSizes({150, 750}); // the places' names beside the list
+        if (auto* list = findChild<QTreeView*>()) {
+            list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
             for (int column = 1; column < 4; ++column)
                 list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+        }
     }
 };
 
@@ -163,6 +171,7 @@ std::vector<std::filesystem::path> WindowOperator::FilesToOpen(std::string_view 
     std::vector<std::filesystem::path> paths;
     RoomyFileDialog dialog(Parent(), title, folder, endings);
     dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setLabelText(QFileDialog::Accept, Tr("Oeffnen"));
     if (dialog.exec() == QDialog::Accepted)
         for (const QString& name : dialog.selectedFiles())
             paths.push_back(PathOf(name));
@@ -176,7 +185,14 @@ std::filesystem::path WindowOperator::FileToSave(std::string_view title,
     RoomyFileDialog dialog(Parent(), title, suggestion.parent_path(), endings);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the one who writes asks
+    dialog.setLabelText(QFileDialog::Accept, Tr("Speichern"));
     dialog.setDefaultSuffix(first);
+    // A name without an ending takes that of the kind chosen.
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, first](const QString& filter) {
+        const QString kind = filter.section('(', 0, 0).trimmed();
+        const bool isOne = filter.count('*') == 1;
+        dialog.setDefaultSuffix(isOne ? kind : first);
+    });
     dialog.selectFile(Plain(suggestion.filename().string()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
