@@ -9,8 +9,12 @@ bool Carriers::SwitchesOn(std::string_view text) {
 }
 
 std::vector<std::string> Carriers::OffCommands() const {
-    return {std::string(m_Sweep ? command::SweepOff : command::TwoToneOff), std::string(command::Tone1Off),
-            std::string(command::Tone2Off)};
+    std::vector<std::string> off{std::string(m_Sweep ? command::SweepOff : command::TwoToneOff)};
+    if (m_Sweep && m_TwoTone) // of a 2-tone run before, whose off command was not echoed
+        off.emplace_back(command::TwoToneOff);
+    off.emplace_back(command::Tone1Off);
+    off.emplace_back(command::Tone2Off);
+    return off;
 }
 
 void Carriers::Sent(std::string_view text) {

@@ -12,7 +12,8 @@ namespace qor {
 class Carriers {
 public:
     [[nodiscard]] bool MayBeOn() const { return m_TwoTone || m_Tone1 || m_Tone2; }
-    /// What switches them off: the method's command, then both tones.
+    /// What switches them off: the method's command, that of the other method where it is owed too, then both
+    /// tones.
     [[nodiscard]] std::vector<std::string> OffCommands() const;
     [[nodiscard]] static bool SwitchesOn(std::string_view command);
 

@@ -340,6 +340,13 @@ void Channel::OnWaitTimer() {
         OpenReplyOver();
     else if (ticks >= SilentTicks)
         LoseContact();
+    else if (AwaitsOffEcho() && m_Parts.comm.GetPortOpen())
+        Write(transaction.Sent(), {}); // a line that was dead for a moment hears it now
+}
+
+bool Channel::IsOffCommand(std::string_view text) const {
+    const auto off = m_Link.carriers.OffCommands();
+    return std::find(off.begin(), off.end(), text) != off.end();
 }
 
 /// The run is over, and what is awaited belongs to it still: it must not hold up what switches the carriers
@@ -348,11 +355,14 @@ bool Channel::HoldsUpOffCommands() const {
     if (m_Run.IsRunOn() || m_Link.transaction.IsIdle() || m_Link.chain.IsUnderWay())
         return false;
     const auto off = m_Link.carriers.OffCommands();
-    const auto isOff = [&](std::string_view text) {
-        return std::find(off.begin(), off.end(), text) != off.end();
-    };
-    return m_Link.carriers.MayBeOn() && !isOff(m_Link.transaction.Sent()) &&
+    return m_Link.carriers.MayBeOn() && !IsOffCommand(m_Link.transaction.Sent()) &&
            std::any_of(off.begin(), off.end(), [this](const auto& text) { return m_Link.queue.Holds(text); });
+}
+
+/// The run is over, and what switches a carrier off was not heard yet.
+bool Channel::AwaitsOffEcho() const {
+    return !m_Run.IsRunOn() && !m_Link.transaction.IsIdle() && m_Link.carriers.MayBeOn() &&
+           IsOffCommand(m_Link.transaction.Sent());
 }
 
 /// The second tick of an open-ended command: what has come by now is the reply.

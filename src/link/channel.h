@@ -71,8 +71,12 @@ public:
     /// Stops it for as long as a service page is open; what the instrument says arms it no more than before.
     void HoldStatusPoll() { m_StatusTimer.Stop(); }
     void ResumeStatusPoll();
-    /// A run is on: what the instrument says in dBm is a level of it.
-    void ExpectLevels(bool run) { m_LevelsExpected = run; }
+    /// A run is on: what the instrument answers from now on to a question for a level is a level of it. The
+    /// answer that an earlier run still awaits is not.
+    void ExpectLevels(bool run) {
+        m_LevelsExpected = run;
+        m_LevelOwed = false;
+    }
     /// An error reply of an earlier run does not stand against what comes.
     void ForgetError() { m_ErrorOfRun.reset(); }
 
@@ -119,7 +123,9 @@ private:
     void StatusReply();
     void BandReply(std::size_t at);
     void TakeLevel();
+    [[nodiscard]] bool IsOffCommand(std::string_view text) const;
     [[nodiscard]] bool HoldsUpOffCommands() const;
+    [[nodiscard]] bool AwaitsOffEcho() const;
     void OpenReplyOver();
     void ReplyIsHere();
     void Finish();

@@ -259,7 +259,7 @@ void Channel::TakeLevel() {
     const bool isWhole = m_Link.transaction.EndsLine();
     const Reading level = Reading::In(LevelText(text));
     text.clear();
-    if (!m_LevelsExpected || !isWhole || !level.IsLevel()) // a spoilt one makes no point
+    if (!m_LevelOwed || !isWhole || !level.IsLevel()) // a spoilt one makes no point
         return;
     m_LevelOwed = false;
     m_Events.LevelReply(level);

@@ -151,6 +151,31 @@ TEST(Carriers, AnUnansweredReadingDoesNotHoldUpTheOffCommands) {
     EXPECT_TRUE(Marks(rig).empty());
 }
 
+/// A line that is dead for less than it takes to lose contact: a stop that it did not hear is told again.
+TEST(Carriers, AreOffASecondAfterADeadLineIsBack) {
+    Rig rig(AtDcs("6.2"));
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));
+    RunUntilCarrying(rig);
+    ASSERT_TRUE(rig.RunUntilIdle());
+    rig.line.Add({sim::FaultKind::Silence, 0});
+    rig.program.StopMeas();
+    rig.time.RunFor(2500);
+    rig.line.ClearFaults();
+    rig.time.RunFor(1300);
+    EXPECT_FALSE(Carries(rig));
+    EXPECT_EQ(rig.S().link.connection.Losses(), 0);
+}
+
+/// The off command of a 2-tone run was not echoed, and a sweep has begun since.
+TEST(Carriers, OfBothMethodsAreSwitchedOff) {
+    Carriers carriers;
+    for (const char* const on : {"#M2T1", "#SPA1", "#SPB1"})
+        carriers.Sent(on);
+    for (const std::string& off : carriers.OffCommands())
+        carriers.Echoed(off);
+    EXPECT_FALSE(carriers.MayBeOn());
+}
+
 TEST(Carriers, NoBandIsSelectedUnderThem) {
     Rig rig(AtDcs("6.2"));
     ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));

@@ -94,6 +94,21 @@ TEST(Start, ButtonPressedTwiceLeavesNothingOn) {
     }
 }
 
+/// The answer that the run before still awaited is no point of the next one.
+TEST(Start, CountsNoLevelOfTheRunBefore) {
+    Rig rig({.firmware = "6.2"});
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone));
+    rig.program.OnMeasButton();
+    rig.time.RunFor(2000);
+    ASSERT_TRUE(rig.time.RunUntil([&] { return !rig.program.LineIsIdle(); }, 5000)); // a level is asked for
+    rig.program.OnMeasButton();
+    rig.program.OnMeasButton();
+    rig.time.RunFor(200);
+    rig.program.OnMeasButton();
+    EXPECT_EQ(rig.S().curve.NextPoint(), 0);
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::None);
+}
+
 /// Before firmware 4.3 a start waits for what is queued, later it goes behind. One run begins, however slow
 /// the line is, and none by itself afterwards.
 TEST(Start, QueuedCommandsHoldBackOldFirmware) {
