@@ -220,6 +220,10 @@
       <translation>Answer:</translation>
     </message>
     <message>
+      <source>Antworten von drei:</source>
+      <translation>Answers out of three:</translation>
+    </message>
+    <message>
       <source>Anzeige loeschen</source>
       <translation>Clear display</translation>
     </message>
@@ -494,6 +498,18 @@
     <message>
       <source>Das Geraet hat die Einstellungen nicht angenommen.</source>
       <translation>The instrument has not accepted the settings.</translation>
+    </message>
+    <message>
+      <source>Das Umschaltgeraet hat keine Stellung fuer diese Breite:</source>
+      <translation>The band switch unit has no position for this band:</translation>
+    </message>
+    <message>
+      <source>Das Umschaltgeraet hat nicht geantwortet, seine Relais koennen falsch stehen.</source>
+      <translation>The band switch unit has not answered, its relays may be in the wrong position.</translation>
+    </message>
+    <message>
+      <source>Das ist das Umschaltgeraet, nicht der Analysator.</source>
+      <translation>This is the band switch unit, not the analyser.</translation>
     </message>
     <message>
       <source>Datei (PDF)</source>

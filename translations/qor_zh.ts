@@ -220,6 +220,10 @@
       <translation>应答:</translation>
     </message>
     <message>
+      <source>Antworten von drei:</source>
+      <translation>三次应答中收到：</translation>
+    </message>
+    <message>
       <source>Anzeige loeschen</source>
       <translation>清除显示</translation>
     </message>
@@ -494,6 +498,18 @@
     <message>
       <source>Das Geraet hat die Einstellungen nicht angenommen.</source>
       <translation>仪器未接受这些设置。</translation>
+    </message>
+    <message>
+      <source>Das Umschaltgeraet hat keine Stellung fuer diese Breite:</source>
+      <translation>频段切换单元没有此频段的位置：</translation>
+    </message>
+    <message>
+      <source>Das Umschaltgeraet hat nicht geantwortet, seine Relais koennen falsch stehen.</source>
+      <translation>频段切换单元没有应答，其继电器位置可能不正确。</translation>
+    </message>
+    <message>
+      <source>Das ist das Umschaltgeraet, nicht der Analysator.</source>
+      <translation>这是频段切换单元，不是分析仪。</translation>
     </message>
     <message>
       <source>Datei (PDF)</source>

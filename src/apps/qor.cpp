@@ -115,7 +115,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(ui::ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false); // the program ends in order, the window with it
     if (parsed.options->simulate) {
-        app::SimulatedLine line(*parsed.options->simulate);
+        app::SimulatedLine line(*parsed.options->simulate, parsed.options->simulateSwitchUnit);
         return RunToEnd(*parsed.options, line);
     }
     app::RealLine line(parsed.options->ports, parsed.options->allPorts ? PortScope::All : PortScope::Usb);

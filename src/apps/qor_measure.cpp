@@ -83,9 +83,9 @@ int main(int argc, char* argv[]) {
     }
     const app::EndSignals ending([] { g_StopAsked = true; });
     if (parsed.options->simulate) {
-        app::SimulatedLine line(*parsed.options->simulate);
+        app::SimulatedLine line(*parsed.options->simulate, parsed.options->simulateSwitchUnit);
         return RunToEnd(*application, *parsed.options, line);
     }
-    app::RealLine line({parsed.options->port}, PortScope::Given);
+    app::RealLine line(parsed.options->ports, PortScope::Given);
     return RunToEnd(*application, *parsed.options, line);
 }

@@ -1,10 +1,12 @@
-// qor-sim: a simulated analyser on a pseudo-terminal.
+// qor-sim: a simulated analyser, or a band switch unit, on a pseudo-terminal.
 
 #include "platform/visa/hislip_link.h"
 #include "platform/visa/rpc_client.h"
 #include "sim/analyser.h"
+#include "sim/instrument.h"
 #include "sim/line.h"
 #include "sim/scpi_host.h"
+#include "sim/switch_unit.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -38,6 +40,7 @@ struct Options {
     InstrumentConfig instrument;
     std::vector<Fault> faults;
     std::string link;
+    std::optional<int> switchUnitSpeed; ///< a band switch unit at this speed instead of an analyser
     struct Receiver {
         ReceiverKind kind;
         std::uint16_t port; ///< of its raw socket, 0 for any free one
@@ -83,10 +86,13 @@ public:
     [[nodiscard]] int Fd() const { return m_Master; }
     [[nodiscard]] const std::string& Path() const { return m_Path; }
 
-    /// Speed that the host has set, 0 for any but the instrument's.
+    /// Speed that the host has set, 0 for any but those that a device may have.
     [[nodiscard]] int HostSpeed() const {
         termios settings{};
-        return tcgetattr(m_Master, &settings) == 0 && cfgetospeed(&settings) == B9600 ? 9600 : 0;
+        if (tcgetattr(m_Master, &settings) != 0)
+            return 0;
+        const speed_t speed = cfgetospeed(&settings);
+        return speed == B9600 ? 9600 : speed == B115200 ? 115200 : 0;
     }
     /// What a host that does not read has no room for is lost, as on a real line.
     void Write(const std::string& bytes) const {
@@ -121,6 +127,7 @@ void PrintHelp() {
         "  --serial TEXT     serial number, 1 to 11 characters; default SIM01\n"
         "  --link PATH       also make a symbolic link to the pseudo-terminal\n"
         "  --fault KIND[:N]  order a fault; may be given several times\n"
+        "  --switch-unit[=BAUD]  a band switch unit instead of an analyser, at 9600 or 115200 baud\n"
         "  --analyser PORT   also a spectrum analyser: SCPI on this TCP port (0: any free one), HiSLIP, "
         "VXI-11\n"
         "  --sensor[=PORT]   also a power sensor, in the same way\n"
@@ -149,6 +156,12 @@ std::uint16_t PortIn(const char* text) {
     return static_cast<std::uint16_t>(port);
 }
 
+int SpeedIn(const std::string& text) {
+    if (text != "9600" && text != "115200")
+        Refuse("not a speed of a band switch unit: " + text);
+    return std::stoi(text);
+}
+
 Options ParseArguments(int argc, char** argv) {
     enum Option {
         Model = 1,
@@ -160,6 +173,7 @@ Options ParseArguments(int argc, char** argv) {
         Analyser,
         Sensor,
         ReceiverFaultText,
+        SwitchUnitSpeed,
         Help,
         Version
     };
@@ -172,6 +186,7 @@ Options ParseArguments(int argc, char** argv) {
                                       {"analyser", required_argument, nullptr, Analyser},
                                       {"sensor", optional_argument, nullptr, Sensor},
                                       {"receiver-fault", required_argument, nullptr, ReceiverFaultText},
+                                      {"switch-unit", optional_argument, nullptr, SwitchUnitSpeed},
                                       {"help", no_argument, nullptr, Help},
                                       {"version", no_argument, nullptr, Version},
                                       {nullptr, 0, nullptr, 0}};
@@ -215,6 +230,9 @@ Options ParseArguments(int argc, char** argv) {
             else
                 Refuse(std::string("unknown fault of a receiver: ") + optarg);
             break;
+        case SwitchUnitSpeed:
+            options.switchUnitSpeed = SpeedIn(optarg ? optarg : "9600");
+            break;
         case Help:
             PrintHelp();
             std::exit(0);
@@ -229,6 +247,8 @@ Options ParseArguments(int argc, char** argv) {
         Refuse(std::string("unexpected argument: ") + argv[optind]);
     if (const std::string fault = ConfigFault(options.instrument); !fault.empty())
         Refuse(fault);
+    if (options.switchUnitSpeed && options.receiver)
+        Refuse("a band switch unit has no receiver beside it");
     struct stat there {};
     if (!options.link.empty() && lstat(options.link.c_str(), &there) == 0 && !S_ISLNK(there.st_mode))
         Refuse(options.link + " is there already and no link");
@@ -316,7 +336,10 @@ bool Wait(const Pty& pty, const Line& line, const ServedReceiver* receiver, cons
 
 int Serve(const Options& options, const sigset_t& signals) {
     Instrument instrument(options.instrument);
-    Line line(instrument);
+    SwitchUnit unit;
+    LineTiming timing;
+    timing.baud = options.switchUnitSpeed.value_or(timing.baud);
+    Line line(options.switchUnitSpeed ? static_cast<Device&>(unit) : instrument, timing);
     for (const Fault fault : options.faults)
         line.Add(fault);
     Pty pty;

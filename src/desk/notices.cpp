@@ -9,6 +9,10 @@ std::vector<std::string> NoticesOf(const Session& session, const SetupStore& sto
     std::vector<std::string> lines;
     if (session.link.connection.ContactIsLost())
         lines.emplace_back("Kontakt zum Geraet verloren, es wird gesucht.");
+    if (const SwitchUnitState& unit = session.link.unit; unit.IsSilent())
+        lines.emplace_back("Das Umschaltgeraet hat nicht geantwortet, seine Relais koennen falsch stehen.");
+    else if (unit.LacksPosition())
+        lines.push_back("Das Umschaltgeraet hat keine Stellung fuer diese Breite: " + unit.Band());
     if (!store.Unwritten().empty())
         lines.push_back("Einstellungen koennen nicht gespeichert werden: " + store.Unwritten());
     if (!store.Damaged().empty()) {

@@ -38,7 +38,8 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_Reports(platform.pictures, m_Store),
       m_Series(m_Platform.timers, m_Platform.user, m_Reports), m_Line{m_Platform.comm, m_Platform.ports,
                                                                       m_Platform.timers, m_Platform.clock},
-      m_RunMark(m_Store.Directory()), m_Channel(m_Session.link, m_Line, m_RunMark, *this, *this),
+      m_RunMark(m_Store.Directory()), m_SwitchUnit(m_Session.link, m_Line, *this),
+      m_Channel(m_Session.link, m_Line, m_SwitchUnit, m_RunMark, *this, *this),
       m_Activation(m_Session.working, m_Session.link.queue, m_Store),
       m_Init(m_Session.link, m_Session.working, m_Channel, m_Activation, m_Line, *this, *this),
       m_Connection(m_Session.link, m_Session.working, m_Line, m_Channel, m_Init, *this, *this),
@@ -262,6 +263,7 @@ void Program::Leave() {
     }
     m_Leaving = true;
     m_Series.End();
+    m_Channel.TakeLineBack();
     m_Connection.StopSearch();
     m_Init.Abort();
     m_ServiceDesk.Leave();
@@ -305,6 +307,7 @@ void Program::OnCloseTimer() {
 
 void Program::Quit() {
     m_Channel.SwitchOffNow();
+    m_SwitchUnit.ResetMpx();
     m_Platform.timers.KillAll();
     m_Platform.comm.SetPortOpen(false);
     RemoveSideTool(m_Store);

@@ -18,6 +18,7 @@
 #include "link/instrument_selection.h"
 #include "link/run_control.h"
 #include "link/run_mark.h"
+#include "link/switch_unit.h"
 #include "measure/measurement.h"
 #include "platform/platform.h"
 #include "platform/timers.h"
@@ -143,6 +144,7 @@ private:
     PageSeries m_Series;
     LinkParts m_Line;
     RunMark m_RunMark;
+    SwitchUnit m_SwitchUnit;
     Channel m_Channel;
     BandActivation m_Activation;
     Initialisation m_Init;

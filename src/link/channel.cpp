@@ -3,6 +3,7 @@
 #include "link/commands.h"
 #include "link/firmware.h"
 #include "link/run_control.h"
+#include "link/switch_unit.h"
 #include "platform/clock.h"
 #include "platform/port_list.h"
 #include "platform/serial_control.h"
@@ -27,8 +28,9 @@ constexpr int MostOffTries = 3;
 
 } // namespace
 
-Channel::Channel(LinkState& link, const LinkParts& parts, RunMark& mark, LinkEvents& events, RunControl& run)
-    : m_Link(link), m_Parts(parts), m_Mark(mark), m_Events(events), m_Run(run),
+Channel::Channel(LinkState& link, const LinkParts& parts, SwitchUnit& unit, RunMark& mark, LinkEvents& events,
+                 RunControl& run)
+    : m_Link(link), m_Parts(parts), m_Unit(unit), m_Mark(mark), m_Events(events), m_Run(run),
       m_SendTimer(parts.timers, commsendtimer, [this] { OnSendTimer(); }),
       m_WaitTimer(parts.timers, WaitCommTimer, [this] { OnWaitTimer(); }),
       m_StatusTimer(parts.timers, settingchecktimer, [this] { OnStatusTimer(); }) {
@@ -36,6 +38,7 @@ Channel::Channel(LinkState& link, const LinkParts& parts, RunMark& mark, LinkEve
         if (m_Resting)
             Start();
     });
+    unit.SetOnNoWayBack([this] { LoseContact(); });
 }
 
 void Channel::Start() {
@@ -56,7 +59,17 @@ void Channel::RestWhenIdle() {
     m_Resting = true;
 }
 
+void Channel::QueueSwitchUnit(int band) {
+    if (m_Link.unit.IsKnown())
+        m_Link.queue.Append(command::SwitchUnit, TagPlain, 0, SwitchUnitBand(band));
+}
+
+void Channel::TakeLineBack() {
+    m_Unit.Break();
+}
+
 void Channel::Reset() {
+    m_Unit.Drop();
     m_Link.transaction.Reset();
     m_FirstSendMs = 0;
     m_LevelOwed = false;
@@ -133,12 +146,13 @@ void Channel::CommSend() {
     CommandQueue& queue = m_Link.queue;
     Transaction& transaction = m_Link.transaction;
     LineCommand& head = queue.Head();
-    if (TakePseudoCommand(head))
-        return;
-    if (SelectsPosition(head.text) && m_Link.carriers.MayBeOn()) {
+    const bool selectsBand = SelectsPosition(head.text) || head.text == command::SwitchUnit;
+    if (selectsBand && m_Link.carriers.MayBeOn()) {
         LoseContact(); // the off commands before it were not echoed: no band is selected under carriers
         return;
     }
+    if (TakePseudoCommand(head))
+        return;
 
     const int tag = TagAsSent(head.tag);
     if (FormOf(tag) != ReplyForm::Text && !m_Binary)
@@ -184,11 +198,23 @@ bool Channel::TakePseudoCommand(const LineCommand& head) {
     } else if (head.text == command::End) {
         m_Link.transaction.Pass(head);
         GiveUp();
+    } else if (head.text == command::SwitchUnit) {
+        const std::string band = head.payload;
+        m_Link.queue.RemoveHead(); // what waits behind it goes out when the line is back
+        LendLine(band);
+        return true;
     } else {
         return false;
     }
     m_Link.queue.RemoveHead();
     return true;
+}
+
+void Channel::LendLine(std::string_view band) {
+    m_WaitTimer.Stop();
+    m_Link.transaction.Text().clear();
+    m_Binary = false;
+    m_Unit.SetBandByMpx(band);
 }
 
 void Channel::EndOfChain() {
@@ -398,6 +424,7 @@ void Channel::GiveUp() {
 }
 
 void Channel::LoseContact() {
+    m_Unit.Drop();
     m_LevelOwed = false;
     m_Link.transaction.Text().clear();
     GiveUp();

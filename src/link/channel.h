@@ -15,6 +15,7 @@
 namespace qor {
 
 class RunControl;
+class SwitchUnit;
 
 /// Timers of the channel and their periods in ms.
 enum ChannelTimer : int { commsendtimer = 3, WaitCommTimer = 10, settingchecktimer = 18 };
@@ -45,7 +46,8 @@ public:
 /// and again at the next contact if the instrument has not echoed it.
 class Channel {
 public:
-    Channel(LinkState& link, const LinkParts& parts, RunMark& mark, LinkEvents& events, RunControl& run);
+    Channel(LinkState& link, const LinkParts& parts, SwitchUnit& unit, RunMark& mark, LinkEvents& events,
+            RunControl& run);
 
     void SetReplies(ChainReplies& replies) { m_Replies = &replies; }
     /// Called when contact is lost: somebody has to look for the instrument again.
@@ -56,6 +58,12 @@ public:
     void OnComm(); ///< the serial control's event
     /// The reply in flight is awaited no more.
     void StopWait() { m_WaitTimer.Stop(); }
+
+    /// The band switch unit, where there is one, is told this band of the catalogue when the commands queued
+    /// before are through. The carriers have to be off by then.
+    void QueueSwitchUnit(int band);
+    /// Ends what the band switch unit has the line for.
+    void TakeLineBack();
 
     /// Empties the queue and forgets the transaction in flight.
     void Reset();
@@ -104,6 +112,7 @@ private:
     void SettleDebt();
     void CommSend();
     [[nodiscard]] bool TakePseudoCommand(const LineCommand& head);
+    void LendLine(std::string_view band);
     void EndOfChain();
     void WatchChain();
     void Write(const std::string& text, std::string_view payload);
@@ -134,6 +143,7 @@ private:
 
     LinkState& m_Link;
     LinkParts m_Parts;
+    SwitchUnit& m_Unit;
     RunMark& m_Mark;
     LinkEvents& m_Events;
     RunControl& m_Run;

@@ -2,6 +2,7 @@
 #include "link/channel.h"
 #include "link/commands.h"
 #include "link/run_control.h"
+#include "link/switch_unit.h"
 #include "platform/clock.h"
 #include "platform/serial_control.h"
 
@@ -26,6 +27,8 @@ bool IsDigit(char c) {
 } // namespace
 
 void Channel::OnComm() {
+    if (m_Link.unit.HasLine())
+        return m_Unit.OnComm();
     switch (m_Parts.comm.GetCommEvent()) {
     case CommEvent::Lost:
         LoseContact();

@@ -49,11 +49,17 @@ inline constexpr std::string_view UpHalfOn = "#MUPL1"; ///< beside it, for firmw
 inline constexpr std::string_view UpHalfOff = "#MUPL0";
 inline constexpr std::string_view SweepFollows = "#SWEEP"; ///< is not answered
 
+// To the band switch unit, past the queue, with a relay mask.
+inline constexpr std::string_view RelaysA = "#RELA";
+inline constexpr std::string_view RelaysB = "#RELB";
+inline constexpr std::string_view RelaysC = "#RELC";
+
 // These stand in the queue and never go out.
 inline constexpr std::string_view Pause = "#WAITE"; ///< lets one send slot pass
 inline constexpr std::string_view InputBinary = "#WAITE0";
 inline constexpr std::string_view InputText = "#WAITE1";
 inline constexpr std::string_view End = "#NULL";
+inline constexpr std::string_view SwitchUnit = "#MPX"; ///< lends the line to the unit; its payload is a band
 
 } // namespace command
 

@@ -18,8 +18,7 @@ namespace {
 constexpr int HighestPort = 16;
 constexpr int IdentityTicks = 10; ///< of the connection watch: one second
 constexpr int CloseTicks = 20;    ///< of the housekeeping timer
-constexpr const char* SlowSettings = "9600,n,8,1";
-constexpr const char* FastSettings = "115200,n,8,1";
+constexpr std::string_view FastSettings = "115200,n,8,1";
 
 } // namespace
 
@@ -55,8 +54,8 @@ void Connection::OnLoss() {
 void Connection::ReadPortList() {
     std::vector<PortEntry> found;
     for (const SerialDevice& device : m_Parts.ports.List())
-        found.push_back(
-            {device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")", false});
+        found.push_back({device.number, "COM" + std::to_string(device.number) + " (" + device.device + ")",
+                         false, false});
     m_State.TakePorts(std::move(found));
 }
 
@@ -80,17 +79,20 @@ Connection::Search Connection::TryPorts() {
     m_Link.chain.Lose();
     ReadPortList();
 
-    const std::vector<PortEntry>& ports = m_State.Ports();
+    std::vector<int> ports; // that may be the instrument's
+    for (const PortEntry& port : m_State.Ports())
+        if (port.number != m_Link.unit.Port())
+            ports.push_back(port.number);
     if (ports.empty()) {
         m_State.Offer(PortButton::Scan);
         m_State.ShowButton(false);
         return Search::Failed;
     }
     if (ports.size() == 1)
-        return OpenFound(ports[0].number);
+        return OpenFound(ports[0]);
     if (ports.size() == 2 && m_State.LastPort() != 0) {
-        const bool firstWasLast = ports[0].number == m_State.LastPort();
-        return OpenFound(ports[firstWasLast ? 1 : 0].number);
+        const bool firstWasLast = ports[0] == m_State.LastPort();
+        return OpenFound(ports[firstWasLast ? 1 : 0]);
     }
     BeginChoice();
     return Search::OperatorChooses;
@@ -98,6 +100,7 @@ Connection::Search Connection::TryPorts() {
 
 Connection::Search Connection::OpenFound(int number) {
     m_comm_sel_v = std::to_string(number);
+    LabelKnownUnit();
     if (!SetComm()) {
         FailedToOpen();
         return Search::Failed;
@@ -106,6 +109,13 @@ Connection::Search Connection::OpenFound(int number) {
     tagCommTimer = 0;
     m_ScanWatch.Start(ConnectWatchPeriod);
     return Search::Opened;
+}
+
+/// No port is asked what hangs on it.
+void Connection::LabelKnownUnit() {
+    for (std::size_t i = 0; i < m_State.Ports().size(); ++i)
+        if (m_State.Ports()[i].number == m_Link.unit.Port())
+            m_State.LabelUnit(i, SwitchUnitName);
 }
 
 void Connection::FailedToOpen() {
@@ -122,6 +132,7 @@ void Connection::BeginChoice() {
     m_State.ShowList(true);
     m_State.ShowButton(true);
     m_State.Offer(PortButton::Open);
+    m_Link.unit.Forget(); // its port is asked, too
     g_ProbeIndex = 0;
     m_State.ExpectProbe();
     m_SearchTimer.Stop(); // the operator's turn
@@ -158,9 +169,17 @@ void Connection::ProposeTheOneThatAnswered() {
 
 void Connection::TakeProbeAnswer() {
     static constexpr std::pair<std::string_view, std::string_view> Labels[] = {
-        {"RT-DA1", "RT-DA10"}, {"RT-DB2", "RT-DB22"}, {"RT-E", "RT-E010"}, {"RT-K", "RT-K022"},
-        {"RT-L", "RT-L027"},   {"RT-P", "RT-P000"},   {"RT-N", "RT-N026"}, {"RT-M", "RT-M027"},
-        {"RT-T", "RT-T000"},   {"RT-S", "RT-S036"},   {"MPX", "MPX"},
+        {"RT-DA1", "RT-DA10"},
+        {"RT-DB2", "RT-DB22"},
+        {"RT-E", "RT-E010"},
+        {"RT-K", "RT-K022"},
+        {"RT-L", "RT-L027"},
+        {"RT-P", "RT-P000"},
+        {"RT-N", "RT-N026"},
+        {"RT-M", "RT-M027"},
+        {"RT-T", "RT-T000"},
+        {"RT-S", "RT-S036"},
+        {SwitchUnitName, SwitchUnitName},
     };
     std::string& answer = m_Link.transaction.Text();
     std::string_view label;
@@ -172,11 +191,15 @@ void Connection::TakeProbeAnswer() {
     }
     m_Parts.comm.SetPortOpen(false);
     answer.clear();
-    if (!label.empty()) {
-        m_State.Label(static_cast<std::size_t>(g_ProbeIndex), label);
+    const auto index = static_cast<std::size_t>(g_ProbeIndex);
+    const int number = m_State.Ports()[index].number;
+    if (label == SwitchUnitName) {
+        m_State.LabelUnit(index, label);
+        m_Link.unit.Found(number, m_comm_settings);
+    } else if (!label.empty()) {
+        m_State.Label(index, label);
     } else if (m_ProbeIsOut && m_Link.transaction.IsIdle()) {
-        m_State.Label(static_cast<std::size_t>(g_ProbeIndex),
-                      {}); // the identity handling has taken the answer
+        m_State.Label(index, {}); // the identity handling has taken the answer
     } else if (!m_Link.transaction.IsIdle() && g_bProbeSlow) {
         g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
         return;
@@ -191,7 +214,7 @@ void Connection::ProbeNext() {
     if (number > HighestPort)
         return;
     m_Parts.comm.SetSThreshold(1);
-    if (!OpenPort(number, g_bProbeSlow ? SlowSettings : FastSettings))
+    if (!OpenPort(number, g_bProbeSlow ? InstrumentSettings : FastSettings))
         return;
     m_Link.identity.AwaitAnyAnswer();
     m_Link.transaction.BeginUnasked();
@@ -202,9 +225,9 @@ void Connection::ProbeNext() {
 }
 
 /// Opens a port for text, at these settings; whatever port was open before is closed.
-bool Connection::OpenPort(int number, std::string settings) {
+bool Connection::OpenPort(int number, std::string_view settings) {
     CMSComm& comm = m_Parts.comm;
-    m_comm_settings = std::move(settings);
+    m_comm_settings = settings;
     comm.SetPortOpen(false);
     comm.SetCommPort(number);
     comm.SetSettings(m_comm_settings);
@@ -215,16 +238,21 @@ bool Connection::OpenPort(int number, std::string settings) {
     return comm.GetPortOpen();
 }
 
+/// The list entry chosen, or else the port selected last; 0 when there is none.
+int Connection::SelectedPort() const {
+    if (m_State.Chosen().size() <= 3)
+        return WholeNumberIn(m_comm_sel_v);
+    const std::string text = m_State.Chosen().substr(3);
+    return WholeNumberIn(text.substr(0, text.rfind(':')));
+}
+
 bool Connection::SetComm() {
     m_ProbeTimer.Stop();
     m_SearchTimer.Stop(); // its next tick would begin the chain again
     m_State.Probe(false);
     m_Working.DoubtBand();
-    if (m_State.Chosen().size() > 3) {
-        const std::string text = m_State.Chosen().substr(3);
-        m_comm_sel_v = std::to_string(WholeNumberIn(text.substr(0, text.rfind(':'))));
-    }
-    const int number = WholeNumberIn(m_comm_sel_v);
+    const int number = SelectedPort();
+    m_comm_sel_v = std::to_string(number);
     if (number > HighestPort) {
         m_Events.Tell(Outcome::Refused("Port muessen kleiner als 17\nCOM" + m_comm_sel_v + " (" +
                                        m_Parts.ports.DeviceOf(number) + ")"));
@@ -232,12 +260,14 @@ bool Connection::SetComm() {
     }
     bCOMResponse = false;
     m_State.PortIsOpened(number);
-    const bool isOpen = OpenPort(number, SlowSettings);
+    const bool isOpen = OpenPort(number, InstrumentSettings);
     bCOMResponse = true;
     return isOpen;
 }
 
 void Connection::OnButton1() {
+    if (m_State.Button() == PortButton::Scan)
+        m_Link.unit.Forget(); // whoever scans by hand may have put the cables elsewhere
     static_cast<void>(Press());
 }
 
@@ -258,8 +288,12 @@ bool Connection::Press() {
         m_State.PortIsOpened(0);
         return ScanComm() == Search::Opened;
     case PortButton::Open:
-        if (m_State.Chosen().empty() && WholeNumberIn(m_comm_sel_v) == 0) {
+        if (SelectedPort() == 0) {
             m_Events.Tell(Outcome::Refused("Bitte zuerst einen Port auswaehlen."));
+            return false;
+        }
+        if (SelectedPort() == m_Link.unit.Port()) {
+            m_Events.Tell(Outcome::Refused("Das ist das Umschaltgeraet, nicht der Analysator."));
             return false;
         }
         if (!SetComm()) {
@@ -280,6 +314,7 @@ bool Connection::Press() {
 
 /// A run ends first: what switches its carriers off goes out while the port is still open.
 void Connection::ClosePortLater() {
+    m_Channel.TakeLineBack();
     m_Init.Abort();
     m_Link.queue.Clear();
     m_Run.AbandonRun();
@@ -327,6 +362,8 @@ void Connection::OnConnectWatch(int timer) {
         return;
     }
     m_State.InstrumentHasAnswered();
+    if (m_Link.unit.Port() == m_State.LastPort())
+        m_Link.unit.Forget(); // its cable hangs elsewhere now
     m_State.Offer(PortButton::Close);
     m_State.ShowList(false);
     m_State.ShowButton(!(timer == commScan && m_State.Ports().size() == 1));

@@ -57,13 +57,15 @@ private:
     void ReadPortList();
     Search TryPorts();
     Search OpenFound(int number);
+    void LabelKnownUnit();
     void FailedToOpen();
     void BeginChoice();
     void OnProbeTimer();
     void ProposeTheOneThatAnswered();
     void TakeProbeAnswer();
     void ProbeNext();
-    bool OpenPort(int number, std::string settings);
+    [[nodiscard]] int SelectedPort() const;
+    bool OpenPort(int number, std::string_view settings);
     void ClosePortLater();
     void OnConnectWatch(int timer);
     void OnHousekeepingTimer();

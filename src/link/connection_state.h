@@ -16,6 +16,7 @@ struct PortEntry {
     int number = 0;
     std::string text;     ///< "COM3 (/dev/ttyUSB0)", later with ": RT-DB22" behind
     bool answers = false; ///< an instrument has said its name there
+    bool isUnit = false;  ///< the band switch unit has
 };
 
 /// What the connection shows of itself: ports, the button that opens and closes them, and how far it is.
@@ -61,6 +62,12 @@ public:
         entry.answers = true;
         if (!model.empty())
             entry.text.append(": ").append(model);
+    }
+    /// The band switch unit hangs on it: nothing to choose.
+    void LabelUnit(std::size_t index, std::string_view name) {
+        PortEntry& entry = g_PortList[index];
+        entry.isUnit = true;
+        entry.text.append(": ").append(name);
     }
     void Offer(PortButton button) { m_Button = button; }
     void ShowButton(bool shown) { m_ButtonShown = shown; }

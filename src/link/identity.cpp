@@ -34,13 +34,11 @@ void Identity::AwaitAnyAnswer() {
 }
 
 bool Identity::TakeBanner(std::string_view text) {
-    if (text.find("MPX") == std::string_view::npos) {
-        if (const auto version = VersionInBanner(text))
-            FirmVersion = *version;
-        if (std::string model = ModelInBanner(text); !model.empty()) {
-            g_ModelName = model;
-            m_Type = std::move(model);
-        }
+    if (const auto version = VersionInBanner(text))
+        FirmVersion = *version;
+    if (std::string model = ModelInBanner(text); !model.empty()) {
+        g_ModelName = model;
+        m_Type = std::move(model);
     }
     return IsInstrument(FirmVersion);
 }

@@ -26,8 +26,7 @@ public:
     /// What identified the instrument is spoilt.
     void ForgetModel() { m_Type.clear(); }
 
-    /// Takes version and model from a banner; a band switch unit's tells nothing. True when the version says
-    /// that this is an instrument.
+    /// Takes version and model from a banner. True when the version says that this is an instrument.
     bool TakeBanner(std::string_view text);
     /// The type code decides the model; without one that names a model the banner's stays in force.
     void TakeTypeCode(std::optional<int> optionByte);

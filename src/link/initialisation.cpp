@@ -6,6 +6,7 @@
 #include "link/firmware.h"
 #include "link/link_events.h"
 #include "link/run_control.h"
+#include "link/switch_unit.h"
 #include "link/working_set.h"
 
 namespace qor {
@@ -72,6 +73,11 @@ void Initialisation::NextStep() {
 
 void Initialisation::IdentityReply() {
     Transaction& transaction = m_Link.transaction;
+    if (transaction.Holds(SwitchUnitName)) {
+        if (!m_Link.connection.IsProbing())
+            m_Link.unit.Found(m_Link.connection.LastPort(), InstrumentSettings);
+        return;
+    }
     if (!m_Link.identity.TakeBanner(transaction.Text()))
         return;
     transaction.Text().clear();
@@ -196,6 +202,9 @@ void Initialisation::OnBandWaitTimer() {
     if (m_Link.chain.WaitsForPower() && !m_Activation.PowersFit())
         return;
     m_BandWaitTimer.Stop();
+    const int band = m_Working.Band();
+    if (!m_Link.chain.WaitsForPower() && m_Link.unit.Band() != SwitchUnitBand(band))
+        m_Channel.QueueSwitchUnit(band);
     if (Activate(false))
         NextStep();
 }

@@ -45,6 +45,7 @@ Outcome InstrumentSelection::SelectBand(int band, bool byOperator) {
     if (m_Link.carriers.MayBeOn()) // no band is selected under them
         for (const std::string& off : m_Link.carriers.OffCommands())
             m_Link.queue.Append(off);
+    m_Channel.QueueSwitchUnit(band);
     m_Link.position.Choose(PositionOf(band), band);
     m_Link.queue.Append(m_Link.position.Command());
     m_Working.SelectBand(band);

@@ -6,6 +6,7 @@
 #include "link/connection_state.h"
 #include "link/given.h"
 #include "link/identity.h"
+#include "link/switch_unit_state.h"
 #include "link/transaction.h"
 
 namespace qor {
@@ -20,6 +21,7 @@ struct LinkState {
     GivenToInstrument given;
     Carriers carriers;
     ConnectionState connection;
+    SwitchUnitState unit;
 };
 
 /// A run can begin: the conversation is over, contact was not lost since, and the port is not being closed.

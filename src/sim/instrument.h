@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sim/device.h"
 #include "sim/instrument_memory.h"
 #include "sim/models.h"
 #include "sim/pim_model.h"
@@ -57,18 +58,19 @@ struct InstrumentSettings {
 ///
 /// To add a command: a row in instrument.cpp's table when it is a text with a number behind it, else a case
 /// in Execute.
-class Instrument {
+class Instrument final : public Device {
 public:
     /// The configuration must be free of faults; throws std::invalid_argument otherwise.
     explicit Instrument(const InstrumentConfig& config);
 
     /// Carries out one command, given without its carriage return. The reply comes with its carriage return
     /// and line feed; it is empty where the instrument stays silent.
-    [[nodiscard]] std::string Execute(std::string_view command);
+    [[nodiscard]] std::string Execute(std::string_view command) override;
 
     /// Time on the instrument's own clock, microseconds; it never runs backwards.
-    void SetTime(std::int64_t microseconds);
-    void SetLooseContact(bool loose) { m_Pim.SetLooseContact(loose); }
+    void SetTime(std::int64_t microseconds) override;
+    [[nodiscard]] std::uint64_t Seed() const override { return m_Config.seed; }
+    void SetLooseContact(bool loose) override { m_Pim.SetLooseContact(loose); }
     /// Connects a signal generator at the receiver's frequency, or takes it off. What is no number cannot be
     /// read.
     void FeedSignal(std::optional<double> dbm) { m_Generator = dbm; }

@@ -14,14 +14,13 @@ constexpr std::int64_t EndlessAtOnce = 4096; // a host that slept for an hour ha
 
 } // namespace
 
-Line::Line(Instrument& instrument, LineTiming timing)
-    : m_Instrument(instrument), m_Timing(timing), m_Noise(instrument.Config().seed ^ 0x51de'5eedU),
-      m_HostBaud(timing.baud) {}
+Line::Line(Device& device, LineTiming timing)
+    : m_Device(device), m_Timing(timing), m_Noise(device.Seed() ^ 0x51de'5eedU), m_HostBaud(timing.baud) {}
 
 void Line::ClearFaults() {
     m_Faults.clear();
     m_Endless.reset();
-    m_Instrument.SetLooseContact(false);
+    m_Device.SetLooseContact(false);
 }
 
 std::int64_t Line::BytesUs(std::int64_t count) const {
@@ -82,11 +81,11 @@ void Line::Handle(const std::string& command, std::int64_t atUs) {
     if (m_Endless || Lasting(FaultKind::Silence, index))
         return;
     if (Lasting(FaultKind::LooseContact, index))
-        m_Instrument.SetLooseContact(true);
+        m_Device.SetLooseContact(true);
     const std::int64_t slowUs = std::int64_t{1000} * NumberOf(FaultKind::Slow).value_or(0);
     const std::int64_t readyUs = std::max(atUs, m_BusyUntilUs) + m_Timing.processingUs + slowUs;
     m_BusyUntilUs = readyUs;
-    m_Instrument.SetTime(readyUs);
+    m_Device.SetTime(readyUs);
     std::string reply = Reply(command, index);
     if (!reply.empty())
         Deliver(std::move(reply), index, readyUs);
@@ -99,7 +98,7 @@ std::string Line::Reply(const std::string& command, int index) {
         return "OUT OF RANGE\r\n";
     if (Once(FaultKind::Pll, index))
         return "PLL NOT LOCKED\r\n";
-    std::string reply = m_Instrument.Execute(command);
+    std::string reply = m_Device.Execute(command);
     if (!reply.empty() && Lasting(FaultKind::Garble, index)) {
         char& spoilt = reply[m_Noise.Next() % reply.size()];
         spoilt = static_cast<char>(static_cast<unsigned char>(spoilt) ^ (1 + m_Noise.Next() % 255));

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "sim/command_framer.h"
+#include "sim/device.h"
 #include "sim/faults.h"
-#include "sim/instrument.h"
+#include "sim/pim_model.h"
 
 #include <cstdint>
 #include <deque>
@@ -20,14 +21,14 @@ struct LineTiming {
     std::int64_t processingUs = 2000; ///< from the last byte of a command to the first of its reply
 };
 
-/// The serial line between a host and one instrument, and everything that can go wrong on it.
+/// The serial line between a host and one device, and everything that can go wrong on it.
 ///
 /// It has no clock: the caller says what time it is, in microseconds that never run backwards, and asks when
 /// to look again. The instrument takes one command at a time and starts on the next when the reply before is
 /// out. A reply arrives as one piece with its last byte, as through a USB adapter.
 class Line {
 public:
-    explicit Line(Instrument& instrument, LineTiming timing = {});
+    explicit Line(Device& device, LineTiming timing = {});
     Line(const Line&) = delete;
     Line& operator=(const Line&) = delete;
 
@@ -52,7 +53,6 @@ public:
     void SetWake(std::function<void()> wake) { m_Wake = std::move(wake); }
 
     [[nodiscard]] int CommandCount() const { return m_Commands; }
-    [[nodiscard]] Instrument& TheInstrument() { return m_Instrument; }
 
 private:
     struct Delivery {
@@ -77,7 +77,7 @@ private:
     [[nodiscard]] bool Once(FaultKind kind, int index) const;
     [[nodiscard]] std::optional<int> NumberOf(FaultKind kind) const;
 
-    Instrument& m_Instrument;
+    Device& m_Device;
     LineTiming m_Timing;
     Noise m_Noise;
     std::vector<Fault> m_Faults;

@@ -2,6 +2,7 @@
 // in order: no overrun, no event in the past, no reply longer than a reply can be.
 
 #include "fuzz/fuzz.h"
+#include "sim/instrument.h"
 #include "sim/line.h"
 
 using namespace qor::sim;

@@ -1,3 +1,4 @@
+#include "sim/instrument.h"
 #include "sim/line.h"
 
 #include <gtest/gtest.h>

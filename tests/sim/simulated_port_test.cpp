@@ -1,3 +1,4 @@
+#include "sim/instrument.h"
 #include "sim/simulated_port.h"
 #include "support/virtual_time.h"
 

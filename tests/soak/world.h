@@ -3,6 +3,7 @@
 #include "desk/commands.h"
 #include "desk/program.h"
 #include "platform/operator.h"
+#include "sim/instrument.h"
 #include "sim/simulated_port.h"
 #include "soak/observer.h"
 #include "support/doubles.h"

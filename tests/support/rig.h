@@ -5,6 +5,7 @@
 #include "desk/tell.h"
 #include "platform/visa.h"
 #include "platform/wire_log.h"
+#include "sim/instrument.h"
 #include "sim/simulated_port.h"
 #include "support/curves.h"
 #include "support/doubles.h"

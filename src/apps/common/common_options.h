@@ -15,4 +15,8 @@ namespace qor::app {
 [[nodiscard]] std::optional<sim::InstrumentConfig> ParseSimulate(const std::string& text,
                                                                  std::string& problem);
 
+/// --simulate-switch-unit without --simulate.
+inline constexpr const char* SwitchUnitAlone =
+    "--simulate-switch-unit stands beside a simulated instrument: it goes with --simulate only.";
+
 } // namespace qor::app

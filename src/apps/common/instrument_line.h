@@ -3,7 +3,9 @@
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
 #include "platform/qt/system_port_list.h"
+#include "sim/instrument.h"
 #include "sim/simulated_port.h"
+#include "sim/switch_unit.h"
 
 #include <string>
 #include <vector>
@@ -17,15 +19,19 @@ struct RealLine {
     QtSerialPort comm;
 };
 
-/// A simulated instrument in this process.
+/// A simulated instrument in this process, and beside it a band switch unit where that is wanted.
 struct SimulatedLine {
-    explicit SimulatedLine(const sim::InstrumentConfig& config)
-        : instrument(config), line(instrument), ports(later), comm(ports, later) {
+    SimulatedLine(const sim::InstrumentConfig& config, bool switchUnit)
+        : instrument(config), line(instrument), unitLine(unit), ports(later), comm(ports, later) {
         ports.Add(line);
+        if (switchUnit)
+            ports.Add(unitLine);
     }
     QtScheduler later;
     sim::Instrument instrument;
     sim::Line line;
+    sim::SwitchUnit unit;
+    sim::Line unitLine;
     sim::SimulatedPortList ports;
     sim::SimulatedPort comm;
 };

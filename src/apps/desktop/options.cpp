@@ -25,6 +25,7 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
          "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor; \"sensor:50\" at the port "
          "behind 50 dB.",
          "KIND"},
+        {"simulate-switch-unit", "Beside --simulate, a band switch unit on a port of its own."},
         {"wire", "Log every transfer to a file.", "FILE"},
     });
     const bool parsed = parser.parse(arguments);
@@ -59,6 +60,9 @@ ParsedDesktopOptions ParseDesktopOptions(QStringList arguments) {
         if (!options.ports.empty())
             return {{}, "--port and --simulate exclude each other.", false};
     }
+    options.simulateSwitchUnit = parser.isSet("simulate-switch-unit");
+    if (options.simulateSwitchUnit && !options.simulate)
+        return {{}, SwitchUnitAlone, false};
     if (parser.isSet("simulate-receiver")) {
         std::string problem;
         options.simulateReceiver = ParseSimulatedReceiver(parser.value("simulate-receiver").toStdString(),

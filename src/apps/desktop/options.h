@@ -19,6 +19,7 @@ struct DesktopOptions {
     std::vector<std::string> ports;
     bool allPorts = false; ///< the machine's own serial ports are offered, too
     std::optional<sim::InstrumentConfig> simulate;
+    bool simulateSwitchUnit = false; ///< a band switch unit beside it
     std::optional<SimulatedReceiver> simulateReceiver;
     std::string wireFile;
 };

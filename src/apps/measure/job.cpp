@@ -31,6 +31,13 @@ const char* ErrorWords(const RunFacts& facts) {
     }
 }
 
+std::string PortsOf(const Options& options) {
+    std::string text;
+    for (const std::string& port : options.ports)
+        text += (text.empty() ? "" : " or ") + port;
+    return text;
+}
+
 std::string PointsOf(const RunFacts& facts) {
     return std::to_string(facts.taken) + " of " + std::to_string(facts.asked) + " points";
 }
@@ -113,6 +120,7 @@ void Job::Look() {
                                                   : "The time of " + Fixed(TimeLimit(), 0) +
                                                         " s was up before the measurement was complete.");
     TellDamaged();
+    TellNoPosition();
     switch (m_Phase) {
     case Phase::Search:
         return LookForInstrument();
@@ -139,11 +147,37 @@ void Job::TellDamaged() {
     }
 }
 
+/// A measurement is made all the same: the device may be connected directly.
+void Job::TellNoPosition() {
+    const SwitchUnitState& unit = m_Program.State().link.unit;
+    if (!unit.LacksPosition() || unit.Band() == m_ToldNoPosition)
+        return;
+    m_ToldNoPosition = unit.Band();
+    m_Console.Notice("The band switch unit has no position for " + unit.Band() + ".");
+}
+
+/// Several ports, and nobody at a list of them: the one that is not the band switch unit's is the
+/// instrument's.
+void Job::ChoosePort() {
+    ConnectionState& connection = m_Program.State().link.connection;
+    const std::vector<PortEntry>& ports = connection.Ports();
+    const auto isOther = [](const PortEntry& port) { return !port.isUnit; };
+    if (!connection.AwaitsChoice())
+        return;
+    if (std::count_if(ports.begin(), ports.end(), isOther) != 1)
+        return Finish(NoInstrument, "No band switch unit answers on " + PortsOf(m_Options) + ".");
+    connection.Choose(std::find_if(ports.begin(), ports.end(), isOther)->text);
+    m_Program.Link().OnButton1();
+}
+
 void Job::LookForInstrument() {
     const LinkState& link = m_Program.State().link;
+    ChoosePort();
+    if (m_Phase == Phase::Exit)
+        return;
     if (link.identity.Model().empty() && m_InPhase.elapsed() > IdentityLimitMs)
         return Finish(NoInstrument, "No instrument answers" +
-                                        (m_Options.port.empty() ? std::string() : " on " + m_Options.port) +
+                                        (m_Options.ports.empty() ? "" : " on " + PortsOf(m_Options)) +
                                         ". Is it switched on and is this its port?");
     if (!m_Program.IsReady())
         return;

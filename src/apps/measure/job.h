@@ -34,6 +34,8 @@ private:
     void Look();
     void TellDamaged();
     void LookForInstrument();
+    void ChoosePort();
+    void TellNoPosition();
     void WaitIdle();
     void Choose();
     void Settle();
@@ -71,6 +73,7 @@ private:
     CallResult m_Outcome;
     int m_LossesAtStart = 0;
     std::set<std::string> m_ToldDamaged;
+    std::string m_ToldNoPosition; ///< the band for which the band switch unit has none
 };
 
 } // namespace qor::app

@@ -27,7 +27,10 @@ void AddOptions(QCommandLineParser& parser) {
     parser.addOptions({
         {{"h", "help"}, "Show this help."},
         {{"v", "version"}, "Show the version."},
-        {"port", "Serial device of the instrument.", "DEVICE"},
+        {"port",
+         "Serial device of the instrument; given twice, in any order, the other one is the band switch "
+         "unit's.",
+         "DEVICE"},
         {"simulate", "Measure on a simulated instrument, for example RT-DB22:6.2.", "MODEL[:FIRMWARE]"},
         {"receiver", "intern: the instrument's own, extern: one over VISA, or a power sensor (intern).",
          "WHICH"},
@@ -37,6 +40,7 @@ void AddOptions(QCommandLineParser& parser) {
          "Beside --simulate, an external receiver: analyser, nrv, nrp or sensor; \"sensor:50\" at the port "
          "behind 50 dB.",
          "KIND"},
+        {"simulate-switch-unit", "Beside --simulate, a band switch unit on a port of its own."},
         {"band", "Band as the panel names it: EGSM, LTE700U, TD-SCDMA-F, ...", "TEXT"},
         {"order", "IM3, IM5, IM7, IM9 or IM11 (IM3).", "ORDER"},
         {"method", "2tone, sweep or spectrum (2tone).", "METHOD"},
@@ -106,10 +110,16 @@ private:
     std::string m_Problem;
 };
 
-void ReadInstrument(Reader& reader, Options& options) {
+void ReadInstrument(Reader& reader, const QCommandLineParser& parser, Options& options) {
     if (reader.Has("port") == reader.Has("simulate"))
         return reader.Fail("Name the instrument by one of --port DEVICE and --simulate MODEL[:FIRMWARE].");
-    options.port = reader.Text("port");
+    for (const QString& port : parser.values("port"))
+        options.ports.push_back(port.toStdString());
+    if (options.ports.size() > 2)
+        reader.Fail("--port is given at most twice: the instrument's and the band switch unit's.");
+    options.simulateSwitchUnit = reader.Has("simulate-switch-unit");
+    if (options.simulateSwitchUnit && !reader.Has("simulate"))
+        reader.Fail(SwitchUnitAlone);
     if (!reader.Has("simulate"))
         return;
     std::string problem;
@@ -195,7 +205,7 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
         reader.Fail("What is \"" + loose.first().toStdString() + "\"? All settings are options; see --help.");
 
     Options options;
-    ReadInstrument(reader, options);
+    ReadInstrument(reader, parser, options);
     ReadReceiver(reader, options);
     ReadSelection(reader, options);
     ReadOutputs(reader, parser, options);

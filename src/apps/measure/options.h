@@ -15,8 +15,10 @@ namespace qor::app {
 
 /// What the command line of qor-measure asks for, checked.
 struct Options {
-    std::string port;                              ///< serial device; empty with `simulate`
+    /// Serial devices: the instrument's, and one that may be a band switch unit's. None with `simulate`.
+    std::vector<std::string> ports;
     std::optional<sim::InstrumentConfig> simulate; ///< an instrument in this process
+    bool simulateSwitchUnit = false;               ///< a band switch unit beside it
     std::optional<SimulatedReceiver> simulateReceiver;
     bool external = false;       ///< levels are read with an external receiver
     std::string receiverAddress; ///< the stored one otherwise
