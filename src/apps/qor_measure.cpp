@@ -1,4 +1,5 @@
 // qor-measure: one measurement from the shell, its verdict as the exit status.
+#include "apps/common/answer.h"
 #include "apps/common/end_signals.h"
 #include "apps/common/instrument_line.h"
 #include "apps/common/pictures.h"
@@ -55,7 +56,11 @@ int RunToEnd(QCoreApplication& application, const app::Options& options, Line& l
     }
     const std::string answer = options.json ? app::ToJson(outcome, &options, &program.State())
                                             : app::ToText(outcome, options, program.State());
-    std::fputs(answer.c_str(), stdout);
+    if (!app::PrintAnswer(answer)) {
+        console.Message("The answer could not be written to the standard output.");
+        if (outcome.status == app::Passed)
+            outcome.status = app::FileFailed;
+    }
     return outcome.status;
 }
 

@@ -1,4 +1,5 @@
 // qor-report: result files to reports, sheets and the statistics of a series.
+#include "apps/common/answer.h"
 #include "apps/common/pictures.h"
 #include "apps/report/converter.h"
 #include "apps/report/options.h"
@@ -13,6 +14,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <set>
 #include <unistd.h>
@@ -181,7 +183,7 @@ private:
             std::fputs("\r\x1b[K", stderr);
     }
 
-    void PrintJson() const {
+    void PrintJson() {
         const auto array = [](const std::vector<std::string>& texts) {
             QJsonArray list;
             for (const std::string& text : texts)
@@ -191,7 +193,8 @@ private:
         const QJsonObject object{{"files", static_cast<qint64>(m_Files.size())},
                                  {"written", array(m_Written)},
                                  {"problems", array(m_Problems)}};
-        std::puts(QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
+        if (!app::PrintAnswer(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString() + "\n"))
+            Fail(NotAllWritten, "the answer could not be written to the standard output.");
     }
 
     const app::ReportOptions& m_Options;
@@ -213,6 +216,7 @@ private:
 } // namespace
 
 int main(int argc, char* argv[]) {
+    std::signal(SIGPIPE, SIG_IGN); // a reader that is gone costs the answer, not the files
     QStringList arguments;
     for (int n = 0; n < argc; ++n)
         arguments << QString::fromLocal8Bit(argv[n]);

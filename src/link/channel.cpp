@@ -26,6 +26,11 @@ constexpr int SilentTicks = 5;
 /// An echo that never comes is not asked for without end.
 constexpr int MostOffTries = 3;
 
+/// The instrument and the port, for the operator who has to find them.
+std::string WhereLeftOn(const RunMark::Left& left) {
+    return left.instrument.empty() ? std::string() : "\n" + left.instrument + ", " + left.port;
+}
+
 } // namespace
 
 Channel::Channel(LinkState& link, const LinkParts& parts, SwitchUnit& unit, RunMark& mark, LinkEvents& events,
@@ -169,10 +174,10 @@ void Channel::CommSend() {
     m_Link.carriers.Sent(head.text);
     if (Carriers::SwitchesOn(head.text)) {
         m_OffTries = 0;
-        m_Carrying = m_Link.identity;
-        if (!m_Mark.IsSet())
+        m_Carrying = m_Link.identity.Description();
+        if (!m_Mark.IsSet() || m_Mark.Instrument() != *m_Carrying)
             m_Mark.Set(m_Parts.ports.DeviceOf(m_Link.connection.LastPort()),
-                       m_Link.carriers.OffCommands().front());
+                       m_Link.carriers.OffCommands().front(), *m_Carrying);
     }
     queue.RemoveHead(); // `head` keeps its text until the next append
     if (isAnswered)
@@ -304,18 +309,20 @@ void Channel::RememberDebt() {
 void Channel::SettleDebt() {
     if (!m_Owed || m_Link.carriers.MayBeOn())
         return;
-    const Identity& now = m_Link.identity;
-    const bool isIt = now.Model() == m_Owed->to.Model() && now.Firmware() == m_Owed->to.Firmware() &&
-                      now.Serial() == m_Owed->to.Serial();
-    if (isIt)
+    if (m_Owed->to == m_Link.identity.Description())
         m_Owed.reset();
 }
 
+/// The instrument at hand is off; a mark of another stays until that one is.
 void Channel::DropMark() {
-    if (m_Owed)
+    const std::string now = m_Link.identity.Description();
+    if (m_Owed && m_Owed->to == now)
         return;
-    m_Mark.Remove();
-    m_Mark.ClearOld();
+    if (!m_Owed || m_Owed->to != m_Mark.Instrument())
+        m_Mark.Remove();
+    if (m_OldMarks && !m_Link.chain.IsUnderWay() && m_Link.identity.HasModel())
+        m_Mark.ClearOld(now);
+    m_OldMarks = m_OldMarks && m_Owed;
 }
 
 void Channel::SwitchOffWhatIsOwed() {
@@ -326,18 +333,22 @@ void Channel::SwitchOffWhatIsOwed() {
         for (const std::string& off : m_Link.carriers.OffCommands())
             m_Link.queue.Append(off);
     }
-    if (m_LastEndedBadly)
-        m_Events.Tell(Outcome::Refused("The last run did not end in order."));
+    if (m_LeftOn)
+        m_Events.Tell(Outcome::Refused("The last run did not end in order." + WhereLeftOn(*m_LeftOn)));
     if (m_LostInRun)
         m_Events.Tell(Outcome::Refused("contact was lost during the run; the partial curve is kept"));
-    m_LastEndedBadly = m_LostInRun = false;
+    m_LeftOn.reset();
+    m_LostInRun = false;
 }
 
 void Channel::LookForOldMark() {
-    if (const auto methodOff = m_Mark.FindOld()) {
-        m_Link.carriers.MayBeOnFromBefore(*methodOff);
-        m_LastEndedBadly = true;
-    }
+    m_LeftOn = m_Mark.FindOld();
+    if (!m_LeftOn)
+        return;
+    m_OldMarks = true;
+    m_Link.carriers.MayBeOnFromBefore(m_LeftOn->methodOff);
+    if (!m_LeftOn->instrument.empty())
+        m_Owed = Debt{m_LeftOn->instrument, m_Link.carriers};
 }
 
 // ----- silence

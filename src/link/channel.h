@@ -170,13 +170,14 @@ private:
     int m_OffTries = 0;             ///< times the carriers were switched off again on an idle line
     /// An instrument that may be carrying since its line was lost. Another one's echoes settle nothing.
     struct Debt {
-        Identity to;
+        std::string to; ///< Identity::Description
         Carriers carriers;
     };
-    std::optional<Identity> m_Carrying; ///< the instrument whose carriers were switched on last
+    std::optional<std::string> m_Carrying; ///< the instrument whose carriers were switched on last
     std::optional<Debt> m_Owed;
-    bool m_LostInRun = false;      ///< contact was lost with a run on, and the operator is not told yet
-    bool m_LastEndedBadly = false; ///< a mark of a program that is gone was found
+    bool m_LostInRun = false; ///< contact was lost with a run on, and the operator is not told yet
+    std::optional<RunMark::Left> m_LeftOn; ///< by a program that is gone, and the operator is not told yet
+    bool m_OldMarks = false;               ///< marks of programs that are gone stand there
 };
 
 } // namespace qor

@@ -29,6 +29,10 @@ std::string_view ModelOfType(int optionByte) {
 
 } // namespace
 
+std::string Identity::Description() const {
+    return m_Type + " " + Fixed(static_cast<double>(FirmVersion), 1) + ", SN " + g_DeviceSN;
+}
+
 void Identity::AwaitAnyAnswer() {
     FirmVersion = UnidentifiedFirmware;
 }

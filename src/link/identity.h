@@ -19,6 +19,8 @@ public:
     /// "00000" when there is none, or it could not be read.
     [[nodiscard]] const std::string& Serial() const { return g_DeviceSN; }
     [[nodiscard]] bool HasSerial() const { return m_HasSerial; }
+    /// Model, firmware and serial number in a line: what one instrument is told from another by.
+    [[nodiscard]] std::string Description() const;
 
     void Forget() { *this = {}; }
     /// The answer to come counts as one of an instrument, whatever it is: a port is looked at.

@@ -20,10 +20,11 @@ fs::path RunMark::Own() const {
     return m_Directory / (std::string(Prefix) + process.substr(0, process.find(' ')));
 }
 
-void RunMark::Set(std::string_view port, std::string_view methodOff) {
+void RunMark::Set(std::string_view port, std::string_view methodOff, std::string_view instrument) {
     std::string text = ThisProcess();
-    for (const std::string_view line : {port, methodOff})
+    for (const std::string_view line : {port, methodOff, instrument})
         text.append("\n").append(line);
+    m_Instrument = instrument;
     m_Set = WriteAtomically(Own(), text + "\n").empty();
 }
 
@@ -35,32 +36,34 @@ void RunMark::Remove() {
     fs::remove(Own(), ignored);
 }
 
-std::optional<std::string> RunMark::FindOld() {
-    std::optional<std::string> found;
+std::vector<std::pair<fs::path, RunMark::Left>> RunMark::Old() const {
+    std::vector<std::pair<fs::path, Left>> old;
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(m_Directory, error)) {
         if (!entry.path().filename().string().starts_with(Prefix) || !entry.is_regular_file(error))
             continue;
         std::ifstream file(entry.path());
         std::string process;
-        std::string port;
-        std::string methodOff;
+        Left left;
         std::getline(file, process);
-        std::getline(file, port);
-        std::getline(file, methodOff);
-        if (ProcessRuns(process))
-            continue;
-        m_Old.push_back(entry.path());
-        found = methodOff;
+        for (std::string* line : {&left.port, &left.methodOff, &left.instrument})
+            std::getline(file, *line);
+        if (!ProcessRuns(process))
+            old.emplace_back(entry.path(), left);
     }
-    return found;
+    return old;
 }
 
-void RunMark::ClearOld() {
+std::optional<RunMark::Left> RunMark::FindOld() const {
+    const auto old = Old();
+    return old.empty() ? std::nullopt : std::optional(old.back().second);
+}
+
+void RunMark::ClearOld(std::string_view instrument) {
     std::error_code ignored;
-    for (const fs::path& path : m_Old)
-        fs::remove(path, ignored);
-    m_Old.clear();
+    for (const auto& [path, left] : Old())
+        if (left.instrument.empty() || left.instrument == instrument)
+            fs::remove(path, ignored);
 }
 
 } // namespace qor

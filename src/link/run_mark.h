@@ -4,31 +4,43 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qor {
 
 /// The file that stands in the data directory while carriers may be on, so that a program which did not live
-/// to switch them off leaves word of it. It names the process, the port and the method's off command, a line
-/// each. Its name has no .ccz: it is no setting, and configurations leave it alone.
+/// to switch them off leaves word of it. It names the process, the port, the method's off command and the
+/// instrument, a line each. Its name has no .ccz: it is no setting, and configurations leave it alone.
 class RunMark {
 public:
     explicit RunMark(std::filesystem::path directory) : m_Directory(std::move(directory)) {}
 
     /// Writes the mark of this process. One that cannot be written is no reason not to measure.
-    void Set(std::string_view port, std::string_view methodOff);
+    void Set(std::string_view port, std::string_view methodOff, std::string_view instrument);
     void Remove();
     [[nodiscard]] bool IsSet() const { return m_Set; }
+    /// The instrument that this process has marked.
+    [[nodiscard]] const std::string& Instrument() const { return m_Instrument; }
 
-    /// The off command in a mark whose process is gone, if there is one. Those marks go with ClearOld.
-    [[nodiscard]] std::optional<std::string> FindOld();
-    void ClearOld();
+    /// What a program that is gone has left on.
+    struct Left {
+        std::string port;
+        std::string methodOff;
+        std::string instrument; ///< Identity::Description; empty when it was not told
+    };
+    /// The mark of a process that is gone, if there is one; of several any.
+    [[nodiscard]] std::optional<Left> FindOld() const;
+    /// Removes such marks of this instrument, and those that name none.
+    void ClearOld(std::string_view instrument);
 
 private:
     [[nodiscard]] std::filesystem::path Own() const;
 
+    [[nodiscard]] std::vector<std::pair<std::filesystem::path, Left>> Old() const;
+
     std::filesystem::path m_Directory;
-    std::vector<std::filesystem::path> m_Old;
+    std::string m_Instrument;
     bool m_Set = false;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/wire_log.h"
 
 #include <charconv>
+#include <fcntl.h>
 
 namespace qor {
 
@@ -14,7 +15,11 @@ WireLog::~WireLog() {
 }
 
 bool WireLog::OpenFile(const std::string& path) {
-    m_File = std::fopen(path.c_str(), "we");
+    // A pipe with nobody at its other end, or with a reader that has stopped reading, must not hold up
+    // whoever drives carriers: it is refused, or costs its own lines.
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (file >= 0)
+        m_File = fdopen(file, "w");
     return m_File != nullptr;
 }
 

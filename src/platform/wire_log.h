@@ -23,7 +23,7 @@ public:
     WireLog(const WireLog&) = delete;
     WireLog& operator=(const WireLog&) = delete;
 
-    /// Also writes to `path` from now on. False when it cannot be opened.
+    /// Also writes to `path` from now on. False when it cannot be opened, as a pipe without a reader.
     [[nodiscard]] bool OpenFile(const std::string& path);
     void Record(char direction, std::string_view bytes);
     /// The kept transfers, oldest first, in the form of the file.

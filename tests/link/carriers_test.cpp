@@ -295,6 +295,29 @@ TEST(Carriers, AProgramThatDiedInARunLeavesWordOfIt) {
         EXPECT_FALSE(ProcessRuns(name)) << name;
 }
 
+TEST(Carriers, ADeadProgramsDebtIsPaidByItsOwnInstrumentAlone) {
+    for (const bool another : {true, false}) {
+        sim::InstrumentConfig config = AtDcs("6.2");
+        config.serial = another ? "BBB222" : "AAA111";
+        Rig rig(config);
+        const fs::path mark = rig.program.Stores().Directory() / "carriers_on.1";
+        fs::create_directories(mark.parent_path());
+        std::ofstream(mark) << "1 0 another-boot\n/dev/ttyUSB7\n#M2T0\nRT-DB22 6.2, SN AAA111\n";
+        ASSERT_TRUE(rig.PowerOn());
+        EXPECT_EQ(BehindIdentity(rig.Sent(), 3), TwoToneOff);
+        EXPECT_EQ(rig.Told(),
+                  Texts{"The last run did not end in order.\nRT-DB22 6.2, SN AAA111, /dev/ttyUSB7"});
+        rig.time.RunFor(1000);
+        EXPECT_EQ(fs::exists(mark), another);
+        ASSERT_TRUE(rig.ReadyFor(1));
+        RunUntilCarrying(rig);
+        rig.program.OnMeasButton();
+        rig.time.RunFor(5000);
+        EXPECT_EQ(fs::exists(mark), another) << "a run of its own changes nothing";
+        EXPECT_EQ(Marks(rig).size(), another ? 1U : 0U);
+    }
+}
+
 /// Whatever the line does, the program has ended two seconds after it was asked to, and has written what
 /// switches the carriers off.
 TEST(Leaving, IsOverWithinTwoSeconds) {

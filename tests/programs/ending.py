@@ -2,7 +2,8 @@
 """Programs that are told to end: ending.py QOR_MEASURE QOR_SIM QOR
 
 Over a real pseudo-terminal, whatever they are at: a signal has written what switches the carriers off and ended the
-program within two seconds, and so has the end of --timeout on a line that has fallen silent.
+program within two seconds, and so has the end of --timeout on a line that has fallen silent. Ctrl-Z, and
+pipes whose reader is gone, stop no program that has its carriers on.
 """
 import itertools
 import os
@@ -15,7 +16,7 @@ import time
 
 MEASURE, SIM, QOR = sys.argv[1:4]
 LIMIT = 2.5  # s: two, and what a busy machine takes to start and end a process
-SIGNALS = itertools.cycle((signal.SIGHUP, signal.SIGTERM, signal.SIGINT))
+SIGNALS = itertools.cycle((signal.SIGHUP, signal.SIGTERM, signal.SIGINT, signal.SIGQUIT))
 SWEEP = ("--band", "EGSM", "--method", "sweep")
 
 # What it is at: the program, the command on the wire that says so, faults of the line, options.
@@ -32,15 +33,14 @@ STATES = {
 }
 
 
-def start(folder, program, faults, options):
+def start(folder, program, faults, options, output=subprocess.DEVNULL):
     """The program on a simulated instrument, or as far as it comes."""
     link = folder / "analyser"
     sim = subprocess.Popen([SIM, "--link", link, *[f"--fault={f}" for f in faults]], stdout=subprocess.PIPE)
     sim.stdout.readline()
     wire = folder / "wire"
     process = subprocess.Popen([program, "--port", link, "--data-dir", folder / "data", "--wire", wire, *options],
-                               env=dict(os.environ, QT_QPA_PLATFORM="offscreen"), stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL)
+                               env=dict(os.environ, QT_QPA_PLATFORM="offscreen"), stdout=output, stderr=output)
     return sim, process, wire
 
 
@@ -97,3 +97,33 @@ with tempfile.TemporaryDirectory() as folder:
     finally:
         process.kill()
         sim.kill()
+
+# Its reader is gone, it is halted at the terminal: the run goes on to its end.
+with tempfile.TemporaryDirectory() as folder:
+    reader, writer = os.pipe()
+    sim, process, wire = start(pathlib.Path(folder), MEASURE, [], ["--band", "EGSM", "--seconds=2", "--json"], writer)
+    try:
+        os.close(writer)
+        since = time.monotonic()
+        while "#M2T1" not in sent(wire):
+            require(time.monotonic() - since < 30, "no run began")
+            time.sleep(0.1)
+        os.close(reader)
+        process.send_signal(signal.SIGTSTP)
+        status = process.wait(timeout=30)
+        require(status == 5, f"without a reader: status {status}")
+        require(sent(wire).count("#IMP?") > 20 and "#SPA0" in sent(wire)[-8:], "without a reader: the run did not end")
+    finally:
+        process.kill()
+        sim.kill()
+
+with tempfile.TemporaryDirectory() as folder:
+    simulated = [MEASURE, "--simulate", "RT-DB22", "--band", "EGSM", "--seconds", "1", "--data-dir", folder]
+    os.mkfifo(pathlib.Path(folder) / "wire")
+    since = time.monotonic()
+    status = subprocess.run([*simulated, "--wire", pathlib.Path(folder) / "wire"], stderr=subprocess.DEVNULL,
+                            timeout=20).returncode
+    require(status == 5 and time.monotonic() - since < LIMIT, f"a wire log that nobody reads: status {status}")
+    with open("/dev/full", "w") as full:
+        status = subprocess.run([*simulated, "--json"], stdout=full, stderr=subprocess.DEVNULL, timeout=60).returncode
+    require(status == 5, f"an answer on a full disk: status {status}")

@@ -8,7 +8,8 @@ namespace qor::app {
 
 namespace {
 
-constexpr int Signals[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int Signals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+constexpr int Unheard[] = {SIGPIPE, SIGTSTP, SIGTTOU};
 
 /// A signal handler may do no more than write: the event loop reads at the other end.
 int g_Pipe[2] = {-1, -1};
@@ -29,10 +30,14 @@ EndSignals::EndSignals(std::function<void()> onEnd) {
     });
     for (const int signal : Signals)
         std::signal(signal, OnSignal);
+    for (const int signal : Unheard)
+        std::signal(signal, SIG_IGN);
 }
 
 EndSignals::~EndSignals() {
     for (const int signal : Signals)
+        std::signal(signal, SIG_DFL);
+    for (const int signal : Unheard)
         std::signal(signal, SIG_DFL);
     m_Notifier.reset();
     for (int& end : g_Pipe) {

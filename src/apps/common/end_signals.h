@@ -7,8 +7,10 @@
 
 namespace qor::app {
 
-/// Calls `onEnd`, from the event loop and once, when the process is asked to end: SIGINT, SIGTERM or SIGHUP.
-/// A program that drives carriers must not die of them. At most one lives at a time.
+/// Calls `onEnd`, from the event loop and once, when the process is asked to end: SIGINT, SIGTERM, SIGHUP or
+/// SIGQUIT. A program that drives carriers must not die of them, nor of a reader of its output that is gone,
+/// nor be stopped at the terminal (Ctrl-Z) with the carriers on: those signals do nothing. At most one lives
+/// at a time.
 class EndSignals {
 public:
     explicit EndSignals(std::function<void()> onEnd);

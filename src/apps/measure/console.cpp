@@ -5,9 +5,24 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <poll.h>
 #include <unistd.h>
 
 namespace qor::app {
+
+namespace {
+
+/// Who does not read what is told, behind a pipe or a halted terminal, must not hold up a run: it waits this
+/// long for him, milliseconds, and then goes on without the line.
+constexpr int PatienceMs = 50;
+
+void Write(const std::string& text, int patienceMs = PatienceMs) {
+    pollfd reader{STDERR_FILENO, POLLOUT, 0};
+    if (poll(&reader, 1, patienceMs) == 1)
+        std::fputs(text.c_str(), stderr);
+}
+
+} // namespace
 
 Console::Console() : m_Terminal(isatty(STDERR_FILENO) == 1) {}
 
@@ -18,12 +33,12 @@ void Console::Message(std::string_view text, std::string_view) {
         return; // a search says the same every two seconds
     m_Last = shown;
     EndProgress();
-    std::fprintf(stderr, "%s\n", shown.c_str());
+    Write(shown + '\n');
 }
 
 void Console::Notice(std::string_view text) {
     EndProgress();
-    std::fprintf(stderr, "%.*s\n", static_cast<int>(text.size()), text.data());
+    Write(std::string(text) + '\n');
 }
 
 bool Console::Ask(std::string_view, std::string_view title) {
@@ -37,15 +52,14 @@ void Console::LetLive() {
 void Console::ShowProgress(const std::string& line) {
     if (!m_Terminal)
         return;
-    std::fprintf(stderr, "\r%s\x1b[K", line.c_str());
-    std::fflush(stderr);
+    Write("\r" + line + "\x1b[K", 0);
     m_LineShown = true;
 }
 
 void Console::EndProgress() {
     if (!m_LineShown)
         return;
-    std::fputc('\n', stderr);
+    Write("\n");
     m_LineShown = false;
 }
 

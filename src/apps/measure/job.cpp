@@ -312,8 +312,8 @@ void Job::SaveFiles() {
     for (const std::filesystem::path& path : m_Options.out) {
         if (const Outcome saved = Save(path); saved)
             m_Outcome.files.push_back(path.string());
-        else if (m_Outcome.message.empty())
-            m_Outcome.message = saved.Text();
+        else
+            m_Outcome.message += (m_Outcome.message.empty() ? "" : "\n") + saved.Text();
     }
 }
 

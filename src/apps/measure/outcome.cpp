@@ -65,11 +65,13 @@ std::string ToJson(const CallResult& outcome, const Options* options, const Sess
             return known ? QJsonValue(QString::fromStdString(value)) : QJsonValue();
         };
         object["model"] = text(link.identity.ModelName());
-        object["serial"] = text(link.identity.Serial());
         object["firmware"] = text(Fixed(static_cast<double>(link.identity.Firmware()), 1));
         if (const std::string& receiver = session->run.Record().receiver; !receiver.empty())
             object["receiver"] = QString::fromStdString(receiver);
         const RunFacts facts = MeasuredFacts(*session);
+        // "00000" is said of an instrument that was asked and has none.
+        const bool asked = link.identity.HasSerial() || facts.asked > 0;
+        object["serial"] = asked ? text(link.identity.Serial()) : QJsonValue();
         object["points"] = facts.taken;
         object["points_asked"] = facts.asked;
         object["limit_dbm"] = LimitOf(curve);

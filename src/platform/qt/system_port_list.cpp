@@ -15,6 +15,18 @@ std::string RealPath(const std::string& device) {
     return real.empty() ? device : real.string();
 }
 
+/// A device by its whole path: a bare name is one of this folder, or else of the system's.
+std::string WholePath(const std::string& device) {
+    std::error_code ignored;
+    const std::filesystem::path path(device);
+    if (path.is_absolute() || device.empty())
+        return device;
+    if (!path.has_parent_path() && !std::filesystem::exists(path, ignored) &&
+        std::filesystem::exists("/dev" / path, ignored))
+        return ("/dev" / path).string();
+    return std::filesystem::absolute(path, ignored).string();
+}
+
 } // namespace
 
 std::vector<SystemDevice> SystemDevices() {
@@ -26,7 +38,9 @@ std::vector<SystemDevice> SystemDevices() {
 
 SystemPortList::SystemPortList(std::vector<std::string> given, PortScope scope,
                                std::function<std::vector<SystemDevice>()> system)
-    : m_Given(std::move(given)), m_Scope(scope), m_System(std::move(system)) {}
+    : m_Given(std::move(given)), m_Scope(scope), m_System(std::move(system)) {
+    std::transform(m_Given.begin(), m_Given.end(), m_Given.begin(), WholePath);
+}
 
 /// A link that comes to lead elsewhere, as a pseudo-terminal's does when it is made anew, keeps its number.
 int SystemPortList::NumberOf(const std::string& device) {
