@@ -91,7 +91,9 @@ void Program::Start(bool keepLastSession) {
 }
 
 void Program::WhileCallWaits() {
-    if (m_InCall)
+    if (m_Leaving)
+        m_Receiver.BreakOff(); // what is said on the way out is heard at once or not at all
+    if (m_InCall || m_Leaving)
         return;
     m_InCall = true;
     m_Platform.timers.Hold(true);
@@ -201,7 +203,9 @@ void Program::RunIsOver() {
     AlarmState::End(m_Platform);
     if (std::exchange(m_RunHasBegun, false))
         m_AutoSaver.RunHasEnded();
-    m_ReceiverDesk.RunIsOver();
+    const LevelSource& source = m_Sources.Current();
+    if (source.IsLost() || !source.IsHeld()) // else it shows when it is released
+        m_ReceiverDesk.NoteLoss();
 }
 
 /// The run that has just ended becomes the next numbered file of the series, and stands in the list. Whether
@@ -271,7 +275,6 @@ void Program::Leave() {
     m_AutoSaver.SaveAtEnd();
     m_Channel.PauseStatusPoll();
     m_ReceiverDesk.Leave();
-    m_Receiver.Close();
     if (m_Platform.launcher)
         m_Platform.launcher->CloseStarted();
     m_CloseTicks = 0;
@@ -310,6 +313,7 @@ void Program::Quit() {
     m_SwitchUnit.ResetMpx();
     m_Platform.timers.KillAll();
     m_Platform.comm.SetPortOpen(false);
+    m_Receiver.Close();
     RemoveSideTool(m_Store);
     if (m_Quit)
         m_Quit(QuitCode);

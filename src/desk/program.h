@@ -132,6 +132,7 @@ private:
     void RunIsAskedFor() override { m_Session.alarm.Begin(m_Platform); }
     void LevelIsShown() override { m_Session.alarm.LevelShown(m_Session.curve, m_Session.readout); }
     void RunIsOver() override;
+    void ReceiverIsReleased() override { m_ReceiverDesk.NoteLoss(); }
 
     Platform m_Platform;
     bool m_RestoreWasBroken; ///< one was taken back, before any store was read

@@ -20,6 +20,11 @@ constexpr int ReceiverPeriod = 100; ///< ms
 constexpr int LongestSwitchOff = 30;
 constexpr std::string_view InternalChosen = "internalreceiver.ccz";
 
+// shown to the operator
+constexpr const char* NotKept = "Oeffnen file Misserfolg";
+// shown to the operator
+constexpr const char* Lost = "Verbindung verloren";
+
 } // namespace
 
 ReceiverDesk::ReceiverDesk(Session& session, const Platform& platform, SetupStore& store,
@@ -40,8 +45,7 @@ void ReceiverDesk::UseExternal() {
     m_Store.Remove(InternalChosen);
     m_Instrument.UseExternalReceiver();
     FindOne();
-    if (m_Access.HasFailed() && m_Session.receiver.ExternalKind() == ReceiverAnalyser &&
-        m_Session.receiver.IsThere())
+    if (m_Access.HasFailed() && m_Session.receiver.IsThere() && UsesAnalyser())
         AskAboutLoss();
 }
 
@@ -49,6 +53,10 @@ Outcome ReceiverDesk::UseExternalNow(std::string address) {
     m_Session.receiver.UseExternal();
     m_Access.NameAddress(std::move(address));
     return m_Search.BeReady();
+}
+
+bool ReceiverDesk::UsesAnalyser() const {
+    return m_Session.receiver.ExternalKind() == ReceiverAnalyser;
 }
 
 /// The address, the scan with its progress, the sensor.
@@ -102,8 +110,10 @@ void ReceiverDesk::LookFurther() {
     const bool more = m_Search.MayScan() && m_ScanPlace < ReceiverSearch::ScanLength;
     if (found || !more) {
         m_LookAtStart = false;
-        if (!found)
+        if (!found) {
+            m_Search.EndScan();
             m_Search.TrySensor();
+        }
     }
     m_Busy = false;
 }
@@ -111,7 +121,7 @@ void ReceiverDesk::LookFurther() {
 Outcome ReceiverDesk::TryAddress(const std::string& address) {
     m_LookAtStart = false;
     if (!m_Store.Write("gpib_addr.ccz", address))
-        return Outcome::Refused("Oeffnen file Misserfolg");
+        return Outcome::Refused(NotKept);
     m_Busy = true;
     const bool found = m_Search.TryAddress();
     m_Busy = false;
@@ -122,6 +132,8 @@ Outcome ReceiverDesk::TryAddress(const std::string& address) {
 
 Outcome ReceiverDesk::OpenSetup(AnalyserSetup& setup) {
     setup = ReadAnalyserSetup(m_Store).fields.value_or(AnalyserSetup{});
+    if (!UsesAnalyser())
+        return Outcome::Done(); // another receiver knows nothing of it
     TakeCentre(setup, m_Access.Query("FREQ:CENT?").value_or(""));
     TakeSpan(setup, m_Access.Query("FREQ:SPAN?").value_or(""));
     TakeReference(setup, m_Access.Query("DISP:TRAC:Y:RLEV?").value_or(""));
@@ -135,26 +147,27 @@ Outcome ReceiverDesk::Install(const AnalyserSetup& setup) {
     if (Outcome good = CheckAnalyserSetup(setup); !good)
         return good;
     const bool kept = WriteAnalyserSetup(m_Store, setup);
-    if (kept)
+    if (!UsesAnalyser())
+        return kept ? Outcome::Done() : Outcome::DoneWith(NotKept);
+    if (kept) {
         m_Access.Write(SetupCommands(setup));
-    for (const char* question : {"CALC:MARK1:Y?", "FREQ:CENT?", "FREQ:SPAN?", "DISP:TRAC:Y:RLEV?"})
-        if (!m_Access.HasFailed())
-            static_cast<void>(m_Access.Query(question));
-    m_Session.receiver.FindFault({});
+        for (const char* question : {"CALC:MARK1:Y?", "FREQ:CENT?", "FREQ:SPAN?", "DISP:TRAC:Y:RLEV?"})
+            if (!m_Access.HasFailed())
+                static_cast<void>(m_Access.Query(question));
+        m_Session.receiver.FindFault({});
+    }
     if (m_Access.HasFailed())
         AskAboutLoss();
-    return kept ? Outcome::Done() : Outcome::DoneWith("Oeffnen file Misserfolg");
+    return kept ? Outcome::Done() : Outcome::DoneWith(NotKept);
 }
 
-void ReceiverDesk::RunIsOver() {
+void ReceiverDesk::NoteLoss() {
     ReceiverState& receiver = m_Session.receiver;
     const bool failed = m_Access.IsLost() || (m_Access.HasFailed() && !m_Access.UsesSensor());
     if (receiver.InstrumentListens() || !receiver.IsThere() || !failed || m_Access.IsBrokenOff())
         return;
-    // shown to the operator
-    static constexpr std::string_view Lost = "Verbindung verloren";
-    receiver.Miss(std::string(Lost));
-    m_LossToAsk = receiver.ExternalKind() == ReceiverAnalyser;
+    receiver.Miss(Lost);
+    m_LossToAsk = UsesAnalyser();
     m_LossTicks = 0;
     if (m_LossToAsk)
         m_Timer.Start(ReceiverPeriod);
@@ -171,6 +184,13 @@ bool ReceiverDesk::CarriersAreOff() const {
            LineIsIdle(m_Session.link);
 }
 
+/// "Extern" stays chosen, and the panel shows that nobody is there.
+void ReceiverDesk::GoOnWithout() {
+    m_Access.Disown();
+    if (m_Session.receiver.IsThere())
+        m_Session.receiver.Miss(Lost);
+}
+
 /// Once for each loss; No leaves it lost until the next start tries the address.
 void ReceiverDesk::AskAboutLoss() {
     m_LossToAsk = false;
@@ -179,7 +199,7 @@ void ReceiverDesk::AskAboutLoss() {
     if (m_Platform.user.Ask(RecoveryQuestion, RecoveryTitle) && !m_Over)
         static_cast<void>(Tell(m_Search.Recover(Progress()), m_Platform.user));
     else
-        m_Access.Disown();
+        GoOnWithout();
     m_Busy = false;
 }
 

@@ -45,7 +45,7 @@ public:
     Outcome Install(const AnalyserSetup& setup);
 
     /// A run is over: a receiver that was lost in it is asked about once the carriers are off.
-    void RunIsOver();
+    void NoteLoss();
     /// The program ends: nothing is looked for and nothing asked any more.
     void Leave();
 
@@ -53,6 +53,8 @@ private:
     void OnTimer();
     void LookFurther();
     void AskAboutLoss();
+    void GoOnWithout();
+    [[nodiscard]] bool UsesAnalyser() const;
     bool FindOne();
     [[nodiscard]] bool CarriersAreOff() const;
     [[nodiscard]] std::function<bool(const std::string&, int, int)> Progress();

@@ -9,6 +9,7 @@
 #include "link/working_set.h"
 #include "measure/timer_ids.h"
 #include "platform/platform.h"
+#include "platform/serial_control.h"
 #include "receivers/level_source.h"
 
 namespace qor {
@@ -39,6 +40,17 @@ void Measurement::BeforeSend() {
 void Measurement::LineIdle() {
     if (m_Rooms.run.IsOn())
         m_Shape->Idle();
+    else if (m_Rooms.link.queue.Empty() && m_Rooms.link.transaction.IsIdle())
+        ReleaseReceiver();
+}
+
+/// Behind the off commands: a receiver that does not answer takes its time.
+void Measurement::ReleaseReceiver() {
+    LevelSource& source = m_Rooms.sources.Current();
+    if (!source.IsHeld())
+        return;
+    source.Release();
+    m_Events.ReceiverIsReleased();
 }
 
 void Measurement::FollowCurve() {
@@ -175,6 +187,8 @@ void Measurement::GoIdle() {
     if (const auto worst = WorstFrequency(m_Rooms.curve))
         m_Rooms.readout.ShowIm(*worst);
     m_CurveTimer.Stop();
+    if (!m_Platform.comm.GetPortOpen())
+        ReleaseReceiver(); // nothing more can be told to the instrument
     m_Events.RunIsOver();
     m_Channel.ArmStatusPoll();
     m_Channel.ExpectLevels(false);

@@ -47,6 +47,8 @@ public:
     virtual void RunIsAskedFor() = 0;
     virtual void LevelIsShown() = 0;
     virtual void RunIsOver() = 0;
+    /// The external receiver was told that the run is over; it may not have taken it.
+    virtual void ReceiverIsReleased() = 0;
 };
 
 /// The states that a measurement reads and writes.
@@ -118,6 +120,7 @@ private:
     void OnIntervalTimer();
     void NextSweep();
     void BeginFurtherRun();
+    void ReleaseReceiver();
     void EndRun();
     void EndWithin(RunEnd how);
     void CountPass();

@@ -202,10 +202,10 @@ void SteppedShape::Idle() {
             CloseLine();
         return;
     case Stage::Closing:
-        if (m_ClosingTicks++ == 0)
+        if (++m_ClosingTicks == ClosingTicks) {
             m_Parts.sources.Current().Release();
-        if (m_ClosingTicks == ClosingTicks)
             m_Stage = Stage::Over;
+        }
         return;
     case Stage::Over:
         m_Parts.readout.ShowF2(static_cast<double>(m_Parts.run.Record().plan.f2Fix));
@@ -240,7 +240,6 @@ void SteppedShape::Stop() {
     m_Parts.link.transaction.ForgetStep(); // an external receiver is not read any more for the step under way
     const FrequencyPlan& plan = m_Parts.run.Record().plan;
     m_Parts.readout.ShowTones(static_cast<double>(plan.f1Fix), static_cast<double>(plan.f2Fix));
-    m_Parts.sources.Current().Release();
     QueueCarriersOff();
     m_Parts.link.queue.Append(command::Reflection);
 }

@@ -13,6 +13,12 @@
 
 namespace qor {
 
+namespace {
+
+constexpr float NoPoint = 0; ///< in the place of a level
+
+} // namespace
+
 TwoTone::TwoTone(const RunParts& parts)
     : RunShape(parts), m_Timer(parts.timers, T2messuretimer, [this] { OnTick(); }) {}
 
@@ -38,7 +44,7 @@ void TwoTone::Repeat() {
 void TwoTone::BeginPass(const StartCommands& commands) {
     Curve& curve = m_Parts.curve;
     curve.EndPass();
-    m_Ticks = m_Spoilt = 0;
+    m_Ticks = m_Spoilt = m_Gaps = 0;
     curve.UpdateTimePerPoint(m_Parts.sources.Current().AnswersOverTheLine());
     Queue(commands);
     m_Timer.Start(curve.TimePerPoint());
@@ -53,19 +59,18 @@ int TwoTone::Points() const {
 }
 
 PassTally TwoTone::Tally() const {
-    return {Points(), m_Parts.curve.NextPoint()};
+    return {Points(), m_Parts.curve.NextPoint() - m_Gaps};
 }
 
-/// Readings that are spoilt make a pass longer, by half at most; without one that is not, and with an
-/// external receiver, it ends with as many as its time holds. Behind an error reply no level counts any more:
-/// the pass then ends by its ticks.
+/// Readings that are spoilt make a pass longer, by half at most; without one that is not it ends with as many
+/// as its time holds. Those of an external receiver leave their places empty instead. Behind an error reply
+/// no level counts any more: the pass then ends by its ticks.
 bool TwoTone::TimeIsUp() const {
     const Curve& curve = m_Parts.curve;
     const int points = Points();
     if (curve.tally.HasError())
         return m_Ticks > points;
-    const bool overTheLine = m_Parts.sources.Current().AnswersOverTheLine();
-    const int most = curve.NextPoint() == 0 || !overTheLine ? points : points + points / 2;
+    const int most = curve.NextPoint() == 0 ? points : points + points / 2;
     return m_Spoilt > 0 && curve.NextPoint() + m_Spoilt >= most;
 }
 
@@ -93,8 +98,12 @@ void TwoTone::OnTick() {
 
 void TwoTone::Reply(const Reading& reading, int tag, float) {
     if (!reading.IsLevel()) {
-        if (tag == TagLevel)
+        if (tag == TagLevel && m_Parts.sources.Current().AnswersOverTheLine()) {
             ++m_Spoilt;
+        } else if (tag == TagLevel) {
+            m_Parts.curve.Add(NoPoint);
+            ++m_Gaps;
+        }
         return;
     }
     const float level = Corrected(reading);
@@ -106,7 +115,6 @@ void TwoTone::Reply(const Reading& reading, int tag, float) {
 
 void TwoTone::Finish() {
     m_Parts.link.queue.Clear();
-    m_Parts.sources.Current().Release();
     m_Timer.Stop();
     m_Parts.link.queue.Append(command::TwoToneOff);
     m_Parts.link.queue.Append(command::Reflection);

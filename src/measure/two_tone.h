@@ -26,7 +26,8 @@ private:
     Timer m_Timer;         ///< T2messuretimer
     int m_Ticks = 0;       ///< of the pass in progress
     int g_SettleTicks = 0; ///< of the run, while the readings of an external receiver do not count yet
-    int m_Spoilt = 0;      ///< answers of the pass that held no level
+    int m_Spoilt = 0;      ///< answers of the instrument in the pass that held no level
+    int m_Gaps = 0;        ///< places of the pass that an external receiver has left empty
 };
 
 } // namespace qor

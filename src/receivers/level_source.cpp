@@ -6,6 +6,8 @@
 #include "receivers/receiver_access.h"
 #include "receivers/receiver_search.h"
 
+#include <utility>
+
 namespace qor {
 
 namespace {
@@ -45,6 +47,7 @@ bool ExternalSource::IsBrokenOff() const {
 }
 
 void ExternalSource::HoldForTones() {
+    m_Held = true;
     m_Access.VisaIO("INIT:CONT OFF");
 }
 
@@ -97,7 +100,8 @@ bool ExternalSource::Restore() {
 }
 
 void ExternalSource::Release() {
-    m_Access.VisaIO("INIT:CONT ON");
+    if (std::exchange(m_Held, false) && !IsLost())
+        m_Access.VisaIO("INIT:CONT ON");
 }
 
 bool ExternalSource::ListensInTick() {

@@ -53,7 +53,10 @@ public:
     virtual void ListenAt(double hertz) = 0; ///< tuned and made ready for a 2-tone run
     virtual void PrepareForSteps() = 0;      ///< made ready for a sweep
     virtual void Tune(double hertz) = 0;     ///< before the tones of a step move
-    virtual void Release() = 0;              ///< the run is over
+    /// Made ready for a run and not released yet.
+    [[nodiscard]] virtual bool IsHeld() const = 0;
+    /// The run is over; one that is lost is not told. What is not held needs nothing.
+    virtual void Release() = 0;
 };
 
 /// The instrument's own receiver.
@@ -72,6 +75,7 @@ public:
     void ListenAt(double) override {}
     void PrepareForSteps() override {}
     void Tune(double) override {}
+    [[nodiscard]] bool IsHeld() const override { return false; }
     void Release() override {}
 };
 
@@ -94,6 +98,7 @@ public:
     void ListenAt(double hertz) override;
     void PrepareForSteps() override;
     void Tune(double hertz) override;
+    [[nodiscard]] bool IsHeld() const override { return m_Held; }
     void Release() override;
 
 protected:
@@ -115,6 +120,7 @@ private:
     ReceiverSearch& m_Search;
     double m_Hertz = 0;
     bool m_Tuned = true; ///< the last frequency has reached it
+    bool m_Held = false;
 };
 
 /// An analyser with a marker. It measures when told to: in a sweep before the marker is read, in 2-tone

@@ -97,10 +97,20 @@ std::optional<std::string> ReceiverAccess::Query(std::string_view command) {
     return m_Went ? std::optional(std::move(reply)) : std::nullopt;
 }
 
-Reading ReceiverAccess::ReadSensor() {
+Reading ReceiverAccess::ReadSensor(int tries) {
+    const std::int64_t end = m_Clock.TickMs() + SensorTimeoutMs;
+    int left = SensorTimeoutMs;
+    Reading reading = ReadSensorOnce(left);
+    while (--tries > 0 && !m_BrokenOff && (left = static_cast<int>(end - m_Clock.TickMs())) > 0 &&
+           (!reading.IsLevel() || static_cast<double>(reading.Dbm()) == NoResult))
+        reading = ReadSensorOnce(left);
+    return reading;
+}
+
+Reading ReceiverAccess::ReadSensorOnce(int timeoutMs) {
     double watts = 0;
     if (m_Sensor && !m_BrokenOff)
-        m_Sensor->ReadMeasurement(g_SensorSession, SensorChannel, SensorTimeoutMs, watts);
+        m_Sensor->ReadMeasurement(g_SensorSession, SensorChannel, timeoutMs, watts);
     const double milliwatts = watts * 1000.0;
     if (milliwatts == 0 || !std::isfinite(milliwatts))
         return Reading::Missing();
@@ -108,15 +118,6 @@ Reading ReceiverAccess::ReadSensor() {
     if (milliwatts <= SmallestMilliwatts)
         return Reading::Of(NoResult);
     return Reading::In(Fixed(10.0 * std::log(milliwatts) / std::log(10.0), 3));
-}
-
-Reading ReceiverAccess::ReadSensor(int tries) {
-    const std::int64_t end = m_Clock.TickMs() + SensorTimeoutMs;
-    Reading reading = ReadSensor();
-    while (--tries > 0 && !m_BrokenOff && m_Clock.TickMs() < end &&
-           (!reading.IsLevel() || static_cast<double>(reading.Dbm()) == NoResult))
-        reading = ReadSensor();
-    return reading;
 }
 
 void ReceiverAccess::BreakOff() {

@@ -41,10 +41,9 @@ public:
         }
         return went;
     }
-    /// One try at the power sensor: missing when it has no result, -80 dBm for what lies below its floor.
-    [[nodiscard]] Reading ReadSensor();
-    /// The same again and again while there is no level above the floor, so many times, 10 s at most.
-    [[nodiscard]] Reading ReadSensor(int tries);
+    /// The power sensor: missing when it has no result, -80 dBm for what lies below its floor. It is asked
+    /// again while there is no level above the floor, so many times and 10 s at most.
+    [[nodiscard]] Reading ReadSensor(int tries = 1);
 
     /// A transfer failed and could not be repaired at once.
     [[nodiscard]] bool HasFailed() const { return g_VisaFail != 0; }
@@ -92,6 +91,7 @@ private:
     static constexpr int LossAfter = 3;
 
     bool Transfer(std::string_view text, std::string& reply);
+    [[nodiscard]] Reading ReadSensorOnce(int timeoutMs);
     void CloseVisa();
     void Reconnect();
 

@@ -70,11 +70,24 @@ bool ReceiverSearch::TryOpen(const std::string& address) {
 bool ReceiverSearch::TryAddress() {
     const std::string address = AddressInUse();
     m_State.Search(address);
-    if (!m_Access.OpenManager()) {
+    if (!m_Access.OpenManager())
         m_State.Miss(ReasonFor(visa::ErrorNoLibrary));
-        return false;
-    }
-    return TryOpen(address) && Identify();
+    else if (TryOpen(address) && Identify())
+        return true;
+    m_WhyNot = m_State.Trouble();
+    return false;
+}
+
+bool ReceiverSearch::TryScan(const Goes& goes) {
+    if (Scan(goes) && Identify())
+        return true;
+    EndScan();
+    return false;
+}
+
+void ReceiverSearch::EndScan() {
+    m_State.Search(AddressInUse());
+    m_State.Miss(m_WhyNot);
 }
 
 bool ReceiverSearch::MayScan() const {
@@ -206,8 +219,13 @@ Outcome ReceiverSearch::Recover(const Goes& goes) {
         m_State.Miss(ReasonFor(visa::ErrorNoLibrary));
         return Outcome::Refused("Could not open a session to the VISA Resource Manager!\n");
     }
-    if (!TryOpen(address) && !(MayScan() && Scan(goes)))
-        return Outcome::Refused("Can not open a session to the device.\n");
+    if (!TryOpen(address)) {
+        m_WhyNot = m_State.Trouble();
+        if (!MayScan() || !Scan(goes)) {
+            EndScan();
+            return Outcome::Refused("Can not open a session to the device.\n");
+        }
+    }
     if (!m_Access.SetTimeout(AnalyserTimeoutMs)) {
         m_State.Miss(ReasonFor(visa::ErrorNotFound));
         return Outcome::Refused("Can not set attribute to the device.\n");

@@ -42,7 +42,10 @@ public:
     /// One address of a scan. What is found there is kept as the address, identified and set up.
     bool TryScanned(int place) { return OpenScanned(place) && Identify(); }
     /// The whole scan.
-    bool TryScan(const Goes& goes) { return Scan(goes) && Identify(); }
+    bool TryScan(const Goes& goes);
+    /// A scan that has found nobody, or was given up, is over: what is told is the address in use and why
+    /// nobody is there.
+    void EndScan();
     /// Behind all addresses: the USB power sensor.
     bool TrySensor();
 
@@ -67,6 +70,7 @@ private:
     ReceiverState& m_State;
     ReceiverAccess& m_Access;
     SetupStore& m_Store;
+    std::string m_WhyNot; ///< nobody is at the address in use
 };
 
 } // namespace qor

@@ -1,5 +1,6 @@
 #include "base/text_format.h"
 #include "platform/visa.h"
+#include "results/data_file.h"
 #include "support/wire_reading.h"
 
 #include <cmath>
@@ -16,6 +17,7 @@ public:
     int kind = ReceiverAnalyser;
     bool counts = false;
     int reads = 0;
+    int garbledRead = 0; ///< this one is no number
     std::vector<std::string> written;
 
     [[nodiscard]] double Level() {
@@ -41,6 +43,8 @@ public:
         static constexpr const char* Names[] = {"", "LAB,FSP-3,1,1.0\n", "LAB,NRVS,2,1.0\n",
                                                 "LAB,NRP2,3,1.0\n"};
         reply = written.back() == "*IDN?" ? Names[kind] : Fixed(Level(), 2) + "\n";
+        if (reads == garbledRead && reads > 0)
+            reply = "#?\n";
         written.emplace_back("<");
         return 0;
     }
@@ -102,7 +106,10 @@ TEST(ExternalReceiver, TwoToneSettlesSeventeenTicksAndStoresFiftyOnePoints) {
         ASSERT_TRUE(e.rig.ReadyFor(ModeTwoTone));
         e.receiver.counts = true;
         e.receiver.written.clear();
-        const auto sent = SentDuring(e.rig, [&] { ASSERT_TRUE(e.rig.Measure()); });
+        const auto sent = SentDuring(e.rig, [&] {
+            ASSERT_TRUE(e.rig.Measure());
+            e.rig.time.RunFor(20);
+        });
         EXPECT_EQ(Joined(sent), "#USESA #SAB3 #M2T1 #SR #RECUT1 #SMREF #SFA09350 #SFB09600 #M2T0 #SMREF ");
         const Curve& curve = e.rig.S().curve;
         EXPECT_EQ(curve.NextPoint(), 51);
@@ -203,6 +210,35 @@ TEST(ExternalReceiver, SweepReadsEachStepBeforeTheNextCommand) {
     }
 }
 
+/// With a receiver that answers at once a sweep takes its ticks of 100 ms and the wait of 300 ms, whatever
+/// else.
+TEST(ExternalReceiver, ASweepTakesItsTicks) {
+    ExternalRig e(ReceiverAnalyser, "4.2");
+    ASSERT_TRUE(e.rig.ReadyFor(ModeSweep));
+    e.rig.program.OnMeasButton();
+    ASSERT_TRUE(e.rig.RunUntilRunIsOn());
+    const std::int64_t begin = e.rig.time.NowMs();
+    ASSERT_TRUE(e.rig.time.RunUntil([&] { return e.receiver.reads == 13 + 15; }, 60000));
+    EXPECT_LE(static_cast<double>(e.rig.time.NowMs() - begin), 1.05 * (300 + 28 * 100));
+}
+
+/// A reading that did not come leaves its place empty: the later ones stand at their times.
+TEST(ExternalReceiver, AMissingReadingLeavesItsPlaceEmpty) {
+    ExternalRig e(ReceiverNrv, "6.2");
+    ASSERT_TRUE(e.rig.ReadyFor(ModeTwoTone, 1));
+    e.receiver.counts = true;
+    e.receiver.garbledRead = 17 + 5;
+    ASSERT_TRUE(e.rig.Measure());
+    const Curve& curve = e.rig.S().curve;
+    EXPECT_EQ(curve.NextPoint(), 11);
+    EXPECT_NEAR(curve.Up()[3], -42.1f, 0.001f);
+    EXPECT_FALSE(IsPresent(curve.Up()[4]));
+    EXPECT_NEAR(curve.Up()[5], -42.3f, 0.001f);
+    EXPECT_EQ(curve.Facts().taken, 10);
+    EXPECT_EQ(curve.ShownVerdict(), Verdict::None);
+    EXPECT_NE(FormatResult(*e.rig.program.Files().Document()).find("0000.00"), std::string::npos);
+}
+
 TEST(ExternalReceiver, SpectrumPassesRepeatAfterOneTick) {
     ExternalRig e(ReceiverAnalyser, "6.2");
     ASSERT_TRUE(e.rig.ReadyFor(ModeSpectrum));
@@ -228,8 +264,8 @@ TEST(ExternalReceiver, StopReadsNothingMore) {
         const int reads = e.receiver.reads;
         e.receiver.written.clear();
         e.rig.program.OnMeasButton();
-        EXPECT_EQ(Joined(e.receiver.written), "INIT:CONT ON ");
         e.rig.time.RunFor(5000);
+        EXPECT_EQ(Joined(e.receiver.written), "INIT:CONT ON ");
         EXPECT_EQ(e.receiver.reads, reads);
         EXPECT_EQ(e.receiver.written.size(), 1U);
         EXPECT_TRUE(e.rig.S().readout.IsFrozen());

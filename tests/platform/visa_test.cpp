@@ -1,7 +1,6 @@
 #include "platform/visa/address.h"
 #include "platform/visa/bounded_visa.h"
 #include "platform/visa/hislip_link.h"
-#include "platform/visa/loaded_visa.h"
 #include "platform/visa/own_visa.h"
 #include "platform/visa/usbtmc_link.h"
 #include "platform/visa/vxi11_link.h"
@@ -259,16 +258,6 @@ TEST(BoundedVisa, ACallIsGivenUpAndTheLibraryWithIt) {
     for (int n = 0; n < 40 && *alive != 0; ++n)
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_EQ(*alive, 0); // what hung has ended by itself
-}
-
-TEST(LoadedVisa, NoneInstalledAndOneThatLacksAnOperation) {
-    std::string why;
-    const char* const none[] = {"libqor-no-such-visa.so"};
-    EXPECT_EQ(LoadedVisa::Load(none, why), nullptr);
-    EXPECT_EQ(why, "");
-    const char* const stranger[] = {"libm.so.6"};
-    EXPECT_EQ(LoadedVisa::Load(stranger, why), nullptr);
-    EXPECT_EQ(why, "libm.so.6: viOpenDefaultRM");
 }
 
 } // namespace

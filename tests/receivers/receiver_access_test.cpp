@@ -147,7 +147,11 @@ TEST_F(ReceiverAccessTest, ASilentSensorIsAskedAgainInASweepOnlyAndIsLostAfterTh
     sensor.watts.assign(99, 1e-20); // below its floor: shown as such
     EXPECT_EQ(source.ReadInStep()->Dbm(), -80.0f);
     EXPECT_FALSE(source.IsLost());
-    for (int n = 0; n < 3; ++n)
+    sensor.whileReading = [&](int timeoutMs) { time.clock.Sleep(std::min(timeoutMs, 4000)); };
+    const std::int64_t begin = time.NowMs(); // slow ones end after 10 s together
+    EXPECT_TRUE(source.ReadInStep()->IsMissing());
+    EXPECT_EQ(time.NowMs() - begin, 10000);
+    for (int n = 0; n < 2; ++n)
         static_cast<void>(source.ReadInTick());
     EXPECT_TRUE(source.IsLost());
 }

@@ -1,6 +1,9 @@
 // Runs with a simulated receiver at the simulated instrument, and what becomes of them when it fails.
+#include "receivers/analyser_setup.h"
 #include "sim/simulated_receiver.h"
 #include "support/wire_reading.h"
+
+#include <ostream>
 
 namespace qor::test {
 namespace {
@@ -35,7 +38,7 @@ struct ReceiverRig {
         }
         void SetWhileWaiting(std::function<void()> w) override { m_While = std::move(w); }
         void Abandon() override { Real().Abandon(); }
-        VisaStatus OpenDefaultRM(VisaSession& m) override { return gone ? -1 : Real().OpenDefaultRM(m); }
+        VisaStatus OpenDefaultRM(VisaSession& m) override { return Real().OpenDefaultRM(m); }
         VisaStatus Open(VisaSession m, std::string_view a, VisaSession& s) override {
             return gone ? visa::ErrorNotFound : Real().Open(m, a, s);
         }
@@ -45,6 +48,8 @@ struct ReceiverRig {
         }
         VisaStatus Write(VisaSession s, std::string_view t) override {
             texts.emplace_back(t);
+            if (onWrite)
+                onWrite(texts.back());
             return gone ? -1 : Real().Write(s, t);
         }
         VisaStatus Read(VisaSession s, std::size_t n, std::string& r) override {
@@ -54,6 +59,7 @@ struct ReceiverRig {
         std::unique_ptr<sim::SimulatedVisa> real;
         std::function<void()> m_While;
         std::vector<std::string> texts;
+        std::function<void(const std::string&)> onWrite;
         bool gone = false; ///< pulled off the network
     } visa;
     struct Sensor final : PowerSensorLibrary {
@@ -89,7 +95,8 @@ TEST(ReceiverRun, InternAndExternHearTheSameDevice) {
         const float worst = r.S().curve.WorstLevel().value_or(0);
         EXPECT_EQ(r.S().curve.ShownVerdict(), Verdict::Passed);
         EXPECT_EQ(r.S().run.Record().receiver, "QOR,SIM-ANALYSER,SIM01,1.0");
-        EXPECT_EQ(r.rig.program.Files().Document()->receiver, "QOR,SIM-ANALYSER,SIM01,1.0") << "and it is filed";
+        EXPECT_EQ(r.rig.program.Files().Document()->receiver, "QOR,SIM-ANALYSER,SIM01,1.0")
+            << "and it is filed";
         r.rig.program.Receiver().UseInternal();
         ASSERT_TRUE(r.rig.RunUntilIdle());
         ASSERT_TRUE(r.rig.Measure());
@@ -241,6 +248,148 @@ TEST(ReceiverRun, TheChoiceIsKeptAndToldToTheInstrument) {
     start.rig.time.RunFor(1000);
     EXPECT_TRUE(start.S().receiver.IsThere());
     EXPECT_TRUE(start.S().receiver.InstrumentListens()); // until "Extern" is chosen
+}
+
+enum class At { Probe, SetUp, BeforeRun, MidSweep, End };
+enum class Fault { Silence, Late, Garbage, Gone };
+
+/// What the operator meets with.
+struct Met {
+    std::string told; ///< by the start button
+    int questions;
+    Verdict verdict;
+    bool missing; ///< the lamp's text says that no receiver is there
+
+    bool operator==(const Met&) const = default;
+};
+void PrintTo(const Met& met, std::ostream* out) {
+    *out << '"' << met.told << "\" questions " << met.questions << " verdict "
+         << static_cast<int>(met.verdict) << " missing " << met.missing;
+}
+
+struct FaultAt : testing::TestWithParam<std::tuple<Fault, At>> {};
+
+/// Any fault at any step: the carriers are off within two seconds of the end and before a question, nothing
+/// passes that was not measured, and "Extern" stays chosen.
+TEST_P(FaultAt, IsToldAndLeavesNothingOn) {
+    const auto [fault, at] = GetParam();
+    ReceiverRig r;
+    ASSERT_TRUE(r.rig.ReadyFor(ModeSweep));
+    const auto strike = [&, fault = fault] {
+        r.visa.onWrite = {};
+        r.visa.gone = fault == Fault::Gone;
+        if (fault == Fault::Silence)
+            r.receiver.Add({sim::ReceiverFault::Kind::Silence, 0});
+        else if (fault == Fault::Late)
+            r.receiver.Add({sim::ReceiverFault::Kind::Late, 6000});
+        else if (fault == Fault::Garbage)
+            r.receiver.Add({sim::ReceiverFault::Kind::Garbage, 0});
+    };
+    const auto strikeWith = [&](const char* text) {
+        r.visa.onWrite = [&, text](const std::string& written) {
+            if (written == text)
+                strike();
+        };
+    };
+    r.rig.user.answer = false;
+    r.rig.user.whileAsked = [&] { EXPECT_FALSE(CarriersAreOn(r.rig)); };
+    if (at == At::Probe)
+        strike();
+    else if (at == At::SetUp)
+        strikeWith("FREQUENCY:SPAN 0000Hz");
+    r.rig.program.Receiver().UseExternal();
+    ASSERT_TRUE(r.rig.RunUntilIdle());
+    if (at == At::BeforeRun)
+        strike();
+    else if (at == At::End)
+        strikeWith("INIT:CONT ON");
+    r.rig.program.OnMeasButton();
+    if (r.rig.RunUntilRunIsOn()) {
+        r.rig.time.RunFor(2000);
+        if (at == At::MidSweep)
+            strike();
+        ASSERT_TRUE(r.rig.time.RunUntil([&] { return !r.S().run.IsOn(); }, 120000));
+        const std::int64_t over = r.rig.time.NowMs();
+        EXPECT_TRUE(r.rig.time.RunUntil([&] { return !CarriersAreOn(r.rig); }, 2000));
+        EXPECT_LT(r.rig.time.NowMs() - over, 2000);
+    }
+    r.rig.time.RunFor(10000);
+    EXPECT_FALSE(CarriersAreOn(r.rig));
+    EXPECT_FALSE(r.S().receiver.InstrumentListens());
+    const Met met{r.rig.user.messages.empty() ? "" : r.rig.user.messages.back(),
+                  static_cast<int>(r.rig.user.questions.size()), r.S().curve.ShownVerdict(),
+                  PanelOf(r.S()).receiverMissing};
+    const std::string nobody = "Kein Empfaenger: TCPIP0::lab::5025::SOCKET: ";
+    const bool silent = fault == Fault::Silence || fault == Fault::Late;
+    const Met unnoticed{"", 0, Verdict::Passed, false}, unread{"", 0, Verdict::None, false},
+        lost{"", 1, Verdict::None, true};
+    Met expected = lost;
+    if (fault == Fault::Garbage) // whoever answers is there; what is no level is no reading
+        expected = at == At::End ? unnoticed : unread;
+    else if (at == At::Probe)
+        expected = {nobody + (silent ? "antwortet nicht" : "nicht erreichbar"), 0, Verdict::None, true};
+    else if (at == At::SetUp && !silent)
+        expected = {nobody + "nicht erreichbar", 1, Verdict::None, true};
+    else if (at == At::End)
+        expected = silent ? unnoticed : Met{"", 1, Verdict::Passed, true};
+    EXPECT_EQ(met, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ReceiverRun, FaultAt,
+    testing::Combine(testing::Values(Fault::Silence, Fault::Late, Fault::Garbage, Fault::Gone),
+                     testing::Values(At::Probe, At::SetUp, At::BeforeRun, At::MidSweep, At::End)));
+
+/// A receiver that keeps every word to itself for seconds does not keep the carriers on.
+TEST(ReceiverRun, TheCarriersGoOffBeforeTheReceiverIsReleased) {
+    for (const int method : {int{ModeTwoTone}, int{ModeSweep}}) {
+        for (const bool leave : {false, true}) {
+            ReceiverRig r;
+            ASSERT_TRUE(r.ReadyFor(method));
+            r.rig.program.OnMeasButton();
+            r.rig.time.RunFor(3000);
+            ASSERT_TRUE(CarriersAreOn(r.rig));
+            bool said = false;
+            r.visa.onWrite = [&](const std::string& text) {
+                if (text == "INIT:CONT ON")
+                    said = true;
+                EXPECT_FALSE(said && CarriersAreOn(r.rig));
+            };
+            leave ? r.rig.program.Leave() : r.rig.program.OnMeasButton();
+            r.rig.time.RunFor(1000);
+            EXPECT_TRUE(said);
+        }
+    }
+}
+
+/// The set-up is the analyser's: no other receiver is asked for it, and none is taken for a lost analyser.
+TEST(ReceiverRun, TheSetUpDialogMeetsWithOtherReceiversAndFullDisks) {
+    AnalyserSetup setup;
+    {
+        ReceiverRig sensor(sim::ReceiverKind::Nrp, true);
+        ASSERT_TRUE(sensor.ReadyFor(ModeTwoTone));
+        EXPECT_TRUE(sensor.rig.program.Receiver().OpenSetup(setup));
+        EXPECT_EQ(setup.reference, "-20");
+        EXPECT_TRUE(sensor.rig.program.Receiver().Install(setup));
+        EXPECT_TRUE(sensor.rig.user.questions.empty());
+        EXPECT_TRUE(sensor.S().receiver.IsThere());
+    }
+    ReceiverRig r;
+    ASSERT_TRUE(r.ReadyFor(ModeTwoTone));
+    ASSERT_TRUE(r.rig.program.Receiver().OpenSetup(setup));
+    std::filesystem::remove(r.rig.dir / "rs_ANALYZER_setup.ccz");
+    std::filesystem::create_directories(r.rig.dir / "rs_ANALYZER_setup.ccz/in the way");
+    r.visa.texts.clear();
+    EXPECT_EQ(r.rig.program.Receiver().Install(setup).Text(), "Oeffnen file Misserfolg");
+    EXPECT_TRUE(r.visa.texts.empty()) << "what is not kept is not sent";
+    std::filesystem::remove_all(r.rig.dir / "rs_ANALYZER_setup.ccz");
+    EXPECT_TRUE(r.rig.program.Receiver().Install(setup));
+    EXPECT_EQ(r.visa.texts.size(), 14U + 4U);
+    r.visa.gone = true;
+    r.rig.user.answer = false;
+    EXPECT_FALSE(r.rig.program.Receiver().OpenSetup(setup));
+    EXPECT_EQ(r.rig.user.questions.size(), 1U);
+    EXPECT_TRUE(PanelOf(r.S()).receiverMissing) << "No: nobody is there";
 }
 
 } // namespace

@@ -111,8 +111,11 @@ TEST_F(ReceiverSearchTest, AScanKeepsWhatItFinds) {
     visa.installed = true;
     ASSERT_TRUE(search.MayScan());
     int steps = 0;
+    EXPECT_FALSE(search.TryAddress());
     EXPECT_FALSE(search.TryScan([&](auto&&, int done, int) { return ++steps, done < 50; }));
     EXPECT_EQ(steps, 51); // cancelled
+    EXPECT_EQ(state.Address() + ": " + state.Trouble(), "GPIB0::20::INSTR: nicht erreichbar");
+    EXPECT_FALSE(state.IsSearched());
     EXPECT_FALSE(store.Exists("gpib_addr.ccz"));
     std::string last;
     EXPECT_TRUE(search.TryScan([&](const std::string& address, int, int total) {

@@ -76,6 +76,7 @@ class ScriptedSensor : public PowerSensorLibrary {
 public:
     std::vector<std::string> calls;
     std::deque<double> watts; ///< none left: no result within the time
+    std::function<void(int timeoutMs)> whileReading;
     bool there = true;
     int reads = 0;
 
@@ -94,8 +95,10 @@ public:
         Note("averaging", session, channel, std::to_string(noiseRatio) + " " + std::to_string(seconds));
     }
     void Initiate(std::uint32_t session) override { Note("initiate", session, 0, ""); }
-    void ReadMeasurement(std::uint32_t, int, int, double& result) override {
+    void ReadMeasurement(std::uint32_t, int, int timeoutMs, double& result) override {
         ++reads;
+        if (whileReading)
+            whileReading(timeoutMs);
         if (watts.empty())
             return;
         result = watts.front();

@@ -1,8 +1,8 @@
 #include "apps/common/receivers.h"
 
 #include "base/tenths.h"
-#include "platform/visa/bounded_visa.h"
 #include "platform/visa/loaded_sensor.h"
+#include "platform/visa/system_visa.h"
 
 namespace qor::app {
 
@@ -37,7 +37,7 @@ std::optional<SimulatedReceiver> ParseSimulatedReceiver(const std::string& text,
 }
 
 ReceiverParts::ReceiverParts()
-    : visa(std::make_unique<visa::BoundedVisa>(visa::MakeVisa)),
+    : visa(std::make_unique<visa::SystemVisa>()),
       sensor(std::make_unique<visa::BoundedSensor>(visa::MakeSensor)) {}
 
 ReceiverParts::ReceiverParts(SimulatedReceiver kind, const sim::Instrument& instrument, WallClock& clock)

@@ -298,14 +298,22 @@ void Job::Drain() {
     if (verdict == Verdict::Error)
         return Finish(InstrumentError, ErrorWords(facts));
     m_Console.EndProgress();
-    SaveFiles();
+    if (facts.taken > 0 || verdict != Verdict::None) // without a level there is nothing to file
+        SaveFiles();
     if (!m_Outcome.message.empty())
         return Finish(FileFailed, m_Outcome.message);
     if (verdict != Verdict::None)
         return Finish(verdict == Verdict::Passed ? Passed : LimitExceeded);
-    const bool lost = m_Options.external && !m_Program.State().receiver.IsThere();
-    Finish(NoInstrument, lost ? "The receiver was lost before the measurement was complete."
-                              : "No verdict: " + PointsOf(facts) + " could be read.");
+    Finish(NoInstrument, WhyNoVerdict(facts));
+}
+
+std::string Job::WhyNoVerdict(const RunFacts& facts) const {
+    if (m_Options.external && !m_Program.State().receiver.IsThere())
+        return "The receiver was lost before the measurement was complete.";
+    if (facts.limit < static_cast<double>(facts.floor))
+        return "No verdict: the receiver hears nothing below " + Fixed(static_cast<double>(facts.floor), 1) +
+               " dBm, and the limit lies at " + Fixed(facts.limit, 1) + " dBm.";
+    return "No verdict: " + PointsOf(facts) + " could be read.";
 }
 
 void Job::SaveFiles() {

@@ -44,6 +44,7 @@ private:
     void Drain();
     Outcome SelectAll();
     void ApplySettings();
+    [[nodiscard]] std::string WhyNoVerdict(const RunFacts& facts) const;
     void SaveFiles();
     Outcome Save(const std::filesystem::path& path);
     void KeepWire();

@@ -1,8 +1,5 @@
 #include "platform/visa/bounded_visa.h"
 
-#include "platform/visa/loaded_visa.h"
-#include "platform/visa/own_visa.h"
-
 namespace qor::visa {
 
 namespace {
@@ -10,13 +7,6 @@ namespace {
 constexpr int CloseMs = 500;
 
 } // namespace
-
-std::unique_ptr<VisaLibrary> MakeVisa() {
-    std::string why;
-    if (auto installed = LoadedVisa::Load(InstalledVisaNames(), why))
-        return installed;
-    return std::make_unique<OwnVisa>();
-}
 
 BoundedVisa::Answer BoundedVisa::Do(std::function<Answer(VisaLibrary&)> job, int limitMs) {
     const auto answer = std::make_shared<Answer>();
@@ -31,13 +21,21 @@ BoundedVisa::Answer BoundedVisa::Do(std::function<Answer(VisaLibrary&)> job, int
     return {};
 }
 
+std::optional<bool> BoundedVisa::IsLoaded() {
+    m_Calls.Start();
+    const auto call = m_Calls.Do([](VisaLibrary&) {}, UsualOpenMs);
+    return call == CallThread<VisaLibrary>::Call::GivenUp
+               ? std::nullopt
+               : std::optional(call == CallThread<VisaLibrary>::Call::Done);
+}
+
 bool BoundedVisa::IsInstalled() {
     m_Calls.Start();
     return Do(
                [](VisaLibrary& visa) {
                    return Answer{visa.IsInstalled() ? 1 : 0, 0, {}};
                },
-               CloseMs)
+               UsualOpenMs)
                .status == 1;
 }
 
@@ -57,12 +55,13 @@ VisaStatus BoundedVisa::OpenDefaultRM(VisaSession& manager) {
 
 VisaStatus BoundedVisa::Open(VisaSession manager, std::string_view address, VisaSession& session) {
     const Answer answer = Do(
-        [manager, text = std::string(address)](VisaLibrary& visa) {
+        [manager, ms = m_OpenMs, text = std::string(address)](VisaLibrary& visa) {
             Answer a{};
+            visa.LimitOpen(ms);
             a.status = visa.Open(manager, text, a.session);
             return a;
         },
-        m_OpenMs);
+        m_OpenMs > 0 ? m_OpenMs : UsualOpenMs);
     session = answer.session;
     return answer.status;
 }

@@ -15,8 +15,10 @@ public:
         m_Calls.SetWhileWaiting(std::move(whileWaiting));
     }
     void Abandon() override { m_Calls.Abandon(); }
+    /// There is a library; nothing when even its loading was given up.
+    [[nodiscard]] std::optional<bool> IsLoaded();
     [[nodiscard]] bool IsInstalled() override;
-    void LimitOpen(int ms) override { m_OpenMs = ms > 0 ? ms : UsualOpenMs; }
+    void LimitOpen(int ms) override { m_OpenMs = ms; }
 
     VisaStatus OpenDefaultRM(VisaSession& manager) override;
     VisaStatus Open(VisaSession manager, std::string_view address, VisaSession& session) override;
@@ -39,11 +41,8 @@ private:
     [[nodiscard]] int TransferMs() const { return m_TimeoutMs + 500; }
 
     CallThread<VisaLibrary> m_Calls;
-    int m_OpenMs = UsualOpenMs;
+    int m_OpenMs = 0;                 ///< 0: the usual one
     int m_TimeoutMs = UsualTimeoutMs; ///< the longest that a session was given
 };
-
-/// The VISA of this computer: the library that is installed, or else our own.
-[[nodiscard]] std::unique_ptr<VisaLibrary> MakeVisa();
 
 } // namespace qor::visa

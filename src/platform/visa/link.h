@@ -16,7 +16,7 @@ enum class LinkResult { Done, TimedOut, Gone };
 /// A reply that comes after its time is never the answer to the next question: a link whose read was given up
 /// begins anew, in the way its protocol has, before it writes again.
 ///
-/// To add a way of reaching instruments: a form in address.h, a class of this, a line in `OpenLink`.
+/// To add a way of reaching instruments: a form in address.h, a class of this, a line in `MakeLink`.
 class Link {
 public:
     Link() = default;

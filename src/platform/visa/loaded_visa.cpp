@@ -1,5 +1,6 @@
 #include "platform/visa/loaded_visa.h"
 
+#include "platform/visa/address.h"
 #include "platform/visa/resolve.h"
 
 #include <algorithm>
@@ -17,8 +18,8 @@ constexpr std::uint32_t TimeoutValue = 0x3FFF001A;
 constexpr std::uint32_t ReadBufferMode = 0x3FFF002A;
 constexpr std::uint32_t WriteBufferMode = 0x3FFF002D;
 constexpr std::uint16_t BothBuffers = 1 | 2;
-constexpr std::int32_t SuccessMaxCount = 0x3FFF0006; ///< the reply goes on
-constexpr std::uint32_t OpenMs = 300;
+constexpr std::int32_t SuccessMaxCount = 0x3FFF0006;    ///< the reply goes on
+constexpr std::uint32_t TerminatorEnabled = 0x3FFF0038; ///< a read ends at the terminator, a line feed
 
 std::uint32_t NumberOf(VisaAttribute attribute) {
     switch (attribute) {
@@ -64,10 +65,17 @@ VisaStatus LoadedVisa::OpenDefaultRM(VisaSession& manager) {
 }
 
 VisaStatus LoadedVisa::Open(VisaSession manager, std::string_view address, VisaSession& session) {
-    return m_Vi.viOpen(manager, std::string(address).c_str(), 0, OpenMs, &session);
+    const VisaStatus opened = m_Vi.viOpen(manager, std::string(address).c_str(), 0, m_OpenMs, &session);
+    const auto form = ParseAddress(address);
+    if (opened >= 0 && form && form->kind == Address::Kind::Socket) {
+        m_Vi.viSetAttribute(session, TerminatorEnabled, 1);
+        m_Streams.insert(session);
+    }
+    return opened;
 }
 
 VisaStatus LoadedVisa::Close(VisaSession session) {
+    m_Streams.erase(session);
     return m_Vi.viClose(session);
 }
 
@@ -80,9 +88,12 @@ VisaStatus LoadedVisa::SetBuf(VisaSession session, std::uint32_t bytes) {
 }
 
 VisaStatus LoadedVisa::Write(VisaSession session, std::string_view text) {
+    std::string message(text);
+    if (m_Streams.contains(session))
+        message += '\n';
     std::uint32_t written = 0;
-    return m_Vi.viWrite(session, reinterpret_cast<const unsigned char*>(text.data()),
-                        static_cast<std::uint32_t>(text.size()), &written);
+    return m_Vi.viWrite(session, reinterpret_cast<const unsigned char*>(message.data()),
+                        static_cast<std::uint32_t>(message.size()), &written);
 }
 
 VisaStatus LoadedVisa::Read(VisaSession session, std::size_t limit, std::string& reply) {

@@ -3,6 +3,7 @@
 #include "platform/visa.h"
 
 #include <memory>
+#include <set>
 #include <span>
 #include <string>
 
@@ -21,6 +22,7 @@ public:
                                                           std::string& why);
 
     [[nodiscard]] bool IsInstalled() override { return true; }
+    void LimitOpen(int ms) override { m_OpenMs = static_cast<std::uint32_t>(ms); }
     VisaStatus OpenDefaultRM(VisaSession& manager) override;
     VisaStatus Open(VisaSession manager, std::string_view address, VisaSession& session) override;
     VisaStatus Close(VisaSession session) override;
@@ -45,6 +47,8 @@ private:
     explicit LoadedVisa(const Operations& operations) : m_Vi(operations) {}
 
     Operations m_Vi;
+    std::uint32_t m_OpenMs = 0;      ///< that a library is told to open within; 0: as it likes
+    std::set<VisaSession> m_Streams; ///< sessions on raw sockets: only a line feed parts their messages
 };
 
 } // namespace qor::visa

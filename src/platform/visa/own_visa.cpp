@@ -1,6 +1,7 @@
 #include "platform/visa/own_visa.h"
 
 #include "platform/visa/address.h"
+#include "platform/visa/bounded_link.h"
 #include "platform/visa/hislip_link.h"
 #include "platform/visa/socket_link.h"
 #include "platform/visa/usbtmc_link.h"
@@ -12,7 +13,7 @@ namespace qor::visa {
 
 namespace {
 
-constexpr int OpenMs = 2500;
+constexpr int UsualOpenMs = 2500;
 
 VisaStatus StatusOf(LinkResult result) {
     return result == LinkResult::Done       ? Success
@@ -36,7 +37,8 @@ std::unique_ptr<Link> MakeLink(const Address& address) {
     case Address::Kind::Hislip:
         return std::make_unique<HislipLink>(address);
     case Address::Kind::Usbtmc:
-        return std::make_unique<UsbtmcLink>(address, OpenDeviceFile);
+        return std::make_unique<BoundedLink>(
+            [address] { return std::make_unique<UsbtmcLink>(address, OpenDeviceFile); });
     case Address::Kind::Other:
         break;
     }
@@ -55,15 +57,21 @@ VisaStatus OwnVisa::Open(VisaSession manager, std::string_view address, VisaSess
     const auto parsed = ParseAddress(address);
     if (!parsed)
         return ErrorInvalidName;
-    std::unique_ptr<Link> link = MakeLink(*parsed);
+    std::unique_ptr<Link> link = m_MakeLink(*parsed);
     if (!link)
         return ErrorNoLibrary;
-    const LinkResult opened = link->Open(Deadline::In(OpenMs));
+    const LinkResult opened = link->Open(In(m_OpenMs > 0 ? m_OpenMs : UsualOpenMs));
     if (opened != LinkResult::Done)
         return opened == LinkResult::TimedOut ? ErrorTimeout : ErrorNotFound;
     session = ++m_Last;
     m_Sessions[session].link = std::move(link);
     return Success;
+}
+
+/// A call begins, which nobody has given up yet.
+Deadline OwnVisa::In(int ms) {
+    m_Patience.givenUp = false;
+    return Deadline::In(ms, &m_Patience);
 }
 
 OwnVisa::Conversation* OwnVisa::Find(VisaSession session) {
@@ -88,7 +96,7 @@ VisaStatus OwnVisa::Write(VisaSession session, std::string_view text) {
     Conversation* conversation = Find(session);
     if (!conversation)
         return ErrorInvalidObject;
-    return StatusOf(conversation->link->Write(text, Deadline::In(conversation->timeoutMs)));
+    return StatusOf(conversation->link->Write(text, In(conversation->timeoutMs)));
 }
 
 VisaStatus OwnVisa::Read(VisaSession session, std::size_t limit, std::string& reply) {
@@ -96,8 +104,7 @@ VisaStatus OwnVisa::Read(VisaSession session, std::size_t limit, std::string& re
     reply.clear();
     if (!conversation)
         return ErrorInvalidObject;
-    const VisaStatus status =
-        StatusOf(conversation->link->Read(reply, Deadline::In(conversation->timeoutMs)));
+    const VisaStatus status = StatusOf(conversation->link->Read(reply, In(conversation->timeoutMs)));
     if (status != Success)
         reply.clear();
     else if (reply.size() > limit)

@@ -43,22 +43,20 @@ Addresses Resolve(const std::string& host, std::uint16_t port, Deadline deadline
         question->done = true;
         question->answered.notify_one();
     }).detach();
-    std::unique_lock lock(question->mutex);
-    question->answered.wait_until(lock, deadline.At(), [&] { return question->done; });
+    static_cast<void>(deadline.Until([&](int ms) {
+        std::unique_lock lock(question->mutex);
+        return question->answered.wait_for(lock, std::chrono::milliseconds(ms),
+                                           [&] { return question->done; });
+    }));
+    const std::lock_guard lock(question->mutex);
     return std::move(question->addresses);
 }
 
 } // namespace
 
 bool TcpStream::Wait(short events, Deadline deadline) const {
-    for (;;) {
-        pollfd one{m_Socket, events, 0};
-        const int ready = poll(&one, 1, deadline.LeftMs());
-        if (ready > 0)
-            return true;
-        if (ready == 0 || errno != EINTR)
-            return false;
-    }
+    pollfd one{m_Socket, events, 0};
+    return deadline.Until([&](int ms) { return poll(&one, 1, ms) > 0; });
 }
 
 bool TcpStream::Connect(const std::string& host, std::uint16_t port, Deadline deadline) {
