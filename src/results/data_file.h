@@ -16,6 +16,8 @@ inline constexpr std::size_t LongestResultFile = std::size_t{4} << 20;
 inline constexpr std::string_view MarkHead = "QOR1 ";
 /// Its second line: the external receiver that measured.
 inline constexpr std::string_view MarkReceiver = "\nReceiver: ";
+/// Its third: dBm below which that one hears nothing.
+inline constexpr std::string_view MarkFloor = "\nFloor: ";
 
 /// The text of a result in its line-feed form, header offsets to the byte: the last run, in the document's
 /// unit.

@@ -113,6 +113,8 @@ std::string FormatResult(const ResultDocument& document) {
             text += ' ' + std::to_string(document.error);
         if (!document.receiver.empty())
             text += std::string(MarkReceiver) + document.receiver;
+        if (document.floor)
+            text += std::string(MarkFloor) + Fixed(static_cast<double>(*document.floor), 1);
     }
     return text;
 }

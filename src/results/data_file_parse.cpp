@@ -224,7 +224,13 @@ void ReadMark(std::string_view text, ResultDocument& document) {
         return;
     text.remove_prefix(MarkHead.size());
     if (const std::size_t line = text.find(MarkReceiver); line != std::string_view::npos) {
-        document.receiver = text.substr(line + MarkReceiver.size());
+        std::string_view receiver = text.substr(line + MarkReceiver.size());
+        if (const std::size_t next = receiver.find(MarkFloor); next != std::string_view::npos) {
+            if (const auto floor = EnteredNumber(receiver.substr(next + MarkFloor.size())))
+                document.floor = static_cast<float>(*floor);
+            receiver = receiver.substr(0, next);
+        }
+        document.receiver = receiver;
         text = text.substr(0, line);
     }
     const auto word = [&text] {

@@ -37,6 +37,8 @@ RunFacts RunFactsOf(const ResultDocument& document) {
     RunFacts facts;
     facts.asked = static_cast<int>(document.pointsAsked);
     facts.taken = static_cast<int>(document.pointsTaken);
+    if (document.floor)
+        facts.floor = *document.floor;
     if (document.verdict == ResultVerdict::Error)
         facts.error = document.error != 0 ? document.error : UnknownError;
     for (const auto* points : {&document.runs.back().up, &document.runs.back().down})

@@ -43,10 +43,15 @@ std::size_t RowsOf(const ResultDocument& document) {
     return document.runs.back().up.size() + document.runs.back().down.size();
 }
 
+/// The limit lies where the receiver hears nothing.
+bool IsBelowFloor(const ResultDocument& document) {
+    return document.limit && document.floor && *document.limit < *document.floor;
+}
+
 ResultVerdict VerdictOfRows(const ResultDocument& document) {
     const ResultRun& run = document.runs.back();
     const std::size_t points = PointsOf(document);
-    if (!document.limit || points == 0)
+    if (!document.limit || points == 0 || IsBelowFloor(document))
         return ResultVerdict::None;
     const auto over = [&document](const ResultPoint& point) {
         return point.HasLevel() && IsOver(point.level, *document.limit);
@@ -134,7 +139,8 @@ void JudgeRows(ResultDocument& document) {
         document.pointsTaken = PointsOf(document);
         document.pointsAsked = RowsOf(document);
         document.verdict = rows;
-    } else if (rows == ResultVerdict::Failed && document.verdict != ResultVerdict::Error) {
+    } else if (document.verdict != ResultVerdict::Error &&
+               (rows == ResultVerdict::Failed || IsBelowFloor(document))) {
         document.verdict = rows;
     }
 }

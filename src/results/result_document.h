@@ -57,6 +57,7 @@ struct ResultDocument {
     std::optional<float> firmware; ///< files do not know
     std::string serial;            ///< of the instrument that measured
     std::string receiver;          ///< the external one that measured, as it names itself; empty: the own one
+    std::optional<float> floor;    ///< dBm: that one hears nothing below, and a limit there tells nothing
     std::string deviceSerial;      ///< of the device under test
     std::string date;              ///< "YYYYMMDD"
     std::string time;              ///< "HH:MM"

@@ -58,6 +58,8 @@ void TakeRecord(const RunRecord& record, ResultDocument& document) {
     document.model = OneLine(record.model);
     document.serial = OneLine(record.serial);
     document.receiver = OneLine(record.receiver);
+    if (record.receiverFloor > RunFacts{}.floor)
+        document.floor = record.receiverFloor;
 }
 
 /// 2-tone points in time order. A run that was stopped has points up to its last measured one only: a row for

@@ -121,13 +121,13 @@ TEST(VisaAddresses, WrongOnesAreToldInTime) {
           "COM1",
           "GPIB0",
           "\x01\xff\x80",
-          "TCPIP0::" + std::string(300, 'a') + "::1::SOCKET",
           std::string(200, ':')}},
         {library, {"GPIB0::20::INSTR", "gpib::7", "ASRL1::INSTR", "PXI0::2::INSTR"}},
         {refused,
          {"TCPIP0::127.0.0.1::1::SOCKET", "TCPIP0::127.0.0.1::hislip0,1::INSTR",
-          "TCPIP0::127.0.0.1::inst0::INSTR", "TCPIP0::[::1]::1::SOCKET",
-          "TCPIP0::" + std::string(150, 'a') + "::1::SOCKET", "USB0::0xFFFF::0xFFFF::nobody::INSTR"}},
+          "TCPIP0::127.0.0.1::inst0::INSTR", "TCPIP0::" + std::string(150, 'a') + "::1::SOCKET",
+          "TCPIP0::[::1]::1::SOCKET", "TCPIP0::" + std::string(150, 'a') + "::1::SOCKET",
+          "USB0::0xFFFF::0xFFFF::nobody::INSTR"}},
     };
     int count = 0;
     for (const auto& row : AtOnce) {

@@ -22,11 +22,13 @@ public:
     void Write(std::string_view message, std::int64_t nowMs) override {
         texts.emplace_back(message);
         m_Receiver.Write(message, nowMs);
+        released = message == "INIT:CONT ON";
     }
     std::optional<std::string> Read(std::int64_t nowMs) override { return m_Receiver.Read(nowMs); }
     void Clear() override { m_Receiver.Clear(); }
 
     std::vector<std::string> texts;
+    std::atomic<bool> released = false; ///< the last word of a run
 
 private:
     sim::Receiver& m_Receiver;
@@ -135,6 +137,8 @@ TEST(BackEnds, MeasureTheSameDeviceAlike) {
         }
         EXPECT_EQ(bench.rig.S().curve.ShownVerdict(), Verdict::Passed);
         EXPECT_EQ(bench.rig.S().run.Record().receiver, "QOR,SIM-ANALYSER,SIM01,1.0");
+        for (int n = 0; n < 500 && !bench.overheard.released; ++n)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
         bench.over = true; // the texts are looked at when nobody writes them
         bench.server.join();
         bench.server = std::thread([] {});

@@ -1,5 +1,6 @@
 // Results through the program's own files in every form that can be read back.
 #include "results/data_file.h"
+#include "results/document_curve.h"
 #include "results/read_document.h"
 #include "results/result_forms.h"
 #include "results/xlsx/xlsx_writer.h"
@@ -170,6 +171,22 @@ TEST(ResultForms, TheExternalReceiverStandsBehindTheZeroByte) {
         EXPECT_EQ(back.comment, document.comment);
         EXPECT_TRUE(bytes.ends_with("\r\nReceiver: Rohde&Schwarz,FSL-3,100,1.5")) << "unscrambled";
     }
+    // With a limit where that one hears nothing there is no verdict, whatever the mark says.
+    document.runs = {{{{890, -80}, {891, -80}}, {}}};
+    document.receiver = "rsnrpz";
+    document.floor = -73.0f;
+    for (const auto& [limit, word] : {std::pair(-90.0f, "none"), {-73.5f, "none"}, {-70.0f, "passed"}}) {
+        document.limit = limit;
+        document.verdict = ResultVerdict::Passed;
+        ASSERT_TRUE(ResultForms().Write(document, "a.dat", {}, bytes) && ReadResult(bytes, "a.dat", back));
+        back.limit = limit;
+        JudgeRows(back);
+        EXPECT_EQ(VerdictWord(back.verdict), word) << limit;
+        RunFacts facts = RunFactsOf(back);
+        facts.limit = static_cast<double>(limit);
+        EXPECT_EQ(Judge(facts) == Verdict::Passed, word == std::string_view("passed")) << limit;
+    }
+    EXPECT_EQ(back.receiver, "rsnrpz");
 }
 
 TEST(ResultForms, ASheetIsJudgedByTheLimitInForce) {

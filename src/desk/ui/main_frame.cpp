@@ -144,11 +144,26 @@ void CMainFrame::ShowReceiver(const QString& text) {
         return;
     m_Receiver->setToolTip(text);
     m_Receiver->setAccessibleName(text);
+    PlaceReceiver();
+}
+
+/// At the right end of the menu bar, and no part of it: a menu bar has nothing but its menus for those who
+/// read the window from outside.
+void CMainFrame::PlaceReceiver() {
+    const QString text = m_Receiver->toolTip();
     const int room = std::max(width() / 2, 100);
     m_Receiver->setText(m_Receiver->fontMetrics().elidedText(text, Qt::ElideRight, room) +
                         QStringLiteral("  "));
-    menuBar()->setCornerWidget(text.isEmpty() ? nullptr : m_Receiver);
-    m_Receiver->setVisible(!text.isEmpty());
+    m_Receiver->adjustSize();
+    m_Receiver->move(width() - m_Receiver->width(),
+                     menuBar()->y() + (menuBar()->height() - m_Receiver->height()) / 2);
+    m_Receiver->setVisible(!text.isEmpty() && !menuBar()->isHidden());
+    m_Receiver->raise();
+}
+
+void CMainFrame::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    PlaceReceiver();
 }
 
 /// Follows the look, the layout and the plot-only display of the engine.

@@ -34,6 +34,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Entry {
@@ -46,6 +47,7 @@ private:
     void ShowTitle(const Panel& panel);
     void RunCommand(const CommandRow& row);
     void ShowReceiver(const QString& text);
+    void PlaceReceiver();
     void ApplyAppearance();
     void ResizeToLayout();
 

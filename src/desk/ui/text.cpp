@@ -18,13 +18,13 @@ QString Tr(std::string_view text) {
 
 namespace {
 
-/// A part of a text; the key may be without its stop, or without the number at its end.
+/// A part of a text; the key may be without its stop or colon, or without the number at its end.
 QString TrPart(const QString& part) {
     QString shown = Tr(Utf8(part));
     if (shown != part)
         return shown;
     qsizetype end = part.size();
-    if (part.endsWith('.'))
+    if (part.endsWith('.') || part.endsWith(':'))
         --end;
     else
         while (end > 0 && part[end - 1].isDigit())
