@@ -412,6 +412,14 @@
       <translation>Calibration</translation>
     </message>
     <message>
+      <source>Calibration finished!</source>
+      <translation>Calibration finished!</translation>
+    </message>
+    <message>
+      <source>Calibration finished.</source>
+      <translation>Calibration finished.</translation>
+    </message>
+    <message>
       <source>Can not open a session to the device.</source>
       <translation>Cannot open a session to the device.</translation>
     </message>
@@ -446,6 +454,14 @@
     <message>
       <source>Center_Freq (MHz):</source>
       <translation>Center frequency (MHz):</translation>
+    </message>
+    <message>
+      <source>Check and do calibration again.</source>
+      <translation>Check it and calibrate again.</translation>
+    </message>
+    <message>
+      <source>Check power meter sensor.</source>
+      <translation>Check the power meter sensor.</translation>
     </message>
     <message>
       <source>Chinese</source>
@@ -500,6 +516,10 @@
       <translation>The instrument has not accepted the settings.</translation>
     </message>
     <message>
+      <source>Das Geraet hat einen Befehl abgelehnt: Die Kalibrierung ist zu Ende.</source>
+      <translation>The instrument refused a command: the calibration is over.</translation>
+    </message>
+    <message>
       <source>Das Umschaltgeraet hat keine Stellung fuer diese Breite:</source>
       <translation>The band switch unit has no position for this band:</translation>
     </message>
@@ -548,6 +568,10 @@
       <translation>Default</translation>
     </message>
     <message>
+      <source>Der Kontakt ist verloren: Die Kalibrierung ist zu Ende.</source>
+      <translation>Contact is lost: the calibration is over.</translation>
+    </message>
+    <message>
       <source>Der Leistungssensor hoert nichts unter -73 dBm: Bei diesem Grenzwert hat die Messung kein Ergebnis.</source>
       <translation>The power sensor hears nothing below -73 dBm: with this limit the measurement has no verdict.</translation>
     </message>
@@ -562,6 +586,10 @@
     <message>
       <source>Der Pegel kommt durch den Pruefling am anderen Port an.</source>
       <translation>The level arrives through the device at the other port.</translation>
+    </message>
+    <message>
+      <source>Der Pegel wird nicht erreicht:</source>
+      <translation>The level is not reached:</translation>
     </message>
     <message>
       <source>Deutsch</source>
@@ -586,6 +614,10 @@
     <message>
       <source>Die Datei nennt keine Grenze, es gilt die eingestellte.</source>
       <translation>The file states no limit, the one set holds.</translation>
+    </message>
+    <message>
+      <source>Die Kalibrierung schreibt auch Eintraege anderer Breiten:</source>
+      <translation>The calibration also writes entries of other bands:</translation>
     </message>
     <message>
       <source>Die Messkurve ist nicht gespeichert. Soll die Datei sie ersetzen?</source>
@@ -876,6 +908,10 @@
       <translation>Frequency of tone 2 in MHz</translation>
     </message>
     <message>
+      <source>Gelesene Leistungen sind keine Messung: Sie stehen in ihrem Protokoll.</source>
+      <translation>Powers read back are no measurement: they stand in their protocol.</translation>
+    </message>
+    <message>
       <source>Geraet:</source>
       <translation>Device:</translation>
     </message>
@@ -1010,6 +1046,10 @@
     <message>
       <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
       <translation>No page for updates is known. Please add this line to qor.ini:</translation>
+    </message>
+    <message>
+      <source>Keine angefangene Kalibrierung dieser Breite.</source>
+      <translation>No unfinished calibration of this band.</translation>
     </message>
     <message>
       <source>Klein</source>
@@ -1400,12 +1440,32 @@
       <translation>pixels</translation>
     </message>
     <message>
+      <source>Please check if your equipment is connected with your PC.</source>
+      <translation>Please check that the instrument is connected to the PC.</translation>
+    </message>
+    <message>
       <source>Please choose another file.</source>
       <translation>Please choose another file.</translation>
     </message>
     <message>
       <source>Please confirm what you set be valid for the device.</source>
       <translation>Please make sure that these settings are valid for the device.</translation>
+    </message>
+    <message>
+      <source>Please get volt of -50dBm firstly!</source>
+      <translation>Please read the voltage at -50 dBm first!</translation>
+    </message>
+    <message>
+      <source>Please get volt of -80dBm firstly!</source>
+      <translation>Please read the voltage at -80 dBm first!</translation>
+    </message>
+    <message>
+      <source>Please input "Attenuation Cell"</source>
+      <translation>Please enter "Attenuation cell"</translation>
+    </message>
+    <message>
+      <source>Please re-select the band or re-connect the device!</source>
+      <translation>Please select the band again or reconnect the instrument!</translation>
     </message>
     <message>
       <source>Please select auto-save file path from [Auto-Save] menu at first!</source>
@@ -1420,8 +1480,24 @@
       <translation>Please select the external receiver by the menu "Setup-&gt;Receiver Ports-&gt;External"</translation>
     </message>
     <message>
+      <source>Please select f1 or/and f2 to do calibration.</source>
+      <translation>Please tick f1 and/or f2 to calibrate.</translation>
+    </message>
+    <message>
+      <source>Please select f1 or/and f2 to read.</source>
+      <translation>Please tick f1 and/or f2 to read.</translation>
+    </message>
+    <message>
       <source>Please select the correct directory for saving!</source>
       <translation>Please select the correct directory for saving!</translation>
+    </message>
+    <message>
+      <source>Please stop calibration firstly.</source>
+      <translation>Please stop the calibration first.</translation>
+    </message>
+    <message>
+      <source>Please use 2MHz as delta for RT-DB22/RT-L027.</source>
+      <translation>Please use a delta of 2 MHz for RT-DB22/RT-L027.</translation>
     </message>
     <message>
       <source>Port 1 To DUT Path Cable Loss:</source>
@@ -1508,8 +1584,16 @@
       <translation>Range: 0-9.9</translation>
     </message>
     <message>
+      <source>Re-power your equipment.</source>
+      <translation>Switch the instrument off and on again.</translation>
+    </message>
+    <message>
       <source>Receive Band:</source>
       <translation>Receive band:</translation>
+    </message>
+    <message>
+      <source>Receiver Error!</source>
+      <translation>Receiver error!</translation>
     </message>
     <message>
       <source>Receiver Ports(&amp;P)</source>

@@ -412,6 +412,14 @@
       <translation>校准</translation>
     </message>
     <message>
+      <source>Calibration finished!</source>
+      <translation>校准完成！</translation>
+    </message>
+    <message>
+      <source>Calibration finished.</source>
+      <translation>校准完成。</translation>
+    </message>
+    <message>
       <source>Can not open a session to the device.</source>
       <translation>无法打开与设备的会话。</translation>
     </message>
@@ -446,6 +454,14 @@
     <message>
       <source>Center_Freq (MHz):</source>
       <translation>中心频率 (MHz):</translation>
+    </message>
+    <message>
+      <source>Check and do calibration again.</source>
+      <translation>请检查后重新校准。</translation>
+    </message>
+    <message>
+      <source>Check power meter sensor.</source>
+      <translation>请检查功率计探头。</translation>
     </message>
     <message>
       <source>Chinese</source>
@@ -500,6 +516,10 @@
       <translation>仪器未接受这些设置。</translation>
     </message>
     <message>
+      <source>Das Geraet hat einen Befehl abgelehnt: Die Kalibrierung ist zu Ende.</source>
+      <translation>仪器拒绝了命令：校准已结束。</translation>
+    </message>
+    <message>
       <source>Das Umschaltgeraet hat keine Stellung fuer diese Breite:</source>
       <translation>频段切换单元没有此频段的位置：</translation>
     </message>
@@ -548,6 +568,10 @@
       <translation>默认</translation>
     </message>
     <message>
+      <source>Der Kontakt ist verloren: Die Kalibrierung ist zu Ende.</source>
+      <translation>连接已丢失：校准已结束。</translation>
+    </message>
+    <message>
       <source>Der Leistungssensor hoert nichts unter -73 dBm: Bei diesem Grenzwert hat die Messung kein Ergebnis.</source>
       <translation>功率传感器无法测量 -73 dBm 以下的电平: 在此限值下测量没有判定结果。</translation>
     </message>
@@ -562,6 +586,10 @@
     <message>
       <source>Der Pegel kommt durch den Pruefling am anderen Port an.</source>
       <translation>信号经被测件到达另一端口。</translation>
+    </message>
+    <message>
+      <source>Der Pegel wird nicht erreicht:</source>
+      <translation>无法达到该电平：</translation>
     </message>
     <message>
       <source>Deutsch</source>
@@ -586,6 +614,10 @@
     <message>
       <source>Die Datei nennt keine Grenze, es gilt die eingestellte.</source>
       <translation>文件未给出门限，以当前设置为准。</translation>
+    </message>
+    <message>
+      <source>Die Kalibrierung schreibt auch Eintraege anderer Breiten:</source>
+      <translation>校准也会写入其他频段的条目：</translation>
     </message>
     <message>
       <source>Die Messkurve ist nicht gespeichert. Soll die Datei sie ersetzen?</source>
@@ -876,6 +908,10 @@
       <translation>音 2 频率（MHz）</translation>
     </message>
     <message>
+      <source>Gelesene Leistungen sind keine Messung: Sie stehen in ihrem Protokoll.</source>
+      <translation>回读功率不是测量结果：见其记录文件。</translation>
+    </message>
+    <message>
       <source>Geraet:</source>
       <translation>仪器：</translation>
     </message>
@@ -1010,6 +1046,10 @@
     <message>
       <source>Keine Seite fuer Updates eingetragen. Bitte in qor.ini diese Zeile eintragen:</source>
       <translation>尚未登记更新网页。请在 qor.ini 中加入此行：</translation>
+    </message>
+    <message>
+      <source>Keine angefangene Kalibrierung dieser Breite.</source>
+      <translation>该频段没有未完成的校准。</translation>
     </message>
     <message>
       <source>Klein</source>
@@ -1400,12 +1440,32 @@
       <translation>像素</translation>
     </message>
     <message>
+      <source>Please check if your equipment is connected with your PC.</source>
+      <translation>请检查仪器是否已连接到电脑。</translation>
+    </message>
+    <message>
       <source>Please choose another file.</source>
       <translation>请选择其他文件。</translation>
     </message>
     <message>
       <source>Please confirm what you set be valid for the device.</source>
       <translation>请确认所设数值适用于该仪器。</translation>
+    </message>
+    <message>
+      <source>Please get volt of -50dBm firstly!</source>
+      <translation>请先读取 -50 dBm 的电压！</translation>
+    </message>
+    <message>
+      <source>Please get volt of -80dBm firstly!</source>
+      <translation>请先读取 -80 dBm 的电压！</translation>
+    </message>
+    <message>
+      <source>Please input "Attenuation Cell"</source>
+      <translation>请输入“衰减量”</translation>
+    </message>
+    <message>
+      <source>Please re-select the band or re-connect the device!</source>
+      <translation>请重新选择频段或重新连接仪器！</translation>
     </message>
     <message>
       <source>Please select auto-save file path from [Auto-Save] menu at first!</source>
@@ -1420,8 +1480,24 @@
       <translation>请通过菜单 "设置-&gt;接收端口-&gt;外部" 选择外部接收机</translation>
     </message>
     <message>
+      <source>Please select f1 or/and f2 to do calibration.</source>
+      <translation>请选择要校准的 f1 和/或 f2。</translation>
+    </message>
+    <message>
+      <source>Please select f1 or/and f2 to read.</source>
+      <translation>请选择要回读的 f1 和/或 f2。</translation>
+    </message>
+    <message>
       <source>Please select the correct directory for saving!</source>
       <translation>请选择正确的保存目录！</translation>
+    </message>
+    <message>
+      <source>Please stop calibration firstly.</source>
+      <translation>请先停止校准。</translation>
+    </message>
+    <message>
+      <source>Please use 2MHz as delta for RT-DB22/RT-L027.</source>
+      <translation>RT-DB22/RT-L027 请使用 2 MHz 步进。</translation>
     </message>
     <message>
       <source>Port 1 To DUT Path Cable Loss:</source>
@@ -1508,8 +1584,16 @@
       <translation>范围：0-9.9</translation>
     </message>
     <message>
+      <source>Re-power your equipment.</source>
+      <translation>请将仪器重新上电。</translation>
+    </message>
+    <message>
       <source>Receive Band:</source>
       <translation>接收频段：</translation>
+    </message>
+    <message>
+      <source>Receiver Error!</source>
+      <translation>接收机错误！</translation>
     </message>
     <message>
       <source>Receiver Ports(&amp;P)</source>

@@ -182,6 +182,11 @@ bool HasCoarseTable(std::string_view model) {
     return model == Db22 || model == L027;
 }
 
+Outcome FitsCoarseTable(const CalibrationPlan& plan, std::string_view model) {
+    const bool fits = !HasCoarseTable(model) || (plan.f1.delta >= 2 && plan.f2.delta >= 2);
+    return fits ? Outcome::Done() : Outcome::Refused("Please use 2MHz as delta for RT-DB22/RT-L027.");
+}
+
 bool HasPowerTable(int band) {
     return std::ranges::any_of(ReceiverRows, [&](const ReceiverTones& row) { return row.band == band; });
 }

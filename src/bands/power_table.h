@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bands/band.h"
+#include "base/outcome.h"
 
 #include <cstdint>
 #include <optional>
@@ -58,6 +59,8 @@ struct TableOwner {
 
 /// The tables of these models hold every second MHz.
 [[nodiscard]] bool HasCoarseTable(std::string_view model);
+/// Refused with a step that a coarse table has no entries for, of either tone.
+[[nodiscard]] Outcome FitsCoarseTable(const CalibrationPlan& plan, std::string_view model);
 /// Entries of the band have a place in the tables.
 [[nodiscard]] bool HasPowerTable(int band);
 /// Levels that have a page of their own, dBm.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "curve/calibration_display.h"
 #include "curve/grid.h"
 #include "curve/limit.h"
 #include "curve/plot_scale.h"
@@ -61,6 +62,7 @@ class Curve {
 public:
     PlotScale scale;
     Limit limit;
+    CalibrationDisplay powers;
     RunTally tally; ///< what has come of the levels that were asked for
 
     // The live layer. Up() holds one point more than the plot shows: the longest 2-tone run counts 2001.

@@ -20,11 +20,15 @@ void AddMeasureRows(MenuBuilder& menu) {
               .caption = "Start/Stop Measurement(&M)\tCtrl+M",
               .run = [](Desk& desk, int) { return desk.program.PressStart(); }});
     menu.Line();
-    CommandRow order{
-        .id = "order",
-        .run = [](Desk& desk, int imIndex) { return desk.program.Select().SelectOrder(imIndex); },
-        .checked = [](const Program& program,
-                      int imIndex) { return program.State().working.ImIndex() == imIndex; }};
+    CommandRow order{.id = "order",
+                     .run =
+                         [](Desk& desk, int imIndex) {
+                             Outcome outcome = desk.program.Select().SelectOrder(imIndex);
+                             desk.program.Calibrations().OrderIsChosen();
+                             return outcome;
+                         },
+                     .checked = [](const Program& program,
+                                   int imIndex) { return program.State().working.ImIndex() == imIndex; }};
     // shown to the operator
     static constexpr std::string_view Orders[] = {"IM3(&3)\tCtrl+3", "IM5(&5)\tCtrl+5", "IM7(&7)\tCtrl+7",
                                                   "IM9(&9)\tCtrl+9"};

@@ -107,7 +107,8 @@ Panel PanelOf(const Session& session) {
     panel.m_f2_text = Shown(session.readout.F2());
     panel.m_fIM_text = Shown(session.readout.Im());
     if (const auto level = session.readout.Level())
-        panel.m_ReadingText = Fixed(static_cast<double>(InShownUnit(curve, *level)), 1);
+        panel.m_ReadingText =
+            Fixed(static_cast<double>(InShownUnit(curve, *level)), curve.powers.IsOn() ? 2 : 1);
     panel.m_WorstFreqText = Shown(WorstFrequency(curve));
     panel.m_WorstLevelText = Shown(ShownWorstLevel(curve));
     panel.m_AlarmText = Fixed(static_cast<double>(curve.limit.Level()), 1);

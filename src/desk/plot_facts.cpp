@@ -19,6 +19,7 @@ constexpr std::string_view NextLabel = "Naechste Messung:";
 PlotFacts FactsOf(const Session& session) {
     PlotFacts facts;
     facts.runOn = session.run.IsOn();
+    facts.g_calDisplay = session.curve.powers.IsOn();
     facts.tagEndless = session.runs.IsContinuous();
     facts.bandSelected = session.working.Band() != BandNone;
     facts.power1 = NumberIn(session.working.Power1()) / 10.0;

@@ -55,6 +55,8 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_AutoSaver(*this, m_Channel, [this] { OnMeasButton(); }),
       m_ReceiverDesk(m_Session, m_Platform, m_Store, m_Receiver, m_ReceiverSearch, m_Instrument),
       m_ServiceDesk(m_Session, m_Platform, m_Channel, m_Measurement),
+      m_Calibrations(m_Session, m_Platform, m_Store, m_Sources, m_Measurement, m_ServiceDesk,
+                     [this](const Outcome& outcome) { Tell(outcome); }),
       m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }),
       m_CallTimer(m_Platform.timers, AfterCallTimer, [this] { AfterCall(); }) {
     WindowTimers& timers = m_Platform.timers;
@@ -161,6 +163,7 @@ bool Program::IsReady() const {
 void Program::ErrorReply(InstrumentError error) {
     constexpr int First = 2; // of the numbers under which they are known
     m_Session.curve.tally.NoteError(First + static_cast<int>(error));
+    m_Calibrations.InstrumentRefuses();
 }
 
 void Program::ReplyTime(int ms) {
@@ -169,6 +172,7 @@ void Program::ReplyTime(int ms) {
 }
 
 void Program::BandActivated(bool byOperator) {
+    m_Calibrations.FillFields();
     // A run that a lost line cut short can still be saved.
     if (byOperator || !m_Session.curve.HoldsPoints())
         ShowWorkingSet(m_Session);
@@ -196,7 +200,7 @@ void Program::RunBegins() {
     m_Session.markers.Clear();
     if (m_Session.working.Method() == ModeTwoTone)
         m_Session.markers.ForgetCurves();
-    m_RunHasBegun = true;
+    m_RunHasBegun = !m_Session.curve.powers.IsOn(); // powers read back are no result
 }
 
 void Program::RunIsOver() {

@@ -3,6 +3,7 @@
 #include "base/setup_store.h"
 #include "curve/markers.h"
 #include "desk/auto_saver.h"
+#include "desk/calibration_desk.h"
 #include "desk/file_settings.h"
 #include "desk/file_show.h"
 #include "desk/list_panel.h"
@@ -91,6 +92,7 @@ public:
     [[nodiscard]] Selection& Select() { return m_Selection; }
     [[nodiscard]] ReceiverDesk& Receiver() { return m_ReceiverDesk; }
     [[nodiscard]] ServiceDesk& Service() { return m_ServiceDesk; }
+    [[nodiscard]] CalibrationDesk& Calibrations() { return m_Calibrations; }
     [[nodiscard]] InstrumentSelection& Instrument() { return m_Instrument; }
     [[nodiscard]] Connection& Link() { return m_Connection; }
     [[nodiscard]] ResultFiles& Files() { return m_Files; }
@@ -126,6 +128,7 @@ private:
     [[nodiscard]] bool IsRunOn() const override { return m_Session.run.IsOn(); }
     [[nodiscard]] bool InstrumentListens() const override { return m_Session.receiver.InstrumentListens(); }
     [[nodiscard]] bool KeepsCarriers() const override { return m_Session.factory.KeepsCarriers(); }
+    [[nodiscard]] bool HoldsLine() const override { return m_Measurement.HoldsLine(); }
     void AbandonRun() override;
     void RunBegins() override;
     bool SaveNumbered() override;
@@ -161,6 +164,7 @@ private:
     AutoSaver m_AutoSaver;
     ReceiverDesk m_ReceiverDesk;
     ServiceDesk m_ServiceDesk;
+    CalibrationDesk m_Calibrations;
     Timer m_CloseTimer;
     Timer m_CallTimer; ///< what came during a call, once its handler has come back
 

@@ -11,7 +11,12 @@ void AddServiceRows(MenuBuilder& menu) {
                         return desk.program.Service().PressPage(ServicePage::Test);
                     }});
     menu.AddHidden({.id = "calibration_page", .run = [](Desk& desk, int) {
-                        return desk.program.Service().PressPage(ServicePage::Calibration);
+                        Outcome outcome = desk.program.Service().PressPage(ServicePage::Calibration);
+                        CalibrationDesk& calibrations = desk.program.Calibrations();
+                        calibrations.FillFields();
+                        calibrations.LookForUnfinished();
+                        calibrations.OrderIsChosen(); // the hint of the page
+                        return outcome;
                     }});
 }
 

@@ -139,6 +139,8 @@ void Channel::OnSendTimer() {
         LoseContact();
         return;
     }
+    if (m_Run.HoldsLine())
+        return;
     m_Events.BeforeSend();
     if (!m_Link.queue.Empty())
         CommSend();

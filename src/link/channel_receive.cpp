@@ -119,7 +119,7 @@ void Channel::ReceiveText() {
     if (m_Link.chain.AwaitsIdentity() && !m_Link.connection.IsClosing()) { // closing begins no new chain
         if (m_Replies)
             m_Replies->IdentityReply();
-    } else if (transaction.Holds("KVTWE")) {
+    } else if (transaction.Holds("KVTWE") || (transaction.AskedBy() && transaction.RepeatsCommand())) {
         HandToAsker();
     }
     Dispatch();
@@ -161,7 +161,8 @@ void Channel::AnswerLevelQuestion() {
     m_Events.LevelReply(Reading::Spoilt());
 }
 
-/// A memory reply. One that came too late must not count for the address asked now.
+/// A reply that was asked for, or one of the memory. One that came too late must not count for the address
+/// asked now.
 void Channel::HandToAsker() {
     Transaction& transaction = m_Link.transaction;
     Asker* const asker = transaction.AskedBy();

@@ -27,6 +27,7 @@ enum Tag : int {
     TagOption = 14,
     TagReceiverCalFirst = 15,
     TagReceiverCalDone = 16,
+    TagReceiverCalSlope = 17,
     TagReceiverCalLast = 18,
     TagPrimeQueued = 21,   ///< goes out as 11
     TagLevelUpQueued = 22, ///< goes out as 12

@@ -123,7 +123,7 @@ int ReplyLength(std::string_view command, int tag) {
     const int length = static_cast<int>(command.size()) + 1;
     if (command == command::Level)
         return length + LevelDigits;
-    if (command == "#ADC?")
+    if (command == command::Detector)
         return length + DetectorDigits;
     const char address = command.starts_with("$KVTRE") ? AddressOf(command) : '\0';
     const bool open = command == command::Status || command == command::Identity ||

@@ -54,6 +54,9 @@ inline constexpr std::string_view RelaysA = "#RELA";
 inline constexpr std::string_view RelaysB = "#RELB";
 inline constexpr std::string_view RelaysC = "#RELC";
 
+inline constexpr std::string_view Drive = "#KVTAL";   ///< mV, five digits, of a tone that is being calibrated
+inline constexpr std::string_view Detector = "#ADC?"; ///< of the receiver, mV
+
 // These stand in the queue and never go out.
 inline constexpr std::string_view Pause = "#WAITE"; ///< lets one send slot pass
 inline constexpr std::string_view InputBinary = "#WAITE0";

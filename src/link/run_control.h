@@ -15,6 +15,8 @@ public:
     [[nodiscard]] virtual bool KeepsCarriers() const = 0;
     /// The instrument's own receiver measures, no external one.
     [[nodiscard]] virtual bool InstrumentListens() const = 0;
+    /// What is queued has to wait: the receiver has not settled.
+    [[nodiscard]] virtual bool HoldsLine() const { return false; }
     /// Ends a run, or what a service page does, whose instrument is gone, and drops a run that waits for it.
     /// It never counts as passed.
     virtual void AbandonRun() = 0;

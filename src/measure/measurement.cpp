@@ -1,6 +1,7 @@
 // What comes behind a start: further passes and runs, and the ways in which a measurement ends.
 #include "measure/measurement.h"
 
+#include "base/setup_store.h"
 #include "curve/curve.h"
 #include "curve/readout.h"
 #include "link/channel.h"
@@ -20,7 +21,8 @@ Measurement::Measurement(const MeasurementRooms& rooms, const Platform& platform
       m_Events(events), m_CurveTimer(platform.timers, CurveTimer, [this] { FollowPoints(); }),
       m_IntervalTimer(platform.timers, intervaltimer, [this] { OnIntervalTimer(); }),
       m_RestartTimer(platform.timers, restarttimer, [this] { OnRestartTimer(); }), m_TwoTone(PartsOfShape()),
-      m_Sweep(PartsOfShape()), m_Spectrum(PartsOfShape()), m_Shape(&m_TwoTone) {}
+      m_Sweep(PartsOfShape()), m_Spectrum(PartsOfShape()),
+      m_ReadBack(PartsOfShape(), store.Directory(), platform.clock), m_Shape(&m_TwoTone) {}
 
 RunParts Measurement::PartsOfShape() {
     return {*this,         m_Rooms.run,     m_Rooms.settings, m_Rooms.link,
@@ -64,7 +66,9 @@ void Measurement::FollowPoints() {
 
 void Measurement::PassIsOver() {
     FollowPoints();
-    if (m_Shape == &m_Spectrum)
+    if (m_Shape == &m_ReadBack)
+        NextReadBackLevel();
+    else if (m_Shape == &m_Spectrum)
         RepeatPass();
     else if (m_Rooms.settings.IsContinuous() && m_Rooms.run.CountFurther(m_Rooms.settings))
         BeginFurtherPass();
@@ -83,6 +87,36 @@ bool Measurement::ReceiverAnswered() {
     else if (source.IsLost())
         EndWithin(RunEnd::CutShort);
     return m_Rooms.run.IsOn();
+}
+
+void Measurement::EndWithFault(const Outcome& fault) {
+    EndWithin(RunEnd::CutShort);
+    m_Events.Tell(fault);
+}
+
+bool Measurement::HoldsLine() const {
+    return m_Rooms.run.IsOn() && m_Shape == &m_ReadBack && m_ReadBack.HoldsLine();
+}
+
+/// A read-back run goes through its levels, however the operator's runs repeat.
+void Measurement::NextReadBackLevel() {
+    if (!m_ReadBack.HasFurtherLevel()) {
+        EndRun();
+        return;
+    }
+    CountPass();
+    m_Rooms.run.GoOn();
+    m_Rooms.curve.EndRun();
+    m_ReadBack.NextLevel();
+}
+
+bool Measurement::IsContinuous() const {
+    return m_Rooms.settings.IsContinuous() && m_Shape != &m_ReadBack;
+}
+
+std::optional<float> Measurement::WorstAsShown() const {
+    const auto worst = m_Rooms.curve.WorstLevel();
+    return worst && m_Rooms.curve.powers.IsOn() ? *worst + CalibrationDisplay::Shift : worst;
 }
 
 void Measurement::RepeatPass() {
@@ -113,7 +147,7 @@ void Measurement::BeginFurtherPass() {
 
 bool Measurement::HasFurtherSweep() const {
     const Curve& curve = m_Rooms.curve;
-    return !m_Rooms.settings.IsContinuous() && curve.Runs() > curve.Run() + 1;
+    return !IsContinuous() && curve.Runs() > curve.Run() + 1;
 }
 
 void Measurement::BeginFurtherSweep() {
@@ -153,13 +187,12 @@ void Measurement::BeginFurtherRun() {
 
 /// The measurement has ended by itself.
 void Measurement::EndRun() {
-    const RunSettings& settings = m_Rooms.settings;
-    if (!settings.IsContinuous() || settings.ReplacesData())
+    if (!IsContinuous() || m_Rooms.settings.ReplacesData())
         CountPass(); // its numbered file has counted it otherwise
     m_Shape->Finish();
     m_Rooms.run.End();
     m_Rooms.curve.tally.EndByItself();
-    m_Rooms.readout.EndWith(m_Rooms.curve.WorstLevel());
+    m_Rooms.readout.EndWith(WorstAsShown());
     GoIdle();
 }
 
@@ -169,16 +202,17 @@ void Measurement::Stop() {
 }
 
 void Measurement::EndWithin(RunEnd how) {
-    const bool repeats = m_Shape == &m_Spectrum || m_Rooms.settings.IsContinuous();
+    const bool repeats = m_Shape == &m_Spectrum || IsContinuous();
     const int runsLeft = HasFurtherSweep() ? m_Rooms.curve.Runs() - m_Rooms.curve.Run() - 1 : 0;
     m_Rooms.link.queue.Clear();
     m_IntervalTimer.Stop();
     m_Rooms.run.ResetPause(m_Rooms.settings);
     m_Rooms.run.End();
-    m_Rooms.curve.tally.EndWithin(how, m_Shape->Tally(), m_Shape == &m_Sweep ? runsLeft : 0, repeats);
+    m_Rooms.curve.tally.EndWithin(how, m_Shape->Tally(),
+                                  m_Shape == &m_Sweep || m_Shape == &m_ReadBack ? runsLeft : 0, repeats);
     m_Shape->Stop();
     FollowPoints();
-    m_Rooms.readout.FreezeAt(m_Rooms.curve.WorstLevel());
+    m_Rooms.readout.FreezeAt(WorstAsShown());
     GoIdle();
 }
 

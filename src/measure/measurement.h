@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/outcome.h"
+#include "measure/read_back.h"
 #include "measure/run.h"
 #include "measure/run_shape.h"
 #include "measure/spectrum.h"
@@ -79,6 +80,11 @@ public:
     void StartOnceConnected();
     /// The operator does not want what the start needs, or it was not to be had.
     void GiveUpStart();
+    /// Reads back what a power calibration has written. The plan fits the tables, the instrument is ready,
+    /// and an external receiver is in use. Refused when that is not there.
+    [[nodiscard]] Outcome StartReadBack(const CalibrationPlan& plan);
+    /// Nothing goes out at present.
+    [[nodiscard]] bool HoldsLine() const;
     /// The start button with a run on.
     void Stop();
     /// A run that was asked for and waits for the instrument or its turn does not begin.
@@ -119,6 +125,9 @@ private:
     void BeginFurtherSweep();
     void OnIntervalTimer();
     void NextSweep();
+    void NextReadBackLevel();
+    [[nodiscard]] bool IsContinuous() const;
+    [[nodiscard]] std::optional<float> WorstAsShown() const;
     void BeginFurtherRun();
     void ReleaseReceiver();
     void EndRun();
@@ -130,6 +139,7 @@ private:
     void FollowCurve() override;
     void LevelShown() override { m_Events.LevelIsShown(); }
     bool ReceiverAnswered() override;
+    void EndWithFault(const Outcome& fault) override;
     void PassIsOver() override;
 
     MeasurementRooms m_Rooms;
@@ -144,6 +154,7 @@ private:
     TwoTone m_TwoTone;
     Sweep m_Sweep;
     Spectrum m_Spectrum;
+    ReadBack m_ReadBack;
     int m_Tells = 0;   ///< times that this start has told the instrument what is in force
     RunShape* m_Shape; ///< of the run in progress, or of the last one
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/outcome.h"
 #include "base/reading.h"
 #include "curve/run_tally.h"
 #include "measure/start_commands.h"
@@ -30,6 +31,8 @@ public:
     virtual void LevelShown() = 0;
     /// An external receiver was asked; false when the run is over by that.
     [[nodiscard]] virtual bool ReceiverAnswered() = 0;
+    /// The receiver gives nothing that could be measured: the run is over.
+    virtual void EndWithFault(const Outcome& fault) = 0;
     /// The pass is over, told again and again until something new begins.
     virtual void PassIsOver() = 0;
 };

@@ -30,6 +30,8 @@ constexpr int MostTells = 2;
 StartAnswer Measurement::Start() {
     if (m_Rooms.run.IsWaiting())
         DropStart(); // the start button pressed twice: one run begins
+    if (Curve& curve = m_Rooms.curve; curve.powers.IsOn())
+        curve.SetRuns(curve.powers.End(curve.limit, curve.scale));
     m_Rooms.run.Press(m_Rooms.settings);
     if (m_Platform.comm.GetPortOpen())
         return Begin();
@@ -152,6 +154,40 @@ StartAnswer Measurement::BeginRun() {
     m_Channel.ExpectLevels(true);
     m_Shape->Begin();
     return answer;
+}
+
+Outcome Measurement::StartReadBack(const CalibrationPlan& plan) {
+    if (m_Rooms.run.IsWaiting())
+        DropStart();
+    if (Outcome ready = m_Rooms.sources.BeReady(); !ready)
+        return ready;
+    const WorkingSet& working = m_Rooms.working;
+    const LinkState& link = m_Rooms.link;
+    m_ReadBack.SetPlan(plan);
+    m_Rooms.run.Press(m_Rooms.settings);
+    m_Channel.ForgetError();
+    m_Channel.PauseStatusPoll();
+    RunRecord record = m_Rooms.run.Record();
+    record.method = working.Method();
+    record.path = working.Path();
+    record.band = working.Band();
+    record.imIndex = working.ImIndex();
+    record.interBand.clear();
+    record.plan = m_ReadBack.Tones();
+    record.model = link.identity.ModelName();
+    record.firmware = link.identity.Firmware();
+    record.serial = link.identity.Serial();
+    record.receiver = m_Rooms.sources.Identity();
+    m_Rooms.working.SetBandOfRun(record.band);
+    Curve& curve = m_Rooms.curve;
+    curve.powers.Begin(curve.limit, curve.scale, curve.Runs(), plan.powStart, plan.powStop);
+    ClearForPress();
+    curve.SetRuns(static_cast<int>(m_ReadBack.Levels()));
+    TakeCorrections(record);
+    m_Shape = &m_ReadBack;
+    m_Rooms.run.Begin(std::move(record));
+    m_Shape->Begin();
+    return Outcome::Done();
 }
 
 /// The receiver hears nothing where the limit lies.

@@ -74,14 +74,24 @@ PassTally SteppedShape::Tally() const {
     return {static_cast<int>(m_Asked.count()) + m_Placeless, static_cast<int>((m_Taken & m_Asked).count())};
 }
 
-void SteppedShape::BeginPass(const StartCommands& commands, int ticksWaited) {
+void SteppedShape::BeginSteps(const StartCommands& commands, int period) {
+    BeginUpHalf(commands);
+    m_StepTimer.Start(period);
+    m_Parts.host.FollowCurve();
+}
+
+void SteppedShape::BeginUpHalf(const StartCommands& commands) {
     Queue(commands);
-    m_Parts.readout.ShowIm(FirstProduct(m_Parts.host.Situation()));
     m_Stage = Stage::Up;
     m_Step = 1;
     m_Taken.reset();
     m_Retries = 0;
     g_SweepMarkFirst = false;
+}
+
+void SteppedShape::BeginPass(const StartCommands& commands, int ticksWaited) {
+    BeginUpHalf(commands);
+    m_Parts.readout.ShowIm(FirstProduct(m_Parts.host.Situation()));
     const LevelSource& source = m_Parts.sources.Current();
     if (source.AnswersOverTheLine()) {
         m_StepTimer.Start(source.StepPeriod());
@@ -134,7 +144,7 @@ void SteppedShape::Reply(const Reading& reading, int tag, float product) {
     if (!reading.IsLevel())
         return;
     m_Parts.curve.Touch();
-    Show(Corrected(reading));
+    ShowKept(Kept(reading));
 }
 
 /// An external receiver is read just before the command that ends the step goes out, and tuned just before
@@ -168,14 +178,15 @@ void SteppedShape::Store(const Reading& reading, float product, bool down) {
     if (at >= 0 && reading.IsLevel()) {
         const auto place = static_cast<std::size_t>(at);
         const bool intoDown = IntoDown(down);
-        m_Parts.curve.Put(place, Corrected(reading), intoDown ? CurveSide::Down : CurveSide::Up);
+        const float level = Kept(reading);
+        m_Parts.curve.Put(place, level, intoDown ? CurveSide::Down : CurveSide::Up);
         m_Taken.set(place + (intoDown ? CurvePoints : 0));
+        Stored(product, level, down);
     }
-    StepTones(down);
+    TonesMoved(product, down);
 }
 
-/// The tones shown follow the points, not the commands: the queue may run behind the ticks.
-void SteppedShape::StepTones(bool down) {
+void SteppedShape::TonesMoved(float /*product*/, bool down) {
     const FrequencyPlan& plan = m_Parts.run.Record().plan;
     const auto step = static_cast<double>(plan.step);
     Readout& readout = m_Parts.readout;
@@ -216,10 +227,13 @@ void SteppedShape::Idle() {
     }
 }
 
+bool SteppedShape::IsLastPass() const {
+    return m_Parts.curve.Runs() == m_Parts.curve.Run() + 1 && !m_Parts.settings.IsContinuous();
+}
+
 void SteppedShape::CloseLine() {
     CommandQueue& queue = m_Parts.link.queue;
-    const bool last = m_Parts.curve.Runs() == m_Parts.curve.Run() + 1;
-    if (last && !m_Parts.settings.IsContinuous())
+    if (IsLastPass())
         for (const std::string_view text : {command::Tone1Off, command::Tone2Off, command::SweepOff})
             queue.Append(text);
     queue.Append(WithTenths(command::Frequency2, static_cast<double>(m_Parts.run.Record().plan.f2Fix)));

@@ -50,9 +50,22 @@ protected:
     void Expect(const std::vector<Step>& steps);
     /// Queues the commands and arms the steps. An external receiver is waited for, less `ticksWaited`.
     void BeginPass(const StartCommands& commands, int ticksWaited);
+    /// The same without a wait; a step each `period` ms.
+    void BeginSteps(const StartCommands& commands, int period);
     void QueueStep(std::string_view command, float frequency, int tag, float product);
     /// No more steps.
     void StopStepping();
+
+    // What a shape may see otherwise.
+    /// A reading as the curve keeps it.
+    [[nodiscard]] virtual float Kept(const Reading& reading) const { return Corrected(reading); }
+    virtual void ShowKept(float dBm) { Show(dBm); }
+    /// A point has come: the tones shown follow the points, not the commands.
+    virtual void TonesMoved(float product, bool down);
+    /// A level has found its place in the curve.
+    virtual void Stored(float /*product*/, float /*dBm*/, bool /*down*/) {}
+    /// Behind this pass the carriers go off.
+    [[nodiscard]] virtual bool IsLastPass() const;
 
     Stage m_Stage = Stage::None; ///< g_SweepPhase
     int m_Step = 0;              ///< of the next step; its frequency follows from it, no errors add up
@@ -60,11 +73,11 @@ protected:
     bool g_SweepMarkFirst = false;
 
 private:
+    void BeginUpHalf(const StartCommands& commands);
     void OnStepTick();
     void OnWaitTick();
     void Store(const Reading& reading, float product, bool down);
     [[nodiscard]] bool IntoDown(bool down) const;
-    void StepTones(bool down);
     void CloseLine();
 
     Timer m_StepTimer;

@@ -28,6 +28,10 @@ public:
     virtual void Acknowledge(std::string_view text, std::string_view title = {}) { Message(text, title); }
     /// A question with Yes and No; true is Yes.
     [[nodiscard]] virtual bool Ask(std::string_view text, std::string_view title) = 0;
+    /// The same where No is the answer unless the operator chooses otherwise.
+    [[nodiscard]] virtual bool AskWithCare(std::string_view text, std::string_view title) {
+        return Ask(text, title);
+    }
     /// A question that can also be left open.
     [[nodiscard]] virtual Answer AskOrCancel(std::string_view /*text*/, std::string_view /*title*/) {
         return Answer::Cancel;

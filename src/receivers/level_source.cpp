@@ -12,6 +12,7 @@ namespace qor {
 
 namespace {
 
+constexpr float SensorSilence = -80; // dBm that it shows for nothing
 constexpr int SensorTriesInStep = 99;
 constexpr std::string_view MeasureAnew = "INIT;*WAI";
 constexpr std::string_view MarkerLevel = "CALC:MARK1:Y?";
@@ -142,6 +143,18 @@ std::optional<Reading> AnalyserSource::ReadInStep() {
     return m_Access.Went() ? Level(MarkerLevel) : NoLevel();
 }
 
+void AnalyserSource::BeginPoints() {
+    m_Access.VisaIO(MeasureAnew);
+}
+
+void AnalyserSource::TuneToPoint(double hertz) {
+    Tune(hertz);
+}
+
+std::optional<Reading> AnalyserSource::ReadPoint() {
+    return ListensInStep() ? Level(MarkerLevel) : NoLevel();
+}
+
 std::optional<Reading> MeterSource::ReadInTick() {
     return ListensInTick() ? Level(m_Question) : NoLevel();
 }
@@ -160,6 +173,11 @@ std::optional<Reading> SensorSource::ReadInStep() {
     const Reading reading = m_Access.ReadSensor(SensorTriesInStep);
     m_Access.CountReading(!reading.IsMissing());
     return reading;
+}
+
+std::optional<Reading> SensorSource::ReadPoint() {
+    const Reading reading = m_Access.ReadSensor();
+    return reading.IsLevel() && reading.Dbm() <= SensorSilence ? Reading::Missing() : reading;
 }
 
 std::optional<float> SensorSource::Floor() const {

@@ -49,6 +49,13 @@ public:
     /// A call that waited for it was given up by the stop button or on the way out: the run ends at once.
     [[nodiscard]] virtual bool IsBrokenOff() const = 0;
 
+    /// Of a power calibration, whose points are read one by one, each as it stands. A receiver that hears
+    /// everything at once is not tuned.
+    [[nodiscard]] virtual bool HasToSettle() const { return false; } ///< when a tone comes on
+    virtual void BeginPoints() {}
+    virtual void TuneToPoint(double /*hertz*/) {}
+    [[nodiscard]] virtual std::optional<Reading> ReadPoint() { return ReadInTick(); }
+
     virtual void HoldForTones() = 0;         ///< before the tones of a 2-tone run are set
     virtual void ListenAt(double hertz) = 0; ///< tuned and made ready for a 2-tone run
     virtual void PrepareForSteps() = 0;      ///< made ready for a sweep
@@ -130,6 +137,9 @@ public:
     using ExternalSource::ExternalSource;
     [[nodiscard]] std::optional<Reading> ReadInTick() override;
     [[nodiscard]] std::optional<Reading> ReadInStep() override;
+    void BeginPoints() override;
+    void TuneToPoint(double hertz) override;
+    [[nodiscard]] std::optional<Reading> ReadPoint() override;
 };
 
 /// A power meter that answers one question with a level.
@@ -151,6 +161,9 @@ public:
     using ExternalSource::ExternalSource;
     [[nodiscard]] std::optional<Reading> ReadInTick() override;
     [[nodiscard]] std::optional<Reading> ReadInStep() override;
+    [[nodiscard]] bool HasToSettle() const override { return true; }
+    /// Whoever calibrates counts himself how often nothing comes.
+    [[nodiscard]] std::optional<Reading> ReadPoint() override;
     [[nodiscard]] std::optional<float> Floor() const override;
 };
 

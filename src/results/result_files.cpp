@@ -100,6 +100,8 @@ std::vector<ResultRun> RunsOf(const Curve& curve) {
 } // namespace
 
 Outcome ResultFiles::DataSave(const std::filesystem::path& path) {
+    if (m_Rooms.curve.powers.IsOn())
+        return Outcome::Refused("Gelesene Leistungen sind keine Messung: Sie stehen in ihrem Protokoll.");
     const auto document = Document();
     if (!document || PointsOf(*document) == 0)
         return Outcome::Refused("Keine Messpunkte zum Speichern!");
@@ -116,11 +118,14 @@ Outcome ResultFiles::DataSave(const std::filesystem::path& path) {
 }
 
 bool ResultFiles::HoldsUnsaved() const {
-    return !m_Rooms.curve.IsFromFile() && m_Rooms.curve.HoldsPoints() && RunsOf(m_Rooms.curve) != m_Saved;
+    return !m_Rooms.curve.IsFromFile() && !m_Rooms.curve.powers.IsOn() && m_Rooms.curve.HoldsPoints() &&
+           RunsOf(m_Rooms.curve) != m_Saved;
 }
 
 std::optional<ResultDocument> ResultFiles::Document() const {
     const Curve& curve = m_Rooms.curve;
+    if (curve.powers.IsOn())
+        return std::nullopt;
     const ResultDocument* const file = curve.IsFromFile() ? m_Rooms.results.loaded.Document() : nullptr;
     ResultDocument document;
     if (file && file->hasHead) {

@@ -1,8 +1,9 @@
-// Any bytes as a comment store, a pointer to a saved configuration, its contents, or a field of the
-// calculator.
+// Any bytes as a comment store, a pointer to a saved configuration, its contents, a field of the calculator, or
+// the protocol of a calibration.
 
 #include "desk/configuration.h"
 #include "fuzz/fuzz.h"
+#include "service/calibration_protocol.h"
 #include "tools/calculator.h"
 #include "tools/comment.h"
 
@@ -48,6 +49,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Require(!file.name.empty() && file.name.front() != '/');
             Require(("/" + file.name + "/").find("/../") == std::string::npos);
         }
+    }
+    if (const auto protocol = qor::CalibrationProtocol::Parse(text)) {
+        const auto again = qor::CalibrationProtocol::Parse(protocol->Text());
+        Require(!again || again->Points().size() == protocol->Points().size());
     }
     for (const auto field : {qor::CalculatorField::Dbm, qor::CalculatorField::Mw, qor::CalculatorField::Mv,
                              qor::CalculatorField::Zo}) {

@@ -57,7 +57,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (!watched->isWidgetType() || watched->objectName() == QLatin1String("start"))
+        if (!watched->isWidgetType() || watched->objectName() == QLatin1String("start") ||
+            watched->objectName() == QLatin1String("calibration_run"))
             return false;
         switch (event->type()) {
         case QEvent::MouseButtonPress:
@@ -130,11 +131,20 @@ void WindowOperator::ShowSoon(const QString& shown, const QString& heading, bool
 }
 
 bool WindowOperator::Ask(std::string_view text, std::string_view title) {
+    return AskYesNo(text, title, QMessageBox::Yes);
+}
+
+bool WindowOperator::AskWithCare(std::string_view text, std::string_view title) {
+    return AskYesNo(text, title, QMessageBox::No);
+}
+
+bool WindowOperator::AskYesNo(std::string_view text, std::string_view title, int usual) {
     QMessageBox box(QMessageBox::Question, TitleOr(title), TrText(text), QMessageBox::Yes | QMessageBox::No,
                     Parent());
     box.setTextFormat(Qt::PlainText);
     box.button(QMessageBox::Yes)->setText(Tr("&Ja"));
     box.button(QMessageBox::No)->setText(Tr("&Nein"));
+    box.setDefaultButton(static_cast<QMessageBox::StandardButton>(usual));
     return box.exec() == QMessageBox::Yes;
 }
 

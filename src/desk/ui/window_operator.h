@@ -20,6 +20,7 @@ public:
     void Message(std::string_view text, std::string_view title = {}) override;
     void Failure(std::string_view text, std::string_view title = {}) override;
     void Acknowledge(std::string_view text, std::string_view title = {}) override;
+    [[nodiscard]] bool AskWithCare(std::string_view text, std::string_view title) override;
     [[nodiscard]] bool Ask(std::string_view text, std::string_view title) override;
     [[nodiscard]] Answer AskOrCancel(std::string_view text, std::string_view title) override;
     [[nodiscard]] Answer AskOrElse(std::string_view text, std::string_view title,
@@ -36,6 +37,7 @@ public:
     void LetLive() override;
 
 private:
+    [[nodiscard]] bool AskYesNo(std::string_view text, std::string_view title, int usual);
     [[nodiscard]] QWidget* Parent() const;
     /// `failed`: with the warning sign.
     void ShowLater(std::string_view text, std::string_view title, bool failed);
