@@ -21,6 +21,8 @@ std::filesystem::path SetupStore::PathOf(std::string_view name) const {
 }
 
 std::optional<std::string> SetupStore::Read(std::string_view name, std::size_t maxChars) const {
+    if (IsOtherThanFile(name))
+        return std::nullopt;
     std::ifstream file(PathOf(name), std::ios::binary);
     if (!file)
         return std::nullopt;
@@ -31,6 +33,10 @@ std::optional<std::string> SetupStore::Read(std::string_view name, std::size_t m
 }
 
 bool SetupStore::Write(std::string_view name, std::string_view text) {
+    if (IsOtherThanFile(name)) {
+        m_Unwritten = PathOf(name).string();
+        return false;
+    }
     std::ofstream file(PathOf(name), std::ios::binary | std::ios::trunc);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
     file.close(); // a full disk may show only here
@@ -66,8 +72,18 @@ std::optional<double> SetupStore::ReadNumber(std::string_view name, std::size_t 
     return sound ? number : std::nullopt;
 }
 
+/// A folder, a device, or a pipe, which would be waited for.
+bool SetupStore::IsOtherThanFile(std::string_view name) const {
+    std::error_code ignored;
+    return Exists(name) && !std::filesystem::is_regular_file(PathOf(name), ignored);
+}
+
+bool SetupStore::IsUnreadable(std::string_view name) const {
+    return IsOtherThanFile(name) || (Exists(name) && ::access(PathOf(name).c_str(), R_OK) != 0);
+}
+
 void SetupStore::Found(std::string_view name, bool sound) {
-    if (!sound)
+    if (!sound || IsUnreadable(name))
         m_Damaged.emplace(name);
     else if (const auto known = m_Damaged.find(name); known != m_Damaged.end())
         m_Damaged.erase(known);

@@ -10,9 +10,9 @@ namespace qor {
 
 /// The directory of small text files in which all settings live, one setting or record a file.
 ///
-/// A missing or empty store is no fault and means the default. One with something else in it than its record
-/// counts as none: its reader says so, and it stays on the list of the damaged until it is read or written
-/// sound. Nothing else is cached.
+/// A missing or empty store is no fault and means the default. One with something else in it than its record,
+/// or that cannot be read, counts as none: its reader says so, and it stays on the list of the damaged until
+/// it is read or written sound. Nothing else is cached.
 class SetupStore {
 public:
     explicit SetupStore(std::filesystem::path directory);
@@ -41,6 +41,9 @@ public:
     [[nodiscard]] const std::string& Unwritten() const { return m_Unwritten; }
 
 private:
+    [[nodiscard]] bool IsOtherThanFile(std::string_view name) const;
+    [[nodiscard]] bool IsUnreadable(std::string_view name) const;
+
     std::filesystem::path m_Directory;
     std::set<std::string, std::less<>> m_Damaged;
     std::string m_Unwritten;

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace qor {
 namespace {
@@ -79,6 +80,20 @@ TEST_F(StoreTest, AFailedWriteIsRemembered) {
     store.Write("free.ccz", "1");
     EXPECT_EQ(store.Unwritten(), "");
     EXPECT_EQ(SetupStore(store.PathOf("free.ccz") / "below").Unwritten(), store.PathOf("free.ccz") / "below");
+}
+
+/// Nor is one waited for that is no file.
+TEST_F(StoreTest, WhatCannotBeReadIsDamaged) {
+    std::filesystem::create_directory(store.PathOf("AlarmUp.ccz"));
+    ASSERT_EQ(::mkfifo(store.PathOf("egsm_pow_setup.ccz").c_str(), 0600), 0);
+    EXPECT_FALSE(store.ReadNumber("AlarmUp.ccz", 7));
+    EXPECT_EQ(ReadPowerStore(store, "egsm_").tone1, "00430");
+    EXPECT_EQ(store.Damaged().size(), 2U);
+    EXPECT_FALSE(store.Write("egsm_pow_setup.ccz", "0040000400"));
+    std::filesystem::remove(store.PathOf("AlarmUp.ccz"));
+    store.Write("AlarmUp.ccz", "-110");
+    EXPECT_EQ(store.ReadNumber("AlarmUp.ccz", 7), -110);
+    EXPECT_EQ(store.Damaged().count("AlarmUp.ccz"), 0U);
 }
 
 TEST_F(StoreTest, PlansAreReadInTheStoresOrder) {
