@@ -149,6 +149,7 @@ void Connection::OnProbeTimer() {
     if (g_ProbeIndex >= count) {
         m_ProbeTimer.Stop();
         m_State.Probe(false);
+        m_Link.identity.Forget(); // of whoever answered: nobody is connected yet
         ProposeTheOneThatAnswered();
     }
 }

@@ -77,6 +77,26 @@ TEST(Ports, SeveralAreProbedAndTheOperatorChooses) {
     EXPECT_LT(rig.S().curve.ReplyTime(), 100) << "of the first command, not of the search before it";
 }
 
+/// Nobody is connected while the operator chooses: no instrument is shown, and the way out writes to none.
+TEST(Ports, AreOnlyLookedAtUntilOneIsChosen) {
+    for (const int ms : {4000, 18000}) { // on the way, and behind it
+        PortsRig rig({"RT-K022", "RT-L027"});
+        rig.lines[1].Add({sim::FaultKind::Silence, 0});
+        rig.program.Start(false);
+        rig.time.RunFor(ms);
+        if (ms == 18000) {
+            EXPECT_EQ(rig.S().link.identity.Model() + rig.S().link.identity.ModelName(), "");
+        }
+        rig.Sent();
+        bool over = false;
+        rig.program.SetQuit([&over](int) { over = true; });
+        rig.program.Leave();
+        rig.time.RunFor(2000);
+        EXPECT_TRUE(over);
+        EXPECT_EQ(rig.Sent(), std::vector<std::string>()) << ms;
+    }
+}
+
 /// Chosen for him, pressed by him.
 TEST(Ports, TheOnlyOneThatAnswersIsProposed) {
     for (const bool second : {false, true}) {
