@@ -17,6 +17,7 @@ def require(truth, words):
 def measure(folder, *options, source=("--simulate", "RT-DB22:6.2")):
     """Status, answer, what stands on standard error, and the commands on the wire."""
     wire = folder / "wire"
+    wire.unlink(missing_ok=True)
     call = subprocess.run([MEASURE, *source, "--data-dir", folder / "data", "--wire", wire, "--json", *options],
                           capture_output=True, text=True, timeout=120)
     sent = [line.split(" > ", 1)[1] for line in wire.read_text().splitlines() if " > " in line] if wire.exists() else []
@@ -46,10 +47,16 @@ with tempfile.TemporaryDirectory() as name:
         require(told.count(f"{store}.ccz: damaged, counts as none.") == 1, f"{store} is not named once: {told}")
     require("POWER +43.0 dBm" in (folder / "run.txt").read_text(), "its file states another power")
 
-    # Spectrum measures IM3; nothing is sent for another order, nor for one that the band has not.
-    for options, words in ((("--method", "spectrum", "--order", "IM5"), "IM3"), (("--order", "IM11", "--band", "TETRA390"), "")):
-        status, answer, _, _ = measure(folder, "--band", "EGSM", *options)
+    # Spectrum measures IM3, and not every band has IM11: refused with the reason, before anything is sent.
+    simulated = ("--simulate", "RT-C010:6.2")
+    for options, words in ((("--band", "EGSM", "--method", "spectrum", "--order", "IM5"), "IM3, not IM5"),
+                           (("--band", "TETRA 390", "--order", "IM11"), "TETRA 390 has no IM11"),
+                           (("--band", "WiMax"), "WiMax is not carried by RT-C010")):
+        status, answer, _, sent = measure(folder, *options, source=simulated)
         require(status == 4 and words in answer["message"] and answer["verdict"] == "none", f"{options}: {status} {answer}")
+        require("#M2T1" not in sent and "#MSWL1" not in sent, f"{options}: {sent}")
+    status, answer, _, _ = measure(folder, "--band", "EGSM", "--order", "IM11", "--seconds", "1", source=simulated)
+    require((status, answer["order"]) == (0, "IM11"), f"IM11: {status} {answer}")
 
     # Readings that are spoilt, and a line that dies: no verdict is 3, with its reason and no file.
     for fault, files in (("garble:60", 1), ("silence:70", 0), ("unplug:70", 0)):
