@@ -31,7 +31,6 @@ public:
         setLabelText(LookIn, Tr("Ordner:"));
         setLabelText(FileName, Tr("Dateiname:"));
         setLabelText(FileType, Tr("Dateityp:"));
-        setLabelText(Reject, Tr("Abbrechen"));
         resize(900, 520);
         if (auto* parts = findChild<QSplitter*>())
             parts->setSizes({150, 750}); // the places' names beside the list
@@ -40,6 +39,11 @@ public:
             for (int column = 1; column < 4; ++column)
                 list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
         }
+    }
+    /// Behind the choice between saving and loading, which makes the buttons.
+    void NameButtons(std::string_view accept) {
+        setLabelText(Accept, Tr(accept));
+        setLabelText(Reject, Tr("Abbrechen"));
     }
 };
 
@@ -181,7 +185,7 @@ std::vector<std::filesystem::path> WindowOperator::FilesToOpen(std::string_view 
     std::vector<std::filesystem::path> paths;
     RoomyFileDialog dialog(Parent(), title, folder, endings);
     dialog.setFileMode(QFileDialog::ExistingFiles);
-    dialog.setLabelText(QFileDialog::Accept, Tr("Oeffnen"));
+    dialog.NameButtons("Oeffnen");
     if (dialog.exec() == QDialog::Accepted)
         for (const QString& name : dialog.selectedFiles())
             paths.push_back(PathOf(name));
@@ -195,7 +199,7 @@ std::filesystem::path WindowOperator::FileToSave(std::string_view title,
     RoomyFileDialog dialog(Parent(), title, suggestion.parent_path(), endings);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the one who writes asks
-    dialog.setLabelText(QFileDialog::Accept, Tr("Speichern"));
+    dialog.NameButtons("Speichern");
     dialog.setDefaultSuffix(first);
     // A name without an ending takes that of the kind chosen.
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, first](const QString& filter) {
