@@ -45,10 +45,9 @@ void AutoSaver::OnTimer() {
 }
 
 void AutoSaver::SaveAtEnd() {
-    m_Timer.Stop();
-    if (!std::exchange(m_Busy, false))
-        return;
-    TagAutoSaveReport(false);
+    // A run that is asked about goes on by itself: its question ends with the program.
+    if (std::exchange(m_Busy, false) && m_Document)
+        TagAutoSaveReport(false);
 }
 
 void AutoSaver::Finish() {
@@ -78,11 +77,11 @@ void AutoSaver::TagAutoSaveReport(bool mayAsk) {
     else if (!session.curve.tally.OfAll().IsComplete())
         filed.mark = "_incomplete";
     const bool asks = verdict == ResultVerdict::Failed && filed.mark.empty() && mayAsk;
-    if (asks && !user.Ask("Save FAIL  file?", "Speichern DATen File")) {
+    if (asks && !user.Ask("Save FAIL  file?", "Speichern DATen File") && !m_Program.IsLeaving()) {
         session.results.device.Number(LoweredSerial(session.results.device.Serial()));
         return;
     }
-    if (!SettleNames(filed, mayAsk))
+    if (!SettleNames(filed, mayAsk && !m_Program.IsLeaving()))
         return;
     session.results.device.Number(settings.SerialOf(filed.number));
     filed.document.deviceSerial = settings.SerialOf(filed.number);
@@ -110,11 +109,13 @@ bool AutoSaver::SettleNames(Filed& filed, bool mayAsk) const {
     if (taken.empty())
         return true;
     Operator& user = m_Program.Parts().user;
-    const Answer answer =
+    Answer answer =
         mayAsk
             ? user.AskOrElse("The file has already existed. Do you want to replace it?\n\n" + taken.string(),
                              "Speichern DATen File", "Naechste freie Nummer")
             : Answer::Other;
+    if (m_Program.IsLeaving()) // the question has gone with the window
+        answer = Answer::Other;
     if (answer != Answer::Other) {
         filed.replaces = answer == Answer::Yes;
         return true;

@@ -29,7 +29,8 @@ public:
     [[nodiscard]] bool IsBusy() const { return m_Busy; }
     /// A start was asked for: it begins behind the files.
     void StartAfterwards() { m_StartAsked = true; }
-    /// The program ends: what waits is written at once, and nothing is asked.
+    /// The program ends: what waits is written once the carriers are off, and nothing is asked.
+    void WaitForEnd() { m_Timer.Stop(); }
     void SaveAtEnd();
 
 private:

@@ -276,7 +276,7 @@ void Program::Leave() {
     m_Init.Abort();
     m_ServiceDesk.Leave();
     m_Measurement.Abandon(); // one that waited for its turn or for the instrument, too
-    m_AutoSaver.SaveAtEnd();
+    m_AutoSaver.WaitForEnd();
     m_Channel.PauseStatusPoll();
     m_ReceiverDesk.Leave();
     if (m_Platform.launcher)
@@ -317,6 +317,7 @@ void Program::Quit() {
     m_SwitchUnit.ResetMpx();
     m_Platform.timers.KillAll();
     m_Platform.comm.SetPortOpen(false);
+    m_AutoSaver.SaveAtEnd(); // painting takes its time: the carriers are off by now
     m_Receiver.Close();
     RemoveSideTool(m_Store);
     if (m_Quit)

@@ -153,9 +153,40 @@ TEST(AutoSave, TheEndOfTheProgramWaitsForTheFiles) {
     commands.Run("order", 2);
     commands.Run("load");
     EXPECT_TRUE(line.user.WasTold("Die Messung wird noch gespeichert."));
+    line.Sent();
+    bool echoed = false;
+    line.program.SetQuit([&](int) { echoed = !line.S().link.carriers.MayBeOn(); });
     line.program.Leave();
+    EXPECT_EQ(line.Names(), Names{" SN 00000.dat"}) << "the carriers come first";
+    line.time.RunFor(1200);
+    EXPECT_TRUE(echoed);
     EXPECT_TRUE(line.user.questions.empty());
     EXPECT_EQ(line.Names(), (Names{" SN 00000.dat", " SN 00000_incomplete.dat", " SN 00000_incomplete.pdf"}));
+}
+
+/// A question that is open goes with the program: what it was about is filed.
+TEST(AutoSave, WhatIsAskedAboutAtTheEndIsFiled) {
+    for (const bool failed : {true, false}) {
+        Line line;
+        line.S().curve.limit.Take(failed ? -150 : -50);
+        if (!failed) {
+            std::filesystem::create_directory(line.dir / "out");
+            std::ofstream(line.dir / "out" / " SN 00000.dat") << "old";
+        }
+        line.user.answer = false;
+        line.user.choice = Answer::No;
+        line.user.whileAsked = [&line] {
+            line.program.Leave();
+            line.time.RunFor(3000);
+        };
+        line.program.OnMeasButton();
+        ASSERT_TRUE(line.time.RunUntil([&line] { return !line.user.questions.empty(); }, 60000));
+        line.time.RunFor(1000);
+        EXPECT_EQ(line.user.questions.size(), 1U);
+        EXPECT_EQ(line.Names(), failed ? (Names{" SN 00000.dat", " SN 00000.pdf"})
+                                       : (Names{" SN 00000.dat", " SN 00001.dat", " SN 00001.pdf"}));
+        EXPECT_TRUE(line.user.messages.empty());
+    }
 }
 
 TEST(AutoSave, TheDialogsSettings) {
