@@ -20,7 +20,6 @@ constexpr int BeepMs = 100;
 constexpr int UnderTone = 1900;
 constexpr int ToneDigits = 4;
 constexpr std::array Tones{500, 1500, 2200};
-constexpr double LowestLimit = -200;
 constexpr double FastFrom = 10.0; ///< dB over the limit
 constexpr std::size_t LimitCharacters = 7;
 // shown to the operator

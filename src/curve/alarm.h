@@ -58,6 +58,7 @@ private:
 void FlipAlarm(Limit& limit, SetupStore& store);
 void FlipStamp(Limit& limit, SetupStore& store);
 
+inline constexpr double LowestLimit = -200; ///< dBm, or dBc where that is shown
 /// True for a limit that can be set, in the unit shown: 0 to -200.
 [[nodiscard]] bool IsLimit(double level);
 

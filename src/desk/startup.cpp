@@ -4,6 +4,7 @@
 #include "base/setup_store.h"
 #include "base/tenths.h"
 #include "base/text_format.h"
+#include "curve/alarm.h"
 #include "curve/plot_range.h"
 #include "desk/session.h"
 
@@ -56,7 +57,7 @@ void LoadScale(Curve& curve, SetupStore& store) {
 void LoadAlarm(Curve& curve, SetupStore& store) {
     curve.limit.SetAlarm(Digit(store, "tagWarningOn.ccz") == 0);
     curve.limit.SetStamp(Digit(store, "tagWarningStampOn.ccz") == 0);
-    if (const auto limit = store.ReadNumber("AlarmUp.ccz", 7)) {
+    if (const auto limit = store.ReadNumber("AlarmUp.ccz", 7, LowestLimit)) {
         // The store is in dBm; a limit above 0 means 0.
         const int tenths = CutTenths(*limit);
         curve.limit.Take(static_cast<float>(tenths >= 0 ? 0.0 : tenths / 10.0));

@@ -91,6 +91,8 @@ const StoreCase DamagedCases[] = {
     {"pathloss2.ccz", "0100", "loss2 0,"},
     {"pathloss2.ccz", "1 dB", "loss2 0,"},
     {"AlarmUp.ccz", "xyz", "limit -90 -90.0,"},
+    {"AlarmUp.ccz", "-200.1", "limit -90 -90.0,"},
+    {"AlarmUp.ccz", "-1e9", "limit -90 -90.0,"},
     {"tagWarningOn.ccz", "x", "alarm off 0,"},
     {"unit.ccz", "x", "dBc 0,"},
     {"loss.conf", NineLosses, "Rx 0 0 0,"}, // one character short of nine fields

@@ -1,5 +1,5 @@
-// Any bytes as a comment store, a pointer to a saved configuration, its contents, a field of the calculator, or
-// the protocol of a calibration.
+// Any bytes as a comment store, a pointer to a saved configuration, its contents, a field of the calculator,
+// or the protocol of a calibration.
 
 #include "desk/configuration.h"
 #include "fuzz/fuzz.h"
