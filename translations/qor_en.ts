@@ -1356,6 +1356,10 @@
       <translation>Open the port first!</translation>
     </message>
     <message>
+      <source>Ohne sein Protokoll beginnt der Test nicht:</source>
+      <translation>Without its protocol the test does not begin:</translation>
+    </message>
+    <message>
       <source>Okey</source>
       <translation>OK</translation>
     </message>

@@ -1356,6 +1356,10 @@
       <translation>请先打开端口！</translation>
     </message>
     <message>
+      <source>Ohne sein Protokoll beginnt der Test nicht:</source>
+      <translation>没有记录文件，测试不会开始：</translation>
+    </message>
+    <message>
       <source>Okey</source>
       <translation>确定</translation>
     </message>

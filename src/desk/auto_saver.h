@@ -26,6 +26,8 @@ public:
 
     /// A run has ended; its files wait for the echoes of the off commands, two seconds at most.
     void RunHasEnded();
+    /// A start that was asked for meanwhile is not wanted any more.
+    void DropStart() { m_StartAsked = false; }
     [[nodiscard]] bool IsBusy() const { return m_Busy; }
     /// A start was asked for: it begins behind the files.
     void StartAfterwards() { m_StartAsked = true; }

@@ -51,14 +51,20 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
                      m_Session.curve, m_Session.readout, m_Sources},
                     m_Platform, m_Store, m_Channel, m_Instrument, *this),
       m_StartButton(m_Session, m_Platform, m_Measurement, m_Connection),
+      m_Fatigue({m_Session.factory, m_Session.working, m_Session.run, m_Session.curve, m_Session.link},
+                m_Platform.timers, m_Platform.clock, m_Store.Directory(),
+                {[this] { return PressForTest(); }, [this] { DropStart(); },
+                 [this](const Outcome& outcome) { Tell(outcome); }}),
       m_Selection(m_Session, m_Platform, m_Store, m_Instrument, m_Connection),
-      m_AutoSaver(*this, m_Channel, [this] { OnMeasButton(); }),
+      m_AutoSaver(*this, m_Channel,
+                  [this] { m_Fatigue.IsOn() ? m_Fatigue.PressAfterSaving() : OnMeasButton(); }),
       m_ReceiverDesk(m_Session, m_Platform, m_Store, m_Receiver, m_ReceiverSearch, m_Instrument),
       m_ServiceDesk(m_Session, m_Platform, m_Channel, m_Measurement),
       m_Calibrations(m_Session, m_Platform, m_Store, m_Sources, m_Measurement, m_ServiceDesk,
                      [this](const Outcome& outcome) { Tell(outcome); }),
       m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }),
       m_CallTimer(m_Platform.timers, AfterCallTimer, [this] { AfterCall(); }) {
+    m_ServiceDesk.Join(m_Fatigue);
     WindowTimers& timers = m_Platform.timers;
     timers.OnTick(MarkerTimer, [this] { m_Session.markers.OnMarkerTimer(m_Session.run.IsOn()); });
     for (const int timer : BeepTimers)
@@ -135,13 +141,21 @@ void Program::AbandonRun() {
 }
 
 Outcome Program::PressStart() {
+    if (m_Session.run.IsOn() && m_Fatigue.IsOn()) {
+        m_Fatigue.Stop(); // its next press would start again
+        return Outcome::Done();
+    }
+    if (m_Session.factory.IsBusy() && !m_Session.run.IsOn())
+        return Outcome::Refused("\nHalten Messung erst!");
+    return PressForTest();
+}
+
+Outcome Program::PressForTest() {
     if (m_InCall) {
         if (m_Session.run.IsOn())
             GiveCallUp();
         return Outcome::Refused({});
     }
-    if (m_Session.factory.IsBusy() && !m_Session.run.IsOn())
-        return Outcome::Refused("\nHalten Messung erst!");
     if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn()) {
         m_AutoSaver.StartAfterwards();
         return Outcome::Done();
@@ -204,6 +218,8 @@ void Program::RunBegins() {
 }
 
 void Program::RunIsOver() {
+    if (m_RunHasBegun)
+        m_Fatigue.RunIsOver();
     AlarmState::End(m_Platform);
     if (std::exchange(m_RunHasBegun, false))
         m_AutoSaver.RunHasEnded();
@@ -270,6 +286,7 @@ void Program::Leave() {
         return;
     }
     m_Leaving = true;
+    m_Measurement.Abandon(); // a run of a service page, too, was not stopped by the operator
     m_Series.End();
     m_Channel.TakeLineBack();
     m_Connection.StopSearch();

@@ -28,6 +28,7 @@
 #include "receivers/receiver_search.h"
 #include "results/page_series.h"
 #include "results/result_files.h"
+#include "service/fatigue_test.h"
 
 #include <filesystem>
 #include <functional>
@@ -57,11 +58,16 @@ public:
     /// The start button, for the operator, and for whoever tells the outcome himself.
     void OnMeasButton() { Tell(PressStart()); }
     Outcome PressStart();
+    /// The same for the fatigue test, which refuses the operator's start while it is on.
+    Outcome PressForTest();
     void StopMeas() { m_Measurement.Stop(); }
     /// Ends a run that nobody stopped: it has no verdict but a level over the limit.
     void CutRunShort() { m_Measurement.Abandon(); }
     /// A run that was asked for and has not begun does not begin any more.
-    void DropStart() { m_Measurement.DropStart(); }
+    void DropStart() {
+        m_AutoSaver.DropStart();
+        m_Measurement.DropStart();
+    }
     /// What ends the application once the program has ended in order.
     void SetQuit(std::function<void(int exitCode)> quit) { m_Quit = std::move(quit); }
     /// The exit button: refused during a run, asks otherwise; then Leave.
@@ -89,6 +95,7 @@ public:
     [[nodiscard]] const Session& State() const { return m_Session; }
     [[nodiscard]] SetupStore& Stores() { return m_Store; }
     [[nodiscard]] const SetupStore& Stores() const { return m_Store; }
+    [[nodiscard]] FatigueTest& Fatigue() { return m_Fatigue; }
     [[nodiscard]] Selection& Select() { return m_Selection; }
     [[nodiscard]] ReceiverDesk& Receiver() { return m_ReceiverDesk; }
     [[nodiscard]] ServiceDesk& Service() { return m_ServiceDesk; }
@@ -160,6 +167,7 @@ private:
     LevelSources m_Sources;
     Measurement m_Measurement;
     StartButton m_StartButton;
+    FatigueTest m_Fatigue;
     Selection m_Selection;
     AutoSaver m_AutoSaver;
     ReceiverDesk m_ReceiverDesk;

@@ -162,7 +162,7 @@ void Job::ChoosePort() {
     ConnectionState& connection = m_Program.State().link.connection;
     const std::vector<PortEntry>& ports = connection.Ports();
     const auto isOther = [](const PortEntry& port) { return !port.isUnit; };
-    if (!connection.AwaitsChoice())
+    if (!connection.AwaitsChoice() || m_Program.Parts().comm.GetPortOpen())
         return;
     if (std::count_if(ports.begin(), ports.end(), isOther) != 1)
         return Finish(NoInstrument, "No band switch unit answers on " + PortsOf(m_Options) + ".");
