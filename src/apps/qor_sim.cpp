@@ -47,6 +47,7 @@ struct Options {
     };
     std::optional<Receiver> receiver;
     std::vector<ReceiverFault> receiverFaults;
+    std::optional<double> attenuatorDb; ///< through which the receiver hears the port itself
 };
 
 /// A pseudo-terminal whose far side is the host's serial port.
@@ -131,6 +132,8 @@ void PrintHelp() {
         "  --analyser PORT   also a spectrum analyser: SCPI on this TCP port (0: any free one), HiSLIP, "
         "VXI-11\n"
         "  --sensor[=PORT]   also a power sensor, in the same way\n"
+        "  --attenuator DB   the receiver stands at the instrument's port, behind so many dB, and hears the "
+        "carriers\n"
         "  --receiver-fault KIND[:N]  silence, garbage or cut after N messages; late: answers N ms later\n"
         "  --seed N          another device under test and other noise; default 1\n"
         "  --help            this text\n"
@@ -172,6 +175,7 @@ Options ParseArguments(int argc, char** argv) {
         Seed,
         Analyser,
         Sensor,
+        Attenuator,
         ReceiverFaultText,
         SwitchUnitSpeed,
         Help,
@@ -185,6 +189,7 @@ Options ParseArguments(int argc, char** argv) {
                                       {"seed", required_argument, nullptr, Seed},
                                       {"analyser", required_argument, nullptr, Analyser},
                                       {"sensor", optional_argument, nullptr, Sensor},
+                                      {"attenuator", required_argument, nullptr, Attenuator},
                                       {"receiver-fault", required_argument, nullptr, ReceiverFaultText},
                                       {"switch-unit", optional_argument, nullptr, SwitchUnitSpeed},
                                       {"help", no_argument, nullptr, Help},
@@ -224,6 +229,13 @@ Options ParseArguments(int argc, char** argv) {
             options.receiver = {found == Analyser ? ReceiverKind::Analyser : ReceiverKind::Nrp,
                                 PortIn(optarg ? optarg : "0")};
             break;
+        case Attenuator: {
+            char* end = nullptr;
+            options.attenuatorDb = std::strtod(optarg, &end);
+            if (*optarg < '0' || *optarg > '9' || *end || *options.attenuatorDb > 100)
+                Refuse(std::string("not an attenuation of 0 to 100 dB: ") + optarg);
+            break;
+        }
         case ReceiverFaultText:
             if (const auto fault = ParseReceiverFault(optarg))
                 options.receiverFaults.push_back(*fault);
@@ -296,6 +308,8 @@ struct ServedReceiver {
         : receiver(options.receiver->kind, instrument, options.instrument.seed), host(receiver) {
         for (const ReceiverFault& fault : options.receiverFaults)
             receiver.Add(fault);
+        if (options.attenuatorDb)
+            receiver.PutToPort(*options.attenuatorDb);
     }
 
     /// Listens and prints the addresses; false when the port that was asked for cannot be had.

@@ -12,8 +12,8 @@ enum RunTimer : int {
     spectrumwaittimer = 44,
     intervaltimer = 45,
     restarttimer = 46,
-    readbacktimer = 47,
-    readbackwaittimer = 48,
+    readbacktimer = 38,
+    readbackwaittimer = 39,
 };
 inline constexpr int CurvePeriod = 100;
 inline constexpr int AnalyserWaitPeriod = 100;

@@ -341,7 +341,7 @@ void PowerCalibration::PairIsOver(bool confirmed, const std::string& place) {
         m_Tell(Outcome::Refused("Speichern file misserfolg"));
     if (!confirmed) {
         m_Rooms.link.queue.Append(command::InputText);
-        End(Outcome::Refused("Nicht bestaetigt: " + place), "not confirmed");
+        End(Outcome::Refused("Nicht bestaetigt, Seite/Adresse: " + place), "not confirmed");
         return;
     }
     ++m_Progress.done;
