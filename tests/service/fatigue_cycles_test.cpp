@@ -15,6 +15,7 @@ struct FatigueRig : Rig {
         EXPECT_TRUE(ReadyFor(ModeSweep, twoToneSeconds));
         S().factory.Enter("740261", 0);
         EXPECT_TRUE(program.Service().PressPage(ServicePage::Test));
+        EXPECT_TRUE(time.RunUntil([this] { return !S().factory.IsBusy() && program.LineIsIdle(); }, 60000));
     }
     bool PressButton(const FatigueSettings& settings) {
         Test().Enter(settings);
