@@ -112,7 +112,8 @@ void Program::WhileCallWaits() {
     m_InCall = false;
 }
 
-void Program::GiveCallUp() {
+void Program::GiveCallUp(RunEnd how) {
+    m_Measurement.EndCallAs(how);
     m_Channel.SwitchOffNow();
     m_Receiver.BreakOff();
 }
@@ -153,7 +154,7 @@ Outcome Program::PressStart() {
 Outcome Program::PressForTest() {
     if (m_InCall) {
         if (m_Session.run.IsOn())
-            GiveCallUp();
+            GiveCallUp(RunEnd::Stopped);
         return Outcome::Refused({});
     }
     if (m_AutoSaver.IsBusy() && !m_Session.run.IsOn()) {
@@ -282,7 +283,7 @@ void Program::Leave() {
         return;
     if (m_InCall) {
         m_LeaveHeld = true;
-        GiveCallUp();
+        GiveCallUp(RunEnd::CutShort);
         return;
     }
     m_Leaving = true;

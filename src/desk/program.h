@@ -82,7 +82,7 @@ public:
     /// the start button, as a stop, and Leave are heard. They switch the carriers off at once and give the
     /// call up; the rest follows as soon as the handler has come back.
     [[nodiscard]] bool IsInCall() const { return m_InCall; }
-    void GiveCallUp();
+    void GiveCallUp(RunEnd how = RunEnd::Stopped);
     /// The status poll of an idle link, in case nothing has armed it yet.
     void ArmStatusPoll() { m_Channel.ArmStatusPoll(); }
 

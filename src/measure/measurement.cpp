@@ -83,7 +83,7 @@ void Measurement::PassIsOver() {
 bool Measurement::ReceiverAnswered() {
     const LevelSource& source = m_Rooms.sources.Current();
     if (source.IsBrokenOff())
-        EndWithin(RunEnd::Stopped);
+        EndWithin(m_CallEndsAs);
     else if (source.IsLost())
         EndWithin(RunEnd::CutShort);
     return m_Rooms.run.IsOn();

@@ -87,6 +87,8 @@ public:
     [[nodiscard]] bool HoldsLine() const;
     /// The start button with a run on.
     void Stop();
+    /// The call to a receiver under way is given up: so the run that it belongs to ends.
+    void EndCallAs(RunEnd how) { m_CallEndsAs = how; }
     /// A run that was asked for and waits for the instrument or its turn does not begin.
     void DropStart();
 
@@ -155,6 +157,7 @@ private:
     Sweep m_Sweep;
     Spectrum m_Spectrum;
     ReadBack m_ReadBack;
+    RunEnd m_CallEndsAs = RunEnd::Stopped;
     int m_Tells = 0;   ///< times that this start has told the instrument what is in force
     RunShape* m_Shape; ///< of the run in progress, or of the last one
 };

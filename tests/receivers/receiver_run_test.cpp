@@ -200,6 +200,8 @@ TEST(ReceiverRun, AStopDoesNotWaitForTheReceiver) {
         EXPECT_EQ(r.rig.program.IsLeaving(), leave);
         EXPECT_FALSE(CarriersAreOn(r.rig));
         EXPECT_TRUE(r.rig.user.questions.empty());
+        EXPECT_EQ(r.S().curve.ShownVerdict(), leave ? Verdict::None : Verdict::Passed)
+            << "the way out is no stop of the operator's";
     }
 }
 

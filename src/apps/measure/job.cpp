@@ -112,7 +112,7 @@ bool Job::IsToEnd() const {
 void Job::Look() {
     if (m_Program.IsInCall()) { // a receiver is waited for
         if (IsToEnd())
-            m_Program.GiveCallUp();
+            m_Program.GiveCallUp(RunEnd::CutShort);
         return;
     }
     if (m_Phase != Phase::Exit && m_Phase != Phase::Drain && IsToEnd())

@@ -237,7 +237,8 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     }
     if (m_Program.IsInCall()) { // heard at once; the exit's question comes when the call is over
         event->ignore();
-        m_Program.GiveCallUp();
+        if (!m_Program.State().run.IsOn()) // a run is not ended by the way out
+            m_Program.GiveCallUp(RunEnd::CutShort);
         QTimer::singleShot(300, this, [this] { close(); });
         return;
     }
