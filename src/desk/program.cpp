@@ -299,6 +299,8 @@ void Program::Leave() {
     m_ReceiverDesk.Leave();
     if (m_Platform.launcher)
         m_Platform.launcher->CloseStarted();
+    if (m_Platform.comm.GetPortOpen() && IsOurPort(m_Session.link))
+        m_Channel.Start(); // a question that is open has stopped it, and what waits is to drain
     m_CloseTicks = 0;
     m_CloseTimer.Start(ClosePeriod);
 }

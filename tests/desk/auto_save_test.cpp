@@ -175,9 +175,15 @@ TEST(AutoSave, WhatIsAskedAboutAtTheEndIsFiled) {
         }
         line.user.answer = false;
         line.user.choice = Answer::No;
-        line.user.whileAsked = [&line] {
+        std::int64_t ended = 0;
+        line.program.SetQuit([&](int) { ended = line.time.NowMs(); });
+        line.user.whileAsked = [&] {
+            line.time.RunFor(5000); // a poll waits for the answer by now
+            const std::int64_t begin = line.time.NowMs();
             line.program.Leave();
             line.time.RunFor(3000);
+            EXPECT_LT(ended - begin, 1000);
+            EXPECT_GT(ended, begin);
         };
         line.program.OnMeasButton();
         ASSERT_TRUE(line.time.RunUntil([&line] { return !line.user.questions.empty(); }, 60000));
