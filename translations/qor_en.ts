@@ -1984,6 +1984,14 @@
       <translation>The start value of SN must be a number!</translation>
     </message>
     <message>
+      <source>The table holds several results.</source>
+      <translation>The table holds several results.</translation>
+    </message>
+    <message>
+      <source>The table is cut short.</source>
+      <translation>The table is cut short.</translation>
+    </message>
+    <message>
       <source>The value of Alarm Lever cannot be empty!</source>
       <translation>The alarm limit must not be empty!</translation>
     </message>

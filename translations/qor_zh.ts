@@ -1984,6 +1984,14 @@
       <translation>序列号起始值必须为数字！</translation>
     </message>
     <message>
+      <source>The table holds several results.</source>
+      <translation>该表格包含多个结果。</translation>
+    </message>
+    <message>
+      <source>The table is cut short.</source>
+      <translation>该表格不完整。</translation>
+    </message>
+    <message>
       <source>The value of Alarm Lever cannot be empty!</source>
       <translation>告警限值不能为空！</translation>
     </message>

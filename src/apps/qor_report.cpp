@@ -33,7 +33,8 @@ public:
 
     int Run() {
         FindFiles();
-        if (!m_Options.logo.empty() && !CheckLogo())
+        NameTargets();
+        if (!CheckSummaries() || (!m_Options.logo.empty() && !CheckLogo()))
             return BadArguments;
         ConvertFiles();
         if (!m_Options.summaries.empty())
@@ -45,13 +46,18 @@ public:
     }
 
 private:
+    static std::filesystem::path RealPath(const std::filesystem::path& path) {
+        std::error_code unknown;
+        const std::filesystem::path real = std::filesystem::weakly_canonical(path, unknown);
+        return unknown ? path : real;
+    }
+
     void FindFiles() {
         std::set<std::filesystem::path> summaries;
         for (const auto& summary : m_Options.summaries)
-            summaries.insert(std::filesystem::weakly_canonical(summary));
-        std::set<std::filesystem::path> seen;
+            summaries.insert(RealPath(summary));
         const auto add = [&](const std::filesystem::path& file) {
-            if (seen.insert(std::filesystem::weakly_canonical(file)).second)
+            if (m_Inputs.insert(RealPath(file)).second)
                 m_Files.push_back(file);
         };
         for (const std::filesystem::path& input : m_Options.inputs) {
@@ -64,8 +70,8 @@ private:
             for (std::filesystem::directory_iterator at(input, failed), end; !failed && at != end;
                  at.increment(failed)) {
                 static const std::set<std::string> Read{".dat", ".txt", ".xls", ".csv"};
-                if (at->is_regular_file(failed) && Read.contains(app::EndingOf(at->path())) &&
-                    !summaries.contains(std::filesystem::weakly_canonical(at->path())))
+                if (!at->is_directory(failed) && Read.contains(app::EndingOf(at->path())) &&
+                    !summaries.contains(RealPath(at->path())))
                     inside.push_back(at->path());
             }
             if (failed)
@@ -86,6 +92,34 @@ private:
         return *m_Converter;
     }
 
+    void NameTargets() {
+        for (const std::filesystem::path& file : m_Files)
+            m_Jobs.push_back({file, {}});
+        for (const std::string& ending : m_Options.to) {
+            const auto names = OutputNames(m_Files, m_Options.outDir, ending);
+            for (std::size_t i = 0; i < m_Jobs.size(); ++i)
+                m_Jobs[i].targets.push_back(names[i]);
+        }
+    }
+
+    /// A summary takes the place of an older one, never that of a result.
+    bool CheckSummaries() {
+        for (const std::filesystem::path& summary : m_Options.summaries) {
+            const std::filesystem::path real = RealPath(summary);
+            const bool isTarget =
+                std::any_of(m_Jobs.begin(), m_Jobs.end(), [&real](const app::Conversion& job) {
+                    return std::any_of(job.targets.begin(), job.targets.end(),
+                                       [&real](const auto& target) { return RealPath(target) == real; });
+                });
+            ResultDocument document;
+            if (isTarget || m_Inputs.contains(real) || LoadResult(real, document)) {
+                Fail(BadArguments, "--summary " + summary.string() + ": there is a result of that name.");
+                return false;
+            }
+        }
+        return true;
+    }
+
     bool CheckLogo() {
         const std::unique_ptr<PageForms> pictures = app::MakePageForms();
         const Outcome good = app::Converter(m_Options, pictures.get()).Prepare();
@@ -95,14 +129,6 @@ private:
     }
 
     void ConvertFiles() {
-        std::vector<app::Conversion> jobs;
-        for (const std::filesystem::path& file : m_Files)
-            jobs.push_back({file, {}});
-        for (const std::string& ending : m_Options.to) {
-            const auto names = OutputNames(m_Files, m_Options.outDir, ending);
-            for (std::size_t i = 0; i < jobs.size(); ++i)
-                jobs[i].targets.push_back(names[i]);
-        }
         if (m_Options.to.empty())
             return;
         if (!m_Options.outDir.empty()) {
@@ -110,37 +136,34 @@ private:
             std::filesystem::create_directories(m_Options.outDir, ignored);
         }
         ConvertAll(
-            jobs, m_Options.jobs,
+            m_Jobs, m_Options.jobs,
             [this]() -> std::function<app::Converted(const app::Conversion&)> {
                 return [&converter = Ready()](const app::Conversion& job) { return converter.Convert(job); };
             },
             [&](std::size_t index, const app::Converted& converted) {
-                ShowProgress(jobs[index].source, jobs.size());
+                ShowProgress(m_Jobs[index].source, m_Jobs.size());
                 if (converted.what == app::Converted::What::Done) {
-                    for (const auto& target : jobs[index].targets)
+                    for (const auto& target : m_Jobs[index].targets)
                         m_Written.push_back(target.string());
                     return;
                 }
-                m_Bad.insert(jobs[index].source);
+                m_Bad.insert(m_Jobs[index].source);
                 Fail(converted.what == app::Converted::What::NotRead ? NotAllRead : NotAllWritten,
                      converted.problem);
             });
     }
 
     void WriteSummaries() {
-        std::vector<SeriesRun> runs;
         app::Converter plain(m_Options, nullptr);
-        const auto files = OneFilePerRun(m_Files);
         m_Done = 0;
-        for (const std::filesystem::path& file : files) {
-            ShowProgress(file, files.size());
-            ResultDocument document;
-            const Outcome read = plain.Load(file, document);
-            if (read)
-                runs.push_back(SeriesRunOf(document));
-            else if (!m_Bad.contains(file))
+        const auto load = [&](const std::filesystem::path& file, ResultDocument& document) {
+            ShowProgress(file, m_Files.size());
+            return plain.Load(file, document);
+        };
+        auto runs = LoadRuns(m_Files, load, [this](const std::filesystem::path& file, const Outcome& read) {
+            if (!m_Bad.contains(file))
                 Fail(NotAllRead, read.Text());
-        }
+        });
         const SeriesSummary summary = Summarise(std::move(runs));
         for (const std::filesystem::path& path : m_Options.summaries) {
             const std::string ending = app::EndingOf(path);
@@ -205,7 +228,9 @@ private:
     std::size_t m_Done = 0;
     int m_Status = AllDone;
     std::vector<std::filesystem::path> m_Files;
-    std::set<std::filesystem::path> m_Bad; ///< sources that were named already
+    std::set<std::filesystem::path> m_Inputs; ///< the same, by the ways that lead to them
+    std::vector<app::Conversion> m_Jobs;      ///< one for each file
+    std::set<std::filesystem::path> m_Bad;    ///< sources that were named already
     std::vector<std::string> m_Written;
     std::vector<std::string> m_Problems;
     std::unique_ptr<QCoreApplication> m_Application;

@@ -70,7 +70,8 @@ Outcome SetAutoSaveSeries(Program& program, const std::string& name, const std::
         return Outcome::Refused(std::string(NoSeparators));
     std::string below = folder;
     std::replace(below.begin(), below.end(), '\\', '/');
-    const std::filesystem::path whole = std::filesystem::path(settings.Path()).parent_path() / below;
+    const std::filesystem::path whole = std::filesystem::path(settings.Path()).parent_path() /
+                                        std::filesystem::path(below).relative_path(); // never beside it
     std::error_code failed;
     std::filesystem::create_directories(whole, failed);
     if (failed || !std::filesystem::is_directory(whole, failed))

@@ -9,6 +9,9 @@
 #include "results/result_forms.h"
 #include "results/series_forms.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace qor {
 
 std::vector<std::filesystem::path> FilesOf(const ResultList& list) {
@@ -22,20 +25,19 @@ std::vector<std::filesystem::path> FilesOf(const ResultList& list) {
 
 ListStatistics StatisticsOfList(const Program& program) {
     ListStatistics statistics;
-    std::vector<SeriesRun> runs;
     const auto limit = ViewOf(program).limit;
-    for (const std::filesystem::path& file : OneFilePerRun(FilesOf(program.State().results.list))) {
-        ResultDocument document;
-        if (const Outcome read = LoadResult(file, document); !read) {
-            statistics.problems.push_back(read.Text());
-            continue;
-        }
-        if (!document.limit) { // judged by the one in force, as when it is shown
+    const auto load = [limit](const std::filesystem::path& file, ResultDocument& document) {
+        Outcome read = LoadResult(file, document);
+        if (read && !document.limit) { // judged by the one in force, as when it is shown
             document.limit = limit;
             JudgeRows(document);
         }
-        runs.push_back(SeriesRunOf(document));
-    }
+        return read;
+    };
+    auto runs = LoadRuns(FilesOf(program.State().results.list), load,
+                         [&](const std::filesystem::path&, const Outcome& read) {
+                             statistics.problems.push_back(read.Text());
+                         });
     statistics.summary = Summarise(std::move(runs));
     return statistics;
 }
@@ -46,7 +48,9 @@ Outcome SaveStatistics(Program& program, const SeriesSummary& summary) {
         "Statistik", program.State().results.list.Folder() / "Statistik.pdf", "*.pdf *.csv *.json");
     if (path.empty() || !MayReplace(user, path))
         return Outcome::Refused({});
-    const std::string ending = path.extension().string();
+    std::string ending = path.extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     const PageForms* pictures = program.Parts().pictures;
     const std::string bytes = ending == ".csv"    ? FormatSeriesCsv(summary)
                               : ending == ".json" ? FormatSeriesJson(summary)

@@ -20,10 +20,11 @@ struct PageForm {
     std::string_view ending;
     std::string_view endings; ///< as a file dialog has them
     std::string_view store;
+    bool besideFiles; ///< where a series is proposed; else in the folder of the last one
 };
-constexpr PageForm Pdf{".pdf", "*.pdf", "LastPdfPath.ccz"};
-constexpr PageForm Jpg{".jpg", "*.jpg", "LastJpgPath.ccz"};
-constexpr PageForm Bmp{".bmp", "*.bmp", "LastBmpPath.ccz"};
+constexpr PageForm Pdf{".pdf", "*.pdf", "LastPdfPath.ccz", true};
+constexpr PageForm Jpg{".jpg", "*.jpg", "LastJpgPath.ccz", false};
+constexpr PageForm Bmp{".bmp", "*.bmp", "LastBmpPath.ccz", false};
 
 std::filesystem::path WithEnding(std::filesystem::path path, std::string_view ending) {
     std::string text = path.extension().string();
@@ -34,11 +35,14 @@ std::filesystem::path WithEnding(std::filesystem::path path, std::string_view en
     return path;
 }
 
+std::filesystem::path LastFolder(const Program& program, const PageForm& form) {
+    const std::filesystem::path last = program.Stores().Read(form.store, LongestPath).value_or("");
+    return last.empty() ? program.State().results.list.Folder() : last.parent_path();
+}
+
 std::filesystem::path ProposedPath(const Desk& desk, const PageForm& form) {
     const Program& program = desk.program;
-    const std::filesystem::path last = program.Stores().Read(form.store, LongestPath).value_or("");
-    const std::filesystem::path folder =
-        last.empty() ? program.State().results.list.Folder() : last.parent_path();
+    const std::filesystem::path folder = LastFolder(program, form);
     const std::string& serial = program.State().results.device.Serial();
     return folder / ((serial.empty() ? "qor" : serial) + std::string(form.ending));
 }
@@ -73,7 +77,9 @@ bool SettleExisting(Operator& user, std::vector<PageSeries::Page>& pages) {
 Outcome SaveSeries(Desk& desk, const PageForm& form) {
     Program& program = desk.program;
     const std::vector<std::filesystem::path> files = FilesOf(program.State().results.list);
-    const std::filesystem::path first = OutputNames({files.front()}, {}, form.ending).front();
+    const std::filesystem::path folder =
+        form.besideFiles ? files.front().parent_path() : LastFolder(program, form);
+    const std::filesystem::path first = OutputNames({files.front()}, folder, form.ending).front();
     const std::filesystem::path chosen = AskPath(desk, form, first);
     if (chosen.empty())
         return Outcome::Done();

@@ -248,6 +248,28 @@ void ReadMark(std::string_view text, ResultDocument& document) {
     JudgeRows(document);
 }
 
+/// Takes what stands behind the text off its end: from the zero byte on, or from a mark whose zero byte an
+/// editor has made into something else.
+std::string TakeBehindZero(std::string& comment) {
+    std::size_t end = comment.find('\0');
+    std::size_t begin = end + 1;
+    if (end == std::string::npos) {
+        begin = end = comment.rfind(MarkHead);
+        if (end == std::string::npos)
+            return {};
+        const std::string_view words = std::string_view(comment).substr(end + MarkHead.size());
+        if (!VerdictOfWord(words.substr(0, words.find(' '))))
+            return {};
+        for (const std::string_view instead : {" ", "\xEF\xBF\xBD"}) {
+            if (std::string_view(comment).substr(0, end).ends_with(instead))
+                end -= instead.size();
+        }
+    }
+    std::string behind = comment.substr(begin);
+    comment.resize(end);
+    return behind;
+}
+
 /// "Limit Line:", "Ser No: " and the comment; what follows a zero byte goes to behindZero. False when the
 /// limit is missing or cut short.
 bool ReadTrailer(Lines& lines, ResultDocument& document, std::string& behindZero) {
@@ -271,11 +293,9 @@ bool ReadTrailer(Lines& lines, ResultDocument& document, std::string& behindZero
     else
         lines.BackTo(behind);
     document.comment = lines.Rest();
-    if (const std::size_t end = document.comment.find('\0'); end != std::string::npos)
-        behindZero = document.comment.substr(end + 1);
-    // What follows a zero byte is no text.
-    for (std::string* text : {&document.deviceSerial, &document.comment})
-        text->erase(std::find(text->begin(), text->end(), '\0'), text->end());
+    behindZero = TakeBehindZero(document.comment);
+    std::string& serial = document.deviceSerial; // what follows a zero byte is no text
+    serial.erase(std::find(serial.begin(), serial.end(), '\0'), serial.end());
     return true;
 }
 

@@ -14,8 +14,11 @@ std::filesystem::path Beside(const std::filesystem::path& source, const std::fil
     return (folder.empty() ? source.parent_path() : folder) / name;
 }
 
+/// The same for every way that leads to a file.
 std::string Key(const std::filesystem::path& path) {
-    return std::filesystem::absolute(path).lexically_normal().string();
+    std::error_code unknown; // of a folder that cannot be looked into: its name alone tells
+    const std::filesystem::path real = std::filesystem::weakly_canonical(path, unknown);
+    return (unknown ? std::filesystem::absolute(path).lexically_normal() : real).string();
 }
 
 } // namespace

@@ -119,6 +119,32 @@ void Measure(SeriesStatistics& kind, const std::vector<SeriesRun>& runs) {
     kind.spread = SpreadOf(runs, kind.runs);
 }
 
+/// A level as its file states it. One in dBc is known below the carrier alone: a sheet rounds that.
+double Stated(const ResultDocument& document, const ResultPoint& point, bool inDbc) {
+    return static_cast<double>(inDbc ? InUnit(document, point.level) : point.level);
+}
+
+bool IsSameHalf(const ResultDocument& a, const std::vector<ResultPoint>& of, const ResultDocument& b,
+                const std::vector<ResultPoint>& other) {
+    constexpr double Hair = 0.0111; ///< two roundings of a hundredth
+    const auto next = [](const std::vector<ResultPoint>& points, std::size_t& at) {
+        while (at < points.size() && !points[at].HasLevel())
+            ++at;
+        return at < points.size();
+    };
+    const bool inDbc = a.inDbc && b.inDbc;
+    for (std::size_t i = 0, j = 0;; ++i, ++j) {
+        const bool more = next(of, i);
+        if (more != next(other, j))
+            return false;
+        if (!more)
+            return true;
+        if (ToTenths(of[i].x) != ToTenths(other[j].x) ||
+            std::abs(Stated(a, of[i], inDbc) - Stated(b, other[j], inDbc)) > Hair)
+            return false;
+    }
+}
+
 /// A name without its ending, and how welcome that is.
 std::pair<std::string, int> RunName(const std::filesystem::path& file) {
     static constexpr std::string_view Endings[] = {".dat", ".txt", ".csv", ".xls"};
@@ -182,22 +208,48 @@ SeriesSummary Summarise(std::vector<SeriesRun> runs) {
     return summary;
 }
 
-std::vector<std::filesystem::path> OneFilePerRun(const std::vector<std::filesystem::path>& files) {
-    std::map<std::string, int> best;
-    for (const std::filesystem::path& file : files) {
-        const auto [name, rank] = RunName(file);
-        const auto [at, isNew] = best.emplace(name, rank);
-        at->second = std::min(at->second, rank);
-    }
-    std::vector<std::filesystem::path> kept;
-    for (const std::filesystem::path& file : files) {
-        const auto [name, rank] = RunName(file);
-        if (const auto at = best.find(name); at != best.end() && at->second == rank) {
-            kept.push_back(file);
-            best.erase(at); // a run has two sheets
+bool IsSameRun(const ResultDocument& a, const ResultDocument& b) {
+    if (a.method != b.method || a.order != b.order || a.runs.empty() || b.runs.empty())
+        return false;
+    if (!a.date.empty() && !b.date.empty() && a.date != b.date)
+        return false;
+    return IsSameHalf(a, a.runs.back().up, b, b.runs.back().up) &&
+           IsSameHalf(a, a.runs.back().down, b, b.runs.back().down);
+}
+
+std::vector<SeriesRun>
+LoadRuns(const std::vector<std::filesystem::path>& files,
+         const std::function<Outcome(const std::filesystem::path&, ResultDocument&)>& load,
+         const std::function<void(const std::filesystem::path&, const Outcome&)>& refused) {
+    std::map<std::string, std::vector<std::size_t>> names;
+    for (std::size_t i = 0; i < files.size(); ++i)
+        names[RunName(files[i]).first].push_back(i);
+    std::vector<std::optional<SeriesRun>> runs(files.size());
+    for (auto& [name, indices] : names) {
+        std::stable_sort(indices.begin(), indices.end(), [&](std::size_t a, std::size_t b) {
+            return RunName(files[a]).second < RunName(files[b]).second;
+        });
+        std::vector<ResultDocument> counted;
+        for (const std::size_t index : indices) {
+            ResultDocument document;
+            if (const Outcome read = load(files[index], document); !read) {
+                refused(files[index], read);
+                continue;
+            }
+            if (std::any_of(counted.begin(), counted.end(),
+                            [&](const ResultDocument& other) { return IsSameRun(other, document); }))
+                continue;
+            runs[index] = SeriesRunOf(document);
+            if (indices.size() > 1)
+                counted.push_back(std::move(document));
         }
     }
-    return kept;
+    std::vector<SeriesRun> found;
+    for (auto& run : runs) {
+        if (run)
+            found.push_back(std::move(*run));
+    }
+    return found;
 }
 
 std::optional<double> MeanOf(const std::vector<double>& values) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "base/outcome.h"
 #include "results/result_document.h"
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -105,10 +107,17 @@ struct SeriesSummary {
 };
 [[nodiscard]] SeriesSummary Summarise(std::vector<SeriesRun> runs);
 
-/// Files without those that hold a run another one holds as well: of names that differ in their ending alone,
-/// or in the "_sweep" and "_detail" of sheets, a .dat goes before .txt, .csv and .xls. The order stays.
-[[nodiscard]] std::vector<std::filesystem::path>
-OneFilePerRun(const std::vector<std::filesystem::path>& files);
+/// True when both hold the last run of the same measurement, as far as their forms state it: day, method,
+/// order, and every level to the hundredth. The time of a file is that of its writing.
+[[nodiscard]] bool IsSameRun(const ResultDocument& a, const ResultDocument& b);
+
+/// The runs of the files of a series. One that was filed in several forms counts once: of names that differ
+/// in their ending alone, or in the "_sweep" and "_detail" of sheets, and hold the same run, a .dat goes
+/// before .txt, .csv and .xls. `load` reads a file; one that it refuses is told to `refused` and left out.
+[[nodiscard]] std::vector<SeriesRun>
+LoadRuns(const std::vector<std::filesystem::path>& files,
+         const std::function<Outcome(const std::filesystem::path&, ResultDocument&)>& load,
+         const std::function<void(const std::filesystem::path&, const Outcome&)>& refused);
 
 // Single rules, on plain numbers.
 [[nodiscard]] std::optional<double> MeanOf(const std::vector<double>& values);

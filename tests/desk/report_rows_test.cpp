@@ -173,8 +173,10 @@ TEST(ReportRows, ASeriesAsksOnceAboutWhatIsThereAndCanBeEnded) {
     EXPECT_NE(FileText(desk.folder / "1.jpg"), "old");
     EXPECT_EQ(desk.Files(".jpg"), 5);
 
+    desk.Store().Write("LastBmpPath.ccz", "/pictures/of/last.bmp");
     desk.user.fileToSave = desk.folder / "0.bmp";
     desk.commands.Run("save_bmp");
+    EXPECT_EQ(desk.user.suggestions.back(), "/pictures/of/0.bmp") << "pictures go where the last ones went";
     ASSERT_TRUE(desk.program.Series().IsOn());
     desk.program.Leave();
     EXPECT_FALSE(desk.program.Series().IsOn());

@@ -108,6 +108,11 @@ def main():
                   ["--to", "csv", "--data-dir", folder / "nowhere"], ["--to", "pdf", "--logo", folder / "bad.dat"]):
         call(report, folder / "r0.dat", *wrong, status=4)
     call(report, "--to", "pdf", status=4)
+    call(report, folder / "r0.dat", "--to", "csv")
+    r0 = (folder / "r0.csv").read_bytes()
+    for words in ([folder / "r1.dat", "--to", "csv"], [folder / "r0.csv"], [folder]):  # no summary goes over a result
+        call(report, *words, "--summary", folder / ("r1.csv" if len(words) > 1 else "r0.csv"), status=4)
+    assert (folder / "r0.csv").read_bytes() == r0 and not (folder / "r1.csv").exists()
     stores = sorted(path.name for path in (folder / "stores").iterdir())
     call(report, folder / "r0.dat", "--to", "pdf", "--data-dir", folder / "stores")
     assert stores == sorted(path.name for path in (folder / "stores").iterdir())

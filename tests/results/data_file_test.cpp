@@ -293,6 +293,14 @@ TEST(DataFile, NoFileComesBackBetterThanItsRunWas) {
         EXPECT_EQ(ParseResult(std::string(TwoToneText) + '\0' + damaged).document->verdict, V::None)
             << damaged;
     EXPECT_EQ(ParseResult(std::string(TwoToneText) + '\0' + "rest").document->verdict, V::Passed);
+    for (const char* edited : {" ", "\xEF\xBF\xBD", ""}) { // what an editor makes of the zero byte
+        const ResultDocument read =
+            *ParseResult(TwoToneText + std::string(edited) + "QOR1 none 3 28").document;
+        EXPECT_EQ(read.verdict, V::None);
+        EXPECT_EQ(read.comment, "first line\nsecond") << edited;
+    }
+    EXPECT_EQ(ParseResult(std::string(TwoToneText) + " QOR1 plant").document->comment,
+              "first line\nsecond QOR1 plant");
     EXPECT_EQ(ParseResult(With("-120.50", "0000.00")).document->verdict, V::None) << "a gap is not complete";
 }
 

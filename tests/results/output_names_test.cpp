@@ -1,4 +1,5 @@
 #include "results/output_names.h"
+#include "support/temp_dir.h"
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,11 @@ TEST(OutputNames, NothingFallsOnAnotherOrOnAnInput) {
               (Paths{"/out/1.dat.csv", "/out/1.dat_2.csv", "/out/1.dat_3.csv"}));
     EXPECT_EQ(OutputNames({"/a/abcd", "/a/1.da"}, {}, ".jpg"), (Paths{"/a/abcd.jpg", "/a/1.da.jpg"}));
     EXPECT_EQ(OutputNames({"1.dat"}, "", ".pdf"), (Paths{"1.pdf"}));
+    const test::TempDir dir; // an input by another way than its output
+    std::filesystem::create_directory(dir.Path() / "real");
+    std::filesystem::create_directory_symlink(dir.Path() / "real", dir.Path() / "link");
+    EXPECT_EQ(OutputNames({dir.Path() / "link" / "1.txt"}, dir.Path() / "real", ".txt"),
+              Paths{dir.Path() / "real" / "1.txt.txt"});
 }
 
 } // namespace

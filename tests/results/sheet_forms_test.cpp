@@ -167,6 +167,7 @@ void ExpectSameHead(const ResultDocument& read, const ResultDocument& written, c
     EXPECT_EQ(read.plan.f2Stop, plan.f2Stop);
     EXPECT_EQ(read.model, written.model);
     EXPECT_EQ(read.serial, written.serial);
+    EXPECT_EQ(read.receiver, written.receiver);
     EXPECT_EQ(read.date, written.date);
     EXPECT_EQ(read.time, written.time);
 }
@@ -192,6 +193,7 @@ TEST(SheetForms, FiveHundredCurvesComeBackFromEveryForm) {
             ASSERT_TRUE(WriteXls(written, DetailForm, bytes));
             ASSERT_TRUE(ReadSheet(bytes, read));
             ExpectSame(read, written, seed);
+            EXPECT_EQ(read.receiver, written.receiver);
         }
         ASSERT_TRUE(WriteCsv(written, bytes));
         const Outcome outcome = ReadCsv(bytes, read);
@@ -271,10 +273,10 @@ TEST(CsvTable, ItHoldsAllRunsAndWhatWasSent) {
     EXPECT_EQ(bytes.substr(0, bytes.find("\r\n")),
               "run,half,time_s,f1_mhz,f2_mhz,im_mhz,level,unit,power1_dbm,power2_dbm,band,receive_band,order,"
               "method,f1_held_mhz,f1_start_mhz,f1_stop_mhz,f2_held_mhz,f2_start_mhz,f2_stop_mhz,model,serial,"
-              "device_serial,date,limit,verdict,points_taken,points_asked");
+              "device_serial,date,limit,verdict,points_taken,points_asked,receiver,rows");
     const std::string rest =
         "dBm,43.00,42.50,EGSM 900,,3,sweep,925.000,925.000,937.000,960.000,960.000,946.000,"
-        "RT-DB22,S1,\"A \"\"17\"\", left\",2026-03-07 09:05,-90.00,failed,0,0\r\n";
+        "RT-DB22,S1,\"A \"\"17\"\", left\",2026-03-07 09:05,-90.00,failed,0,0,,5\r\n";
     std::string rows;
     for (const char* row : {"1,up,,925.000,960.000,890.000,-60.00,", "2,up,,925.000,960.000,890.000,-98.70,",
                             "2,up,,926.000,960.000,892.000,0.01,", "2,down,,925.000,959.500,890.500,-120.50,",
@@ -295,9 +297,21 @@ TEST(CsvTable, ItHoldsAllRunsAndWhatWasSent) {
                                    {"03-07", "03/07"},
                                    {",0,0", ",-1,0"}}) {
         std::string damaged = bytes;
-        damaged.replace(damaged.find(from, 300), std::string_view(from).size(), to);
+        damaged.replace(damaged.find(from, damaged.find('\n')), std::string_view(from).size(), to);
         EXPECT_EQ(ReadCsv(damaged, read).Text(), "One of its data rows is damaged.") << to;
     }
+    // The same table cut anywhere, or with another result below it.
+    const std::size_t first = bytes.find("\r\n", bytes.find("\r\n") + 2);
+    for (std::size_t length = first; length + 2 < bytes.size(); ++length)
+        EXPECT_FALSE(ReadCsv(bytes.substr(0, length), read)) << length;
+    EXPECT_EQ(ReadCsv(bytes + rows, read).Text(), "One of its data rows is damaged.");
+    document.limit = -120.0f;
+    std::string other;
+    ASSERT_TRUE(WriteCsv(document, other));
+    EXPECT_EQ(ReadCsv(bytes + other.substr(other.find("\r\n") + 2), read).Text(),
+              "The table holds several results.");
+    EXPECT_TRUE(ReadCsv("half,level,unit,order,im_mhz\n\nup,-98.7,dBc,5,890.5\n", read));
+    EXPECT_TRUE(read.inDbc) << "behind an empty line";
 }
 
 } // namespace

@@ -120,10 +120,28 @@ TEST(Statistics, Histograms) {
 }
 
 TEST(Statistics, ARunInSeveralFilesCountsOnce) {
-    using Paths = std::vector<std::filesystem::path>;
-    EXPECT_EQ(OneFilePerRun({"a/1.xls", "a/1.TXT", "a/1.DAT", "b/1.txt", "a/2.csv", "a/2_sweep.xls",
-                             "a/3_detail.xls", "a/3_sweep.xls", "a/4_sweep.dat"}),
-              (Paths{"a/1.DAT", "b/1.txt", "a/2.csv", "a/3_detail.xls", "a/4_sweep.dat"}));
+    std::string refused;
+    const auto load = [](const std::filesystem::path& file, ResultDocument& document) {
+        const std::string name = file.filename().string();
+        document = Sweep(name, {-100, name[0] == 'x' && name.ends_with("csv") ? -95.0f : -101.0f}, Passed);
+        document.runs[0].up.push_back({902.0, name.ends_with("xls") ? -101.004f : -101.0f});
+        if (name.ends_with("txt"))
+            document.time = "09:07"; // written later
+        if (name == "y.dat")
+            return Outcome::Refused("no result");
+        return Outcome::Done();
+    };
+    std::string counted;
+    for (const SeriesRun& run :
+         LoadRuns({"a/1.xls", "a/1.TXT", "a/1.DAT", "b/1.txt", "a/2.csv", "a/2_sweep.xls", "a/3_detail.xls",
+                   "a/3_sweep.xls", "a/4_sweep.dat", "x.dat", "x.csv", "y.dat", "y.txt"},
+                  load, [&](const std::filesystem::path&file, const Outcome&) { refused += file.string(); }))
+        counted += run.device + " ";
+    EXPECT_EQ(counted, "1.DAT 1.txt 2.csv 3_detail.xls 4_sweep.dat x.dat x.csv y.txt ")
+        << "another run under the same name counts, and so does a twin of one that cannot be read";
+    EXPECT_EQ(refused, "y.dat");
+    EXPECT_FALSE(IsSameRun(Sweep("", {-100, 0}, Passed), Sweep("", {-100, 0, -100}, Passed)));
+    EXPECT_TRUE(IsSameRun(Sweep("", {-100, 0}, Passed), Sweep("", {-100}, Failed)));
 }
 
 TEST(Statistics, AsTableAndAsObject) {

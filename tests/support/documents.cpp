@@ -26,6 +26,8 @@ ResultDocument RandomDocument(unsigned seed, ResultMethod method, std::size_t po
     document.inDbc = upTo(1) == 1;
     document.model = "RT-DB22";
     document.serial = "SIM01";
+    if (seed % 5 == 0)
+        document.receiver = "R&S,FSV-7,\"101\",1.0";
     document.date = "20260307";
     document.time = "09:05";
 

@@ -22,6 +22,17 @@ QString Filters(std::string_view endings) {
     return filters.join(QStringLiteral(";;"));
 }
 
+/// Signs of files by their kind alone: to look into them could take for ever, in a pipe or on a disk that
+/// does not answer.
+class PlainIcons final : public QFileIconProvider {
+public:
+    using QFileIconProvider::icon;
+    [[nodiscard]] QIcon icon(const QFileInfo& info) const override {
+        return icon(info.isDir() ? QAbstractFileIconProvider::Folder : QAbstractFileIconProvider::File);
+    }
+    [[nodiscard]] QString type(const QFileInfo& info) const override { return info.suffix(); }
+};
+
 /// A file dialog wide enough for long names beside size, kind and date.
 class RoomyFileDialog final : public QFileDialog {
 public:
@@ -32,6 +43,8 @@ public:
         setLabelText(FileName, Tr("Dateiname:"));
         setLabelText(FileType, Tr("Dateityp:"));
         resize(900, 520);
+        static auto* const icons = new PlainIcons; // the dialog's thread has it until the program ends
+        setIconProvider(icons);
         if (auto* parts = findChild<QSplitter*>())
             parts->setSizes({150, 750}); // the places' names beside the list
         if (auto* list = findChild<QTreeView*>()) {
@@ -214,7 +227,12 @@ std::filesystem::path WindowOperator::FileToSave(std::string_view title,
 }
 
 std::filesystem::path WindowOperator::Folder(std::string_view title, const std::filesystem::path& start) {
-    return PathOf(QFileDialog::getExistingDirectory(Parent(), Tr(title), Plain(start.string())));
+    RoomyFileDialog dialog(Parent(), title, start, {});
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return PathOf(dialog.selectedFiles().constFirst());
 }
 
 bool WindowOperator::Progress(std::string_view what, int done, int total) {

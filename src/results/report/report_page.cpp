@@ -54,6 +54,7 @@ constexpr Words Headings[] = {
     {"Meist Posten:", "Worst Point:"},
     {"Messung Datum:", "Test Date:"},
 };
+constexpr Words ReceiverWords{"Empfaenger:", "Receiver:"};
 constexpr Words Reflection{"Reflex Modell", "Reflection"};
 constexpr Words Transmission{"Uegerbegen Modell", "Transmission"};
 constexpr Words TwoToneMode{"2 Ton Modell", "2 Tone Mode"};
@@ -239,6 +240,12 @@ ReportPage LayOutPage(const ResultDocument& document, const ReportExtras& extras
             page.texts.push_back({HeadingColumn, y, std::string(heading), RowFont, TextColour});
         if (!values[row - 1].empty())
             page.texts.push_back({ValueColumn, y, values[row - 1], RowFont, TextColour});
+    }
+    if (!document.receiver.empty()) { // below the rows that every page has
+        const int y = static_cast<int>(values.size() + 1) * RowStep + RowsTop;
+        page.texts.push_back(
+            {HeadingColumn, y, std::string(ReceiverWords.In(language)), RowFont, TextColour});
+        page.texts.push_back({ValueColumn, y, document.receiver, RowFont, TextColour});
     }
     std::vector<PageText> below;
     const int bottom = AddResultRows(below, document, extras);

@@ -85,6 +85,7 @@ public:
             const auto at = std::find(m_Fields.begin(), m_Fields.end(), CsvNames[i]);
             m_Places[i] = at != m_Fields.end() ? static_cast<std::size_t>(at - m_Fields.begin()) : NoColumn;
         }
+        m_Columns = m_Fields.size();
         using enum CsvColumn;
         const auto known = [this](CsvColumn c) { return m_Places[static_cast<std::size_t>(c)] != NoColumn; };
         return known(Half) && known(Level) && known(Unit) && known(Order) && (known(Time) || known(Im));
@@ -107,9 +108,25 @@ public:
         return true;
     }
     [[nodiscard]] bool IsEmptyLine() const { return m_Fields.size() == 1 && m_Fields.front().empty(); }
+    [[nodiscard]] bool IsWholeLine() const { return m_Fields.size() >= m_Columns; }
+    /// True as long as all lines state the same of the whole result.
+    bool IsOneResult() {
+        const bool first = m_Whole.empty();
+        m_Whole.resize(CsvNames.size());
+        for (auto column = static_cast<std::size_t>(CsvColumn::Unit); column < CsvNames.size(); ++column) {
+            const std::string_view text = Text(static_cast<CsvColumn>(column));
+            if (first)
+                m_Whole[column] = text;
+            else if (m_Whole[column] != text)
+                return false;
+        }
+        return true;
+    }
 
 private:
     std::vector<std::string> m_Fields;
+    std::vector<std::string> m_Whole; ///< of the first line, from the unit on
+    std::size_t m_Columns = 0;
     std::array<std::size_t, CsvNames.size()> m_Places{};
 };
 
@@ -153,6 +170,7 @@ bool ReadWhole(const Table& table, ResultDocument& document) {
     document.model = table.Text(Model);
     document.serial = table.Text(Serial);
     document.deviceSerial = table.Text(DeviceSerial);
+    document.receiver = table.Text(Receiver);
     document.verdict = VerdictOfWord(table.Text(Verdict)).value_or(ResultVerdict::None);
     return true;
 }
@@ -165,9 +183,8 @@ bool ReadPoint(const Table& table, ResultDocument& document) {
     std::size_t run = 1;
     ResultPoint point;
     if ((half == "time") != timed || (!timed && half != "up" && half != "down") ||
-        table.Text(Unit) != UnitText(document) || table.Text(timed ? Time : Im).empty() ||
-        !table.Read(timed ? Time : Im, point.x) || point.x < (timed ? 0.0 : LeastFrequency) ||
-        !table.Read(Level, point.level) || !table.Read(Run, run))
+        table.Text(timed ? Time : Im).empty() || !table.Read(timed ? Time : Im, point.x) ||
+        point.x < (timed ? 0.0 : LeastFrequency) || !table.Read(Level, point.level) || !table.Read(Run, run))
         return false;
     if (run == document.runs.size() + 1 && run <= MostRuns)
         document.runs.emplace_back();
@@ -192,16 +209,24 @@ Outcome ReadCsv(std::string_view bytes, ResultDocument& document) {
         return Outcome::Refused("This is not a result file.");
     ResultDocument found;
     std::size_t points = 0;
-    for (bool first = true; table.ReadLine(lines); first = false) {
+    std::size_t rows = 0; // that it says it has; 0: it does not
+    while (table.ReadLine(lines)) {
         if (table.IsEmptyLine())
             continue;
         if (++points > MostPoints)
             return Outcome::Refused("The file is too large for a result.");
         if (!table.Text(CsvColumn::InterBand).empty())
             return Outcome::Refused("A result between bands cannot be shown.");
-        if ((first && !ReadWhole(table, found)) || !ReadPoint(table, found))
+        if (!table.IsOneResult())
+            return Outcome::Refused("The table holds several results.");
+        const bool first = points == 1;
+        if (!table.IsWholeLine() ||
+            (first && !(ReadWhole(table, found) && table.Read(CsvColumn::Rows, rows))) ||
+            !ReadPoint(table, found))
             return Outcome::Refused("One of its data rows is damaged.");
     }
+    if (rows != 0 && rows != points)
+        return Outcome::Refused("The table is cut short.");
     if (found.runs.empty() || PointsOf(found) == 0)
         return Outcome::Refused("The file holds no measured level.");
     const auto goesOn = [](const ResultRun& run) { return TimesGoOn(run.up); };

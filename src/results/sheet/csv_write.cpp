@@ -4,6 +4,9 @@
 #include "results/sheet/csv_table.h"
 #include "results/sheet/stated_values.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace qor {
 
 namespace {
@@ -27,6 +30,21 @@ std::string Mhz(float frequency) {
 
 std::string_view MethodText(ResultMethod method) {
     return method == ResultMethod::TwoTone ? "2-tone" : method == ResultMethod::Sweep ? "sweep" : "spectrum";
+}
+
+/// In 2-tone a missing level has a line, too.
+bool HasLine(const ResultDocument& document, const ResultPoint& point) {
+    return document.method == ResultMethod::TwoTone || point.HasLevel();
+}
+
+std::ptrdiff_t RowsOf(const ResultDocument& document) {
+    std::ptrdiff_t count = 0;
+    for (const ResultRun& run : document.runs) {
+        for (const auto* points : {&run.up, &run.down})
+            count += std::count_if(points->begin(), points->end(),
+                                   [&](const ResultPoint& point) { return HasLine(document, point); });
+    }
+    return count;
 }
 
 /// The fields of the columns from the unit on.
@@ -54,6 +72,8 @@ std::string WholeResult(const ResultDocument& document) {
     add(VerdictWord(VerdictOfAllRuns(document)));
     add(std::to_string(document.pointsTaken));
     add(std::to_string(document.pointsAsked));
+    add(document.receiver);
+    add(std::to_string(RowsOf(document)));
     return out + "\r\n";
 }
 
@@ -71,7 +91,7 @@ Outcome WriteCsv(const ResultDocument& document, std::string& bytes) {
     std::size_t number = 0;
     const auto add = [&](const std::vector<ResultPoint>& points, bool down) {
         for (const ResultPoint& point : points) {
-            if (!timed && !point.HasLevel())
+            if (!HasLine(document, point))
                 continue;
             out += std::to_string(number) + (timed ? ",time," : down ? ",down," : ",up,");
             if (timed)

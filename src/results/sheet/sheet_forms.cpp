@@ -57,11 +57,13 @@ std::string SerialCell(const ResultDocument& document) {
 }
 
 /// A result that is not whole, or was ended by an error, says so behind the other cells of the first row: its
-/// rows alone would be taken for a better one.
-void AddMark(SheetCells& cells, const ResultDocument& document) {
+/// rows alone would be taken for a better one. So does one that the instrument did not measure itself.
+void AddMarks(SheetCells& cells, const ResultDocument& document) {
     if (IsPartial(document) || document.verdict == ResultVerdict::Error || RowsFlatter(document))
         cells.push_back(std::to_string(document.pointsTaken) + " of " + std::to_string(document.pointsAsked) +
                         " points: " + std::string(VerdictWord(document.verdict)));
+    if (!document.receiver.empty())
+        cells.push_back(std::string(ReceiverCell) + document.receiver);
 }
 
 SheetCells Head(const ResultDocument& document) {
@@ -76,7 +78,7 @@ SheetCells Head(const ResultDocument& document) {
                      ModelCell(document),
                      SerialCell(document),
                      DateCell(document)};
-    AddMark(cells, document);
+    AddMarks(cells, document);
     return cells;
 }
 
@@ -125,7 +127,7 @@ bool AddSweepForm(CSpreadSheet& sheet, const ResultDocument& document) {
 bool AddDetailForm(CSpreadSheet& sheet, const ResultDocument& document) {
     SheetCells titles(std::begin(DetailTitles), std::end(DetailTitles));
     if (sheet.TotalRows() == 0)
-        AddMark(titles, document);
+        AddMarks(titles, document);
     const FrequencyPlan& plan = document.plan;
     const std::string power1 = Decimals(document.power1, 1);
     const std::string power2 = Decimals(document.power2, 1);

@@ -94,8 +94,10 @@ bool ReadDate(std::string_view cell, ResultDocument& document) {
     return true;
 }
 
-/// "12 of 28 points: none"
+/// "12 of 28 points: none", "RECEIVER: R&S,FSV"
 void ReadMark(std::string_view cell, ResultDocument& document) {
+    if (cell.starts_with(ReceiverCell))
+        document.receiver = cell.substr(ReceiverCell.size());
     constexpr std::string_view Of = " of ";
     constexpr std::string_view Points = " points: ";
     const std::size_t of = cell.find(Of);

@@ -195,6 +195,8 @@ private:
         text("Method", Methods[static_cast<int>(m_Document.method)]);
         text("Model", m_Document.model);
         text("Serial", m_Document.serial);
+        if (!m_Document.receiver.empty())
+            text("Receiver", m_Document.receiver);
         text("Device serial", m_Document.deviceSerial);
         text("Date", DateText(m_Document));
         number("Carrier 1 Power, dBm", m_Document.power1, m_Levels);
