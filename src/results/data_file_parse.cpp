@@ -220,6 +220,11 @@ void EndAtTime(std::vector<ResultPoint>& rows) {
 /// What stands behind the zero byte of a text. A mark never makes a result better than its rows are, and one
 /// that is damaged leaves it without a verdict.
 void ReadMark(std::string_view text, ResultDocument& document) {
+    if (MarkHead.starts_with(text)) { // it was cut, and nobody knows what it said
+        document.marked = true;
+        document.verdict = ResultVerdict::None;
+        return JudgeRows(document);
+    }
     if (!text.starts_with(MarkHead))
         return;
     text.remove_prefix(MarkHead.size());
@@ -243,6 +248,9 @@ void ReadMark(std::string_view text, ResultDocument& document) {
     document.pointsTaken = static_cast<std::size_t>(std::max(WholeNumberIn(word()), 0));
     document.pointsAsked = static_cast<std::size_t>(std::max(WholeNumberIn(word()), 0));
     const int error = WholeNumberIn(word());
+    // A whole pass of the instrument's own receiver is never marked: the end of the numbers is missing.
+    if (document.verdict == ResultVerdict::Passed && !IsPartial(document) && document.receiver.empty())
+        document.verdict = ResultVerdict::None;
     if (document.verdict == ResultVerdict::Error && error >= 2 && error <= 4)
         document.error = error;
     JudgeRows(document);
@@ -250,16 +258,16 @@ void ReadMark(std::string_view text, ResultDocument& document) {
 
 /// Takes what stands behind the text off its end: from the zero byte on, or from a mark whose zero byte an
 /// editor has made into something else.
-std::string TakeBehindZero(std::string& comment) {
+std::optional<std::string> TakeBehindZero(std::string& comment) {
     std::size_t end = comment.find('\0');
     std::size_t begin = end + 1;
     if (end == std::string::npos) {
         begin = end = comment.rfind(MarkHead);
         if (end == std::string::npos)
-            return {};
+            return std::nullopt;
         const std::string_view words = std::string_view(comment).substr(end + MarkHead.size());
         if (!VerdictOfWord(words.substr(0, words.find(' '))))
-            return {};
+            return std::nullopt;
         for (const std::string_view instead : {" ", "\xEF\xBF\xBD"}) {
             if (std::string_view(comment).substr(0, end).ends_with(instead))
                 end -= instead.size();
@@ -272,7 +280,7 @@ std::string TakeBehindZero(std::string& comment) {
 
 /// "Limit Line:", "Ser No: " and the comment; what follows a zero byte goes to behindZero. False when the
 /// limit is missing or cut short.
-bool ReadTrailer(Lines& lines, ResultDocument& document, std::string& behindZero) {
+bool ReadTrailer(Lines& lines, ResultDocument& document, std::optional<std::string>& behindZero) {
     constexpr std::string_view Limit = "Limit Line: ";
     constexpr std::string_view Serial = "Ser No: ";
     std::string_view line;
@@ -338,7 +346,7 @@ ParsedResult ReadHeadedForm(std::string_view text) {
     case RowsEnd::NotARow:
         return Refused("One of its data rows is damaged.");
     }
-    std::string behindZero;
+    std::optional<std::string> behindZero;
     if (!ReadTrailer(lines, document, behindZero))
         return Refused("The file ends before its limit line.");
     TakeTones(document, tone1, tone2);
@@ -349,7 +357,8 @@ ParsedResult ReadHeadedForm(std::string_view text) {
     CompleteRead(document);
     if (PointsOf(document) == 0)
         return Refused("The file holds no measured level.");
-    ReadMark(behindZero, document);
+    if (behindZero)
+        ReadMark(*behindZero, document);
     return {std::move(document), {}};
 }
 

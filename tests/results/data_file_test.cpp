@@ -293,6 +293,11 @@ TEST(DataFile, NoFileComesBackBetterThanItsRunWas) {
         EXPECT_EQ(ParseResult(std::string(TwoToneText) + '\0' + damaged).document->verdict, V::None)
             << damaged;
     EXPECT_EQ(ParseResult(std::string(TwoToneText) + '\0' + "rest").document->verdict, V::Passed);
+    for (const char* mark : {"QOR1 none 3 28", "QOR1 passed 3 28"})
+        for (std::size_t length = 0; length <= std::string_view(mark).size(); ++length) {
+            const std::string cut = std::string(TwoToneText) + '\0' + std::string(mark, length);
+            EXPECT_GT(DistanceFromPass(*ParseResult(cut).document), 0) << cut;
+        }
     for (const char* edited : {" ", "\xEF\xBF\xBD", ""}) { // what an editor makes of the zero byte
         const ResultDocument read =
             *ParseResult(TwoToneText + std::string(edited) + "QOR1 none 3 28").document;

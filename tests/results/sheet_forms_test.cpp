@@ -168,6 +168,7 @@ void ExpectSameHead(const ResultDocument& read, const ResultDocument& written, c
     EXPECT_EQ(read.model, written.model);
     EXPECT_EQ(read.serial, written.serial);
     EXPECT_EQ(read.receiver, written.receiver);
+    EXPECT_EQ(read.floor, written.floor);
     EXPECT_EQ(read.date, written.date);
     EXPECT_EQ(read.time, written.time);
 }
@@ -273,10 +274,10 @@ TEST(CsvTable, ItHoldsAllRunsAndWhatWasSent) {
     EXPECT_EQ(bytes.substr(0, bytes.find("\r\n")),
               "run,half,time_s,f1_mhz,f2_mhz,im_mhz,level,unit,power1_dbm,power2_dbm,band,receive_band,order,"
               "method,f1_held_mhz,f1_start_mhz,f1_stop_mhz,f2_held_mhz,f2_start_mhz,f2_stop_mhz,model,serial,"
-              "device_serial,date,limit,verdict,points_taken,points_asked,receiver,rows");
+              "device_serial,date,limit,verdict,points_taken,points_asked,receiver,floor_dbm,rows");
     const std::string rest =
         "dBm,43.00,42.50,EGSM 900,,3,sweep,925.000,925.000,937.000,960.000,960.000,946.000,"
-        "RT-DB22,S1,\"A \"\"17\"\", left\",2026-03-07 09:05,-90.00,failed,0,0,,5\r\n";
+        "RT-DB22,S1,\"A \"\"17\"\", left\",2026-03-07 09:05,-90.00,failed,0,0,,,5\r\n";
     std::string rows;
     for (const char* row : {"1,up,,925.000,960.000,890.000,-60.00,", "2,up,,925.000,960.000,890.000,-98.70,",
                             "2,up,,926.000,960.000,892.000,0.01,", "2,down,,925.000,959.500,890.500,-120.50,",

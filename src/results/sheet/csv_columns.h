@@ -38,6 +38,7 @@ enum class CsvColumn : std::size_t {
     PointsTaken,
     PointsAsked,
     Receiver, ///< the external one that measured, as it names itself
+    Floor,    ///< dBm that it hears nothing below
     Rows,     ///< lines of the table: one that was cut has fewer
     Count
 };
@@ -47,6 +48,7 @@ inline constexpr std::array<std::string_view, static_cast<std::size_t>(CsvColumn
     "level",        "unit",        "power1_dbm",   "power2_dbm",   "band",          "receive_band",
     "order",        "method",      "f1_held_mhz",  "f1_start_mhz", "f1_stop_mhz",   "f2_held_mhz",
     "f2_start_mhz", "f2_stop_mhz", "model",        "serial",       "device_serial", "date",
-    "limit",        "verdict",     "points_taken", "points_asked", "receiver",      "rows"};
+    "limit",        "verdict",     "points_taken", "points_asked", "receiver",      "floor_dbm",
+    "rows"};
 
 } // namespace qor

@@ -171,6 +171,11 @@ bool ReadWhole(const Table& table, ResultDocument& document) {
     document.serial = table.Text(Serial);
     document.deviceSerial = table.Text(DeviceSerial);
     document.receiver = table.Text(Receiver);
+    float floor = 0;
+    if (!table.Read(Floor, floor))
+        return false;
+    if (!table.Text(Floor).empty())
+        document.floor = floor;
     document.verdict = VerdictOfWord(table.Text(Verdict)).value_or(ResultVerdict::None);
     return true;
 }

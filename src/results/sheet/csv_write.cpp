@@ -73,6 +73,7 @@ std::string WholeResult(const ResultDocument& document) {
     add(std::to_string(document.pointsTaken));
     add(std::to_string(document.pointsAsked));
     add(document.receiver);
+    add(document.floor ? dbm(*document.floor) : std::string());
     add(std::to_string(RowsOf(document)));
     return out + "\r\n";
 }

@@ -64,6 +64,8 @@ void AddMarks(SheetCells& cells, const ResultDocument& document) {
                         " points: " + std::string(VerdictWord(document.verdict)));
     if (!document.receiver.empty())
         cells.push_back(std::string(ReceiverCell) + document.receiver);
+    if (document.floor)
+        cells.push_back(std::string(FloorCell) + Decimals(*document.floor, 1));
 }
 
 SheetCells Head(const ResultDocument& document) {

@@ -30,6 +30,7 @@ Outcome ReadSheet(std::string_view bytes, ResultDocument& document);
 // Texts of the cells, shared by writer and reader.
 
 inline constexpr std::string_view ReceiverCell = "RECEIVER: ";
+inline constexpr std::string_view FloorCell = "FLOOR: "; ///< dBm that it hears nothing below
 inline constexpr std::string_view DetailTitles[] = {"Carrier 1 Freq, MHz",
                                                     "Carrier 2 Freq, MHz",
                                                     "Carrier 1 Power",

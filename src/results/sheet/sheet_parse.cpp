@@ -98,6 +98,9 @@ bool ReadDate(std::string_view cell, ResultDocument& document) {
 void ReadMark(std::string_view cell, ResultDocument& document) {
     if (cell.starts_with(ReceiverCell))
         document.receiver = cell.substr(ReceiverCell.size());
+    double floor = 0;
+    if (cell.starts_with(FloorCell) && ReadNumber(cell.substr(FloorCell.size()), floor))
+        document.floor = static_cast<float>(floor);
     constexpr std::string_view Of = " of ";
     constexpr std::string_view Points = " points: ";
     const std::size_t of = cell.find(Of);
