@@ -2,6 +2,7 @@
 
 #include "bands/catalogue.h"
 #include "base/tenths.h"
+#include "results/file_plan.h"
 
 #include <algorithm>
 #include <cmath>
@@ -128,6 +129,8 @@ void CompleteRead(ResultDocument& document) {
     }
     if (document.method == ResultMethod::TwoTone && !document.runs.empty())
         TakeTimes(document);
+    else if (document.hasHead && !document.runs.empty())
+        document.plan.step = PlanOf(document, document.plan).value_or(document.plan).step;
     JudgeRows(document);
 }
 

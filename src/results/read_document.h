@@ -6,8 +6,8 @@ namespace qor {
 
 /// What every reader does behind the fields of its form: with method, order, unit, tones, powers and rows in
 /// place, levels and limit still in the unit of the file, the rest follows from them. Levels and limit become
-/// absolute; band, product, reference, in 2-tone the time per point and the length, and the verdict of the
-/// rows are set. Without a head only times and verdict are.
+/// absolute; band, product, reference, in 2-tone the time per point and the length, in a sweep the step, and
+/// the verdict of the rows are set. Without a head only times and verdict are.
 void CompleteRead(ResultDocument& document);
 
 /// What the rows of the last run are worth by the limit: failed with a level above it, passed with a level in

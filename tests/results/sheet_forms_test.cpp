@@ -1,3 +1,4 @@
+#include "results/data_file.h"
 #include "results/sheet/csv_table.h"
 #include "results/sheet/sheet_forms.h"
 #include "results/sheet/spread_sheet.h"
@@ -223,6 +224,26 @@ TEST(SheetForms, AResultThatIsNotWholeSaysSo) {
             ASSERT_TRUE(ReadCsv(bytes, read));
             EXPECT_EQ(read.verdict, ResultVerdict::Error);
             EXPECT_EQ(read.pointsAsked, 28U);
+        }
+    }
+}
+
+TEST(SheetForms, TheDetailsOfAFileGoOnByTheStepOfItsRun) {
+    for (const float step : {0.5f, 1.0f, 2.0f}) {
+        ResultDocument measured = Measured(ResultMethod::Sweep);
+        measured.plan.step = step;
+        measured.runs = {{}};
+        for (double moved = 0; moved <= 6; moved += static_cast<double>(step)) {
+            measured.runs[0].up.push_back({890 + 2 * moved, -100});
+            measured.runs[0].down.push_back({890 + moved, -101});
+        }
+        std::string bytes;
+        ASSERT_TRUE(WriteSheetText(measured, DetailForm, bytes));
+        const SheetRows rows = RowsOf(bytes);
+        ASSERT_TRUE(WriteSheetText(*ParseResult(FormatResult(measured)).document, DetailForm, bytes));
+        for (std::size_t i = 1; i < rows.size(); ++i) {
+            EXPECT_EQ(RowsOf(bytes).at(i).at(0), rows[i].at(0)) << step;
+            EXPECT_EQ(RowsOf(bytes).at(i).at(1), rows[i].at(1)) << step;
         }
     }
 }
