@@ -300,7 +300,7 @@ TEST(DataFile, NoFileComesBackBetterThanItsRunWas) {
         }
     for (const char* edited : {" ", "\xEF\xBF\xBD", ""}) { // what an editor makes of the zero byte
         const ResultDocument read =
-            *ParseResult(TwoToneText + std::string(edited) + "QOR1 none 3 28").document;
+            *ParseResult(std::string(TwoToneText) + edited + "QOR1 none 3 28").document;
         EXPECT_EQ(read.verdict, V::None);
         EXPECT_EQ(read.comment, "first line\nsecond") << edited;
     }
