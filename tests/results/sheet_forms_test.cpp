@@ -178,8 +178,10 @@ TEST(SheetForms, FiveHundredCurvesComeBackFromEveryForm) {
     std::string bytes;
     for (unsigned seed = 0; seed < 500; ++seed) {
         const bool timed = seed % 3 == 0;
-        const ResultDocument written =
+        ResultDocument written =
             RandomDocument(seed, timed ? ResultMethod::TwoTone : ResultMethod::Sweep, seed % 61);
+        if (!written.receiver.empty())
+            written.floor = -73.0f;
         ResultDocument read;
         for (const SheetTemplates& form : {SweepForm, BothForms}) {
             ASSERT_TRUE(WriteXls(written, form, bytes));

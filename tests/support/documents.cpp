@@ -28,8 +28,6 @@ ResultDocument RandomDocument(unsigned seed, ResultMethod method, std::size_t po
     document.serial = "SIM01";
     if (seed % 5 == 0)
         document.receiver = "R&S,FSV-7,\"101\",1.0";
-    if (seed % 10 == 0)
-        document.floor = -73.0f;
     document.date = "20260307";
     document.time = "09:05";
 
