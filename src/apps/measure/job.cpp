@@ -49,6 +49,10 @@ Job::Job(Program& program, const Options& options, Console& console, const WireL
     : m_Program(program), m_Commands(program, m_Dialogs), m_Options(options), m_Console(console),
       m_Wire(wire), m_StopAsked(std::move(stopAsked)), m_Finished(std::move(finished)) {
     QObject::connect(&m_Timer, &QTimer::timeout, [this] { Look(); });
+    QObject::connect(&m_CallTimer, &QTimer::timeout, [this] {
+        if (m_Program.IsInCall()) // which the other timer may have begun, and waits for
+            Look();
+    });
 }
 
 void Job::Start() {
@@ -62,6 +66,7 @@ void Job::Start() {
     }
     m_Program.SearchNow();
     m_Timer.start(LookPeriodMs);
+    m_CallTimer.start(LookPeriodMs);
 }
 
 /// Settings of the call that need no instrument.
@@ -199,7 +204,10 @@ void Job::WaitIdle() {
 
 void Job::Choose() {
     if (m_Options.external) {
-        if (const Outcome ready = m_Program.Receiver().UseExternalNow(m_Options.receiverAddress); !ready)
+        const Outcome ready = m_Program.Receiver().UseExternalNow(m_Options.receiverAddress);
+        if (IsToEnd())
+            return; // the next look ends it, with the reason
+        if (!ready)
             return Finish(NoInstrument, ready.Text());
     }
     const Outcome selected = SelectAll();
@@ -354,6 +362,7 @@ void Job::Finish(ExitStatus status, std::string message) {
     m_Phase = Phase::Exit;
     m_Program.SetQuit([this](int) {
         m_Timer.stop();
+        m_CallTimer.stop();
         m_Finished();
     });
     m_Program.Leave();

@@ -68,6 +68,7 @@ private:
     std::function<bool()> m_StopAsked;
     std::function<void()> m_Finished;
     QTimer m_Timer;
+    QTimer m_CallTimer; ///< looks on while what the other one has begun waits
     QElapsedTimer m_Since;
     QElapsedTimer m_InPhase;
     Phase m_Phase = Phase::Search;
