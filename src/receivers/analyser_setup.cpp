@@ -16,7 +16,8 @@ namespace {
 constexpr std::string_view StoreName = "rs_ANALYZER_setup.ccz";
 constexpr std::size_t LongestStore = 100;
 constexpr std::size_t Fields = 8;
-constexpr int WidestBandwidth = 12; ///< "10MHz", which the operator cannot choose
+constexpr std::size_t LongestSpan = 9; ///< digits: an analyser's whole range, in kHz
+constexpr int WidestBandwidth = 12;    ///< "10MHz", which the operator cannot choose
 
 constexpr std::string_view Attenuations[] = {"0", "5", "10", "15", "20", "25", "30"};
 constexpr std::string_view Preamplifier[] = {"ON", "OFF"};
@@ -25,8 +26,8 @@ constexpr std::string_view Bandwidths[] = {"10Hz",  "30Hz",   "100Hz",  "300Hz",
 constexpr std::string_view Tail[] = {"CALC:MARK1 ON", "INIT;*WAI", "CALC:MARK:STAT ON", "CALC:MARK:TRAC 1",
                                      "CALC:MARK:MAX:AUTO ON"};
 
-bool IsDigits(std::string_view text) {
-    return !text.empty() && text.size() <= 7 &&
+bool IsDigits(std::string_view text, std::size_t longest = 7) {
+    return !text.empty() && text.size() <= longest &&
            std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
@@ -87,7 +88,7 @@ std::optional<AnalyserSetup> ParseAnalyserSetup(std::string_view text) {
     AnalyserSetup setup;
     if (IsDigits(field[0]))
         setup.centre = field[0];
-    if (IsDigits(field[1]))
+    if (IsDigits(field[1], LongestSpan))
         setup.span = field[1];
     if (IsDecimal(field[2]))
         setup.reference = field[2];
@@ -152,9 +153,9 @@ std::string_view FieldBeyondItsList(const AnalyserSetup& setup) {
 Outcome CheckAnalyserSetup(const AnalyserSetup& setup) {
     const bool scale =
         IsDigits(setup.scale) && WholeNumberIn(setup.scale) > 0 && WholeNumberIn(setup.scale) % 10 == 0;
-    const bool good = IsDigits(setup.centre) && IsDigits(setup.span) && IsDecimal(setup.reference) && scale &&
-                      FieldBeyondItsList(setup).empty() && setup.resolution < WidestBandwidth &&
-                      setup.video < WidestBandwidth;
+    const bool good = IsDigits(setup.centre) && IsDigits(setup.span, LongestSpan) &&
+                      IsDecimal(setup.reference) && scale && FieldBeyondItsList(setup).empty() &&
+                      setup.resolution < WidestBandwidth && setup.video < WidestBandwidth;
     return good ? Outcome::Done() : Outcome::Refused("Falsch, dichtesortierung.");
 }
 

@@ -195,6 +195,10 @@ TEST(AnalyserSetup, WhatTheStoreHoldsAndWhatTheOperatorMayType) {
     TakeReference(shown, "-6.000000E+01\n");
     EXPECT_EQ(shown.centre + " " + shown.span + " " + shown.reference, "2140 1500 -60");
     TakeCentre(shown, "50000\n");
+    TakeSpan(shown, "26500000000\n"); // an analyser's whole range
+    EXPECT_EQ(shown.span, "26500000");
+    EXPECT_TRUE(CheckAnalyserSetup(shown));
+    TakeSpan(shown, "1.5E6\n");
     TakeSpan(shown, "0\n");
     TakeReference(shown, "\n");
     EXPECT_EQ(shown.centre + " " + shown.span + " " + shown.reference, "2140 1500 -60");
