@@ -177,7 +177,7 @@ void Channel::CommSend() {
     if (Carriers::SwitchesOn(head.text)) {
         m_OffTries = 0;
         m_Carrying = m_Link.identity.Description();
-        if (!m_Mark.IsSet() || m_Mark.Instrument() != *m_Carrying)
+        if (!m_Mark.IsSet(*m_Carrying))
             m_Mark.Set(m_Parts.ports.DeviceOf(m_Link.connection.LastPort()),
                        m_Link.carriers.OffCommands().front(), *m_Carrying);
     }
@@ -320,8 +320,7 @@ void Channel::DropMark() {
     const std::string now = m_Link.identity.Description();
     if (m_Owed && m_Owed->to == now)
         return;
-    if (!m_Owed || m_Owed->to != m_Mark.Instrument())
-        m_Mark.Remove();
+    m_Mark.Remove(now);
     if (m_OldMarks && !m_Link.chain.IsUnderWay() && m_Link.identity.HasModel())
         m_Mark.ClearOld(now);
     m_OldMarks = m_OldMarks && m_Owed;

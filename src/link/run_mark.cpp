@@ -3,6 +3,7 @@
 #include "base/atomic_write.h"
 #include "platform/process.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace qor {
@@ -15,25 +16,39 @@ constexpr std::string_view Prefix = "carriers_on.";
 
 } // namespace
 
-fs::path RunMark::Own() const {
+std::vector<RunMark::Own>::const_iterator RunMark::FindOwn(std::string_view instrument) const {
+    return std::find_if(m_Own.begin(), m_Own.end(),
+                        [&](const Own& own) { return own.instrument == instrument; });
+}
+
+fs::path RunMark::FreePath() const {
     const std::string process = ThisProcess();
-    return m_Directory / (std::string(Prefix) + process.substr(0, process.find(' ')));
+    const std::string name = std::string(Prefix) + process.substr(0, process.find(' '));
+    fs::path path = m_Directory / name;
+    const auto isTaken = [&] {
+        return std::any_of(m_Own.begin(), m_Own.end(), [&](const Own& own) { return own.path == path; });
+    };
+    for (int n = 2; isTaken(); ++n)
+        path = m_Directory / (name + "-" + std::to_string(n));
+    return path;
 }
 
 void RunMark::Set(std::string_view port, std::string_view methodOff, std::string_view instrument) {
     std::string text = ThisProcess();
     for (const std::string_view line : {port, methodOff, instrument})
         text.append("\n").append(line);
-    m_Instrument = instrument;
-    m_Set = WriteAtomically(Own(), text + "\n").empty();
+    const fs::path path = FreePath();
+    if (WriteAtomically(path, text + "\n").empty())
+        m_Own.push_back({std::string(instrument), path});
 }
 
-void RunMark::Remove() {
-    if (!m_Set)
+void RunMark::Remove(std::string_view instrument) {
+    const auto own = FindOwn(instrument);
+    if (own == m_Own.end())
         return;
-    m_Set = false;
     std::error_code ignored;
-    fs::remove(Own(), ignored);
+    fs::remove(own->path, ignored);
+    m_Own.erase(own);
 }
 
 std::vector<std::pair<fs::path, RunMark::Left>> RunMark::Old() const {

@@ -16,12 +16,11 @@ class RunMark {
 public:
     explicit RunMark(std::filesystem::path directory) : m_Directory(std::move(directory)) {}
 
-    /// Writes the mark of this process. One that cannot be written is no reason not to measure.
+    /// Writes a mark of this process, one for each instrument. One that cannot be written is no reason not to
+    /// measure.
     void Set(std::string_view port, std::string_view methodOff, std::string_view instrument);
-    void Remove();
-    [[nodiscard]] bool IsSet() const { return m_Set; }
-    /// The instrument that this process has marked.
-    [[nodiscard]] const std::string& Instrument() const { return m_Instrument; }
+    void Remove(std::string_view instrument);
+    [[nodiscard]] bool IsSet(std::string_view instrument) const { return FindOwn(instrument) != m_Own.end(); }
 
     /// What a program that is gone has left on.
     struct Left {
@@ -35,13 +34,17 @@ public:
     void ClearOld(std::string_view instrument);
 
 private:
-    [[nodiscard]] std::filesystem::path Own() const;
+    struct Own {
+        std::string instrument;
+        std::filesystem::path path;
+    };
+    [[nodiscard]] std::vector<Own>::const_iterator FindOwn(std::string_view instrument) const;
+    [[nodiscard]] std::filesystem::path FreePath() const;
 
     [[nodiscard]] std::vector<std::pair<std::filesystem::path, Left>> Old() const;
 
     std::filesystem::path m_Directory;
-    std::string m_Instrument;
-    bool m_Set = false;
+    std::vector<Own> m_Own;
 };
 
 } // namespace qor

@@ -224,6 +224,12 @@ TEST(Carriers, AreOwedToTheInstrumentThatWasLeftCarrying) {
         [&] { return rig.S().link.identity.Serial() == "BBB222" && rig.program.IsReady(); }, 30000));
     rig.time.RunFor(1000);
     EXPECT_EQ(Marks(rig).size(), 1U);
+    rig.program.OnMeasButton();
+    rig.time.RunFor(3000);
+    EXPECT_EQ(Marks(rig).size(), 2U) << "one for each";
+    rig.program.OnMeasButton();
+    rig.time.RunFor(5000);
+    EXPECT_EQ(Marks(rig).size(), 1U) << "the first is still owed to its instrument";
     rig.ports.Unplug(2);
     rig.ports.Replug(1);
     ASSERT_TRUE(rig.time.RunUntil(
