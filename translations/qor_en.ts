@@ -2020,6 +2020,14 @@
       <translation>There is no workbook in the file, or it is of an older form.</translation>
     </message>
     <message>
+      <source>This form wants a limit.</source>
+      <translation>This form needs a limit.</translation>
+    </message>
+    <message>
+      <source>This form wants the whole head of a result.</source>
+      <translation>This form needs the whole head of a result.</translation>
+    </message>
+    <message>
       <source>This is not a result file, or its header is damaged.</source>
       <translation>This is not a result file, or its header is damaged.</translation>
     </message>

@@ -2020,6 +2020,14 @@
       <translation>文件中没有工作簿，或其格式过旧。</translation>
     </message>
     <message>
+      <source>This form wants a limit.</source>
+      <translation>此格式需要限值。</translation>
+    </message>
+    <message>
+      <source>This form wants the whole head of a result.</source>
+      <translation>此格式需要结果的完整表头。</translation>
+    </message>
+    <message>
       <source>This is not a result file, or its header is damaged.</source>
       <translation>不是结果文件，或文件头已损坏。</translation>
     </message>

@@ -28,6 +28,10 @@ std::string SmallName(const std::filesystem::path& name) {
 Outcome WriteText(const ResultDocument& document, bool scrambled, std::string& bytes) {
     if (!document.interBand.empty())
         return Outcome::Refused("Does not support the current selection!");
+    if (!document.limit)
+        return Outcome::Refused("This form wants a limit.");
+    if (!document.hasHead || document.date.size() != 8 || document.time.size() != 5)
+        return Outcome::Refused("This form wants the whole head of a result.");
     bytes = EncodeResult(FormatResult(document), scrambled);
     return Outcome::Done();
 }

@@ -2,11 +2,14 @@
 #include "curve/curve.h"
 #include "platform/print/qt_printers.h"
 #include "results/paint/qt_page_forms.h"
+#include "results/read_document.h"
 #include "results/report/bitmap_reader.h"
+#include "results/report/document_page.h"
 #include "results/report/paper.h"
 #include "results/report/report_maker.h"
 #include "support/application.h"
 #include "support/curves.h"
+#include "support/documents.h"
 #include "support/temp_dir.h"
 
 #include <QBuffer>
@@ -115,6 +118,21 @@ TEST(ReportMaker, ThePlotSpeaksTheLanguageOfTheReport) {
     EXPECT_TRUE(other.ChooseLanguage(ReportLanguage::English));
     EXPECT_EQ(Content(bench.store.PathOf("ReportLang.ccz")), "1");
     EXPECT_EQ(ReportMaker(&bench.forms, bench.store).Language(), ReportLanguage::English);
+}
+
+TEST(ReportMaker, WithoutALimitNothingIsStamped) {
+    const Bench bench;
+    ResultDocument document = RandomDocument(3, ResultMethod::TwoTone, 20);
+    for (const int stamps : {0, 1}) {
+        PaintedPage page;
+        ASSERT_TRUE(bench.maker.PaintPage(DocumentPage(document, {}).Subject(), page));
+        EXPECT_EQ(
+            std::count_if(page.texts.begin(), page.texts.end(),
+                          [](const LayerText& t) { return t.text == "Durch" || t.text == "Misserfolg"; }),
+            stamps);
+        document.limit = -90.0f;
+        JudgeRows(document);
+    }
 }
 
 TEST(ReportMaker, TheCompanysPicture) {

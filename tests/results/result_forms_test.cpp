@@ -189,6 +189,20 @@ TEST(ResultForms, TheExternalReceiverStandsBehindTheZeroByte) {
     EXPECT_EQ(back.receiver, "rsnrpz");
 }
 
+TEST(ResultForms, ATextIsMadeOfWhatStatesItsHead) {
+    const auto written = [](const ResultDocument& document) {
+        std::string bytes;
+        return ResultForms().Write(document, "a.txt", {}, bytes).IsDone();
+    };
+    ResultDocument document = Remarked(1, ResultMethod::TwoTone);
+    EXPECT_TRUE(written(document));
+    document.limit.reset();
+    EXPECT_FALSE(written(document));
+    ASSERT_TRUE(ReadResult("half,level,unit,order,time_s\ntime,-100,dBm,3,0\n", "a.csv", document));
+    document.limit = -90.0f;
+    EXPECT_FALSE(written(document));
+}
+
 TEST(ResultForms, ASheetIsJudgedByTheLimitInForce) {
     ResultDocument document = RandomDocument(8, ResultMethod::Sweep, 3);
     document.inDbc = false;

@@ -31,8 +31,9 @@ void Plot(const ResultDocument& document, const PageView& view, Curve& curve) {
     curve.scale.SetUnit(document.inDbc);
     if (document.limit)
         curve.limit.Take(*document.limit - curve.scale.Reference());
-    curve.limit.SetAlarm(!view.alarmOff);
-    curve.limit.SetStamp(!view.stampOff);
+    const bool judged = document.limit.has_value(); // without one there is nothing to stamp
+    curve.limit.SetAlarm(!view.alarmOff && judged);
+    curve.limit.SetStamp(!view.stampOff && judged);
     curve.Load(CurveOf(document));
     curve.Update(true);
     curve.SearchMaxima();
