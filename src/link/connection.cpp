@@ -132,7 +132,6 @@ void Connection::BeginChoice() {
     m_State.ShowList(true);
     m_State.ShowButton(true);
     m_State.Offer(PortButton::Open);
-    m_Link.unit.Forget(); // its port is asked, too
     g_ProbeIndex = 0;
     m_State.ExpectProbe();
     m_SearchTimer.Stop(); // the operator's turn
@@ -194,16 +193,19 @@ void Connection::TakeProbeAnswer() {
     answer.clear();
     const auto index = static_cast<std::size_t>(g_ProbeIndex);
     const int number = m_State.Ports()[index].number;
+    const bool isInstrument = !label.empty() || (m_ProbeIsOut && m_Link.transaction.IsIdle());
     if (label == SwitchUnitName) {
         m_State.LabelUnit(index, label);
         m_Link.unit.Found(number, m_comm_settings);
-    } else if (!label.empty()) {
-        m_State.Label(index, label);
-    } else if (m_ProbeIsOut && m_Link.transaction.IsIdle()) {
-        m_State.Label(index, {}); // the identity handling has taken the answer
+    } else if (isInstrument) {
+        m_State.Label(index, label); // empty where the identity handling has taken the answer
+        if (number == m_Link.unit.Port())
+            m_Link.unit.Forget();
     } else if (!m_Link.transaction.IsIdle() && g_bProbeSlow) {
         g_bProbeSlow = false; // asked and silent: the same port once more at the other speed
         return;
+    } else if (number == m_Link.unit.Port()) {
+        m_State.LabelUnit(index, SwitchUnitName); // asked at the other speed only
     }
     ++g_ProbeIndex; // answered or not asked
 }
@@ -267,8 +269,6 @@ bool Connection::SetComm() {
 }
 
 void Connection::OnButton1() {
-    if (m_State.Button() == PortButton::Scan)
-        m_Link.unit.Forget(); // whoever scans by hand may have put the cables elsewhere
     static_cast<void>(Press());
 }
 

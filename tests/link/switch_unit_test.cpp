@@ -100,6 +100,21 @@ TEST(SwitchUnit, IsLabelledWhereverItStandsAndNeverTheInstrument) {
     }
 }
 
+/// A port that stays silent ends the questions at 9600 baud for the rest of the session.
+TEST(SwitchUnit, StaysKnownWhereTheSecondScanAsksAtTheOtherSpeed) {
+    UnitRig rig;
+    rig.ports.Add(rig.otherLine, "/dev/ttySIM1");
+    rig.otherLine.Add({sim::FaultKind::Silence, 0});
+    ASSERT_TRUE(rig.PowerOnByHand());
+    rig.program.Link().OnButton1();
+    rig.time.RunFor(3000);
+    rig.S().link.connection.Offer(PortButton::Scan);
+    rig.program.Link().OnButton1();
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().link.connection.AwaitsChoice(); }, 30000));
+    EXPECT_EQ(rig.EntryOf(rig.UnitPort), "COM2 (/dev/ttyMPX): MPX");
+    EXPECT_EQ(rig.Known().Port(), rig.UnitPort);
+}
+
 TEST(SwitchUnit, TheOnlyInstrumentBesideItIsProposed) {
     UnitRig rig;
     ASSERT_TRUE(rig.RunUntilChoice());
