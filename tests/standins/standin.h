@@ -16,12 +16,14 @@ inline const char* Told(const char* name, const char* usual) {
     return text ? text : usual;
 }
 
-template <typename... Arguments> void Note(const char* operation, const char* form, Arguments... arguments) {
+template <typename... Arguments>
+void Note(const char* operation, [[maybe_unused]] const char* form, Arguments... arguments) {
     if (const char* const path = std::getenv("QOR_STANDIN_LOG")) {
         if (std::FILE* const log = std::fopen(path, "a")) {
-            char text[512];
-            std::snprintf(text, sizeof(text), form, arguments...);
-            std::fprintf(log, "%s%s\n", operation, text);
+            std::fputs(operation, log);
+            if constexpr (sizeof...(arguments) > 0)
+                std::fprintf(log, form, arguments...);
+            std::fputc('\n', log);
             std::fclose(log);
         }
     }
