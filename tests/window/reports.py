@@ -81,7 +81,12 @@ def session(window, folder):
         shutil.copy(first, folder / f"{number:03}.dat")
     window.key("ctrl+l")
     window.dialog()
-    window.type(" ".join(f'"{folder}/{number:03}.dat"' for number in range(FILES)))
+    window.type(f"{folder}/")
+    window.key("Return")
+    time.sleep(0.5)
+    window.key("ctrl+a")
+    for start in range(0, FILES, 20):
+        window.type("".join(f'"{number:03}.dat" ' for number in range(start, start + 20)))
     window.key("Return")
     window.wait_text("m_FileRow1", "000.dat")
     closed(window)
