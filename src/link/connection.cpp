@@ -295,11 +295,12 @@ bool Connection::Press() {
         }
         if (SelectedPort() == m_Link.unit.Port()) {
             m_Events.Tell(Outcome::Refused("Das ist das Umschaltgeraet, nicht der Analysator."));
+            if (m_State.Ports().size() == 1)
+                OfferScan(); // nothing else can be chosen
             return false;
         }
         if (!SetComm()) {
-            m_State.Offer(PortButton::Scan);
-            m_State.ShowList(false);
+            OfferScan();
             return false;
         }
         m_Init.Begin();
@@ -311,6 +312,13 @@ bool Connection::Press() {
         return false;
     }
     return false;
+}
+
+/// The list may be out of date: the operator can have the ports looked for again.
+void Connection::OfferScan() {
+    m_State.Offer(PortButton::Scan);
+    m_State.ShowButton(true);
+    m_State.ShowList(false);
 }
 
 /// A run ends first: what switches its carriers off goes out while the port is still open.

@@ -67,6 +67,7 @@ private:
     [[nodiscard]] int SelectedPort() const;
     bool OpenPort(int number, std::string_view settings);
     void ClosePortLater();
+    void OfferScan();
     void OnConnectWatch(int timer);
     void OnHousekeepingTimer();
     void OnLoss();

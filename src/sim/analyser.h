@@ -48,6 +48,10 @@ public:
     Receiver(ReceiverKind kind, const Instrument& instrument, std::uint64_t seed);
 
     void Add(ReceiverFault fault) { m_Faults.push_back(fault); }
+    void ClearFaults() {
+        m_Faults.clear();
+        m_WasCut = false;
+    }
     /// At the port, behind so many dB.
     void PutToPort(double attenuationDb) { m_CellDb = attenuationDb; }
 

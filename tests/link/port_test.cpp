@@ -221,6 +221,22 @@ TEST(PortButton, ClosesAfterACountdownAndOpensAgain) {
     EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Close);
 }
 
+/// The cable was out when the operator pressed: nothing is searched for by itself, so the button has to be
+/// there.
+TEST(PortButton, AFailedOpeningLeavesTheWayBack) {
+    Rig rig;
+    ASSERT_TRUE(rig.PowerOn());
+    rig.program.Link().OnButton1();
+    rig.time.RunFor(3000);
+    rig.ports.Unplug(1);
+    rig.program.Link().OnButton1();
+    EXPECT_TRUE(PanelOf(rig.S()).portButtonShown);
+    EXPECT_EQ(rig.S().link.connection.Button(), PortButton::Scan);
+    rig.ports.Replug(1);
+    rig.program.Link().OnButton1();
+    EXPECT_TRUE(rig.RunUntilReady());
+}
+
 TEST(PortButton, ClosingInARunSwitchesTheCarriersOff) {
     Rig rig;
     ASSERT_TRUE(rig.PowerOn());

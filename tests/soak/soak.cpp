@@ -16,7 +16,7 @@ class Schedule {
 public:
     Schedule(unsigned seed, bool trace)
         : m_Random(seed),
-          m_World(Config(), Stores(), seed, trace ? World::Purpose::Trace : World::Purpose::Schedule) {}
+          m_World(Bench(), Stores(), seed, trace ? World::Purpose::Trace : World::Purpose::Schedule) {}
 
     const std::vector<std::string>& Play();
 
@@ -32,13 +32,20 @@ private:
     }
 
     sim::InstrumentConfig Config();
+    sim::InstrumentConfig Another();
+    BenchSetUp Bench();
     StoreTexts Stores();
     void Act();
+    void SetUpRuns();
+    void SpoilTheChain();
+    void BreakReceiver();
+    void WhileReceiverIsWaitedFor();
     void ChooseBand();
     void AnyCommand();
     void BreakLine();
     void RunOut();
     void Recover();
+    void LeaveInTheMiddle();
 
     std::mt19937 m_Random;
     World m_World;
@@ -57,6 +64,12 @@ sim::InstrumentConfig Schedule::Config() {
     return config;
 }
 
+BenchSetUp Schedule::Bench() {
+    static constexpr Beside Kinds[] = {Beside::Analyser, Beside::Analyser, Beside::Nrv, Beside::Nrp,
+                                       Beside::Sensor};
+    return {Config(), Chance(25) ? OneOf(Kinds) : Beside::Nothing, Chance(15)};
+}
+
 StoreTexts Schedule::Stores() {
     StoreTexts stores{{"2tone_time.ccz", Digits(7, Any(1, 4))}};
     if (Chance(40))
@@ -64,8 +77,8 @@ StoreTexts Schedule::Stores() {
     if (Chance(30))
         stores.emplace_back("SweepInter.ccz", Digits(7, Any(0, 3)));
     if (Chance(60)) // where levels are
-        stores.emplace_back("AlarmUp.ccz",
-                            "-" + std::to_string(Any(98, 112)) + "." + std::to_string(Any(0, 9)));
+        stores.emplace_back("AlarmUp.ccz", "-" + std::to_string(Chance(10) ? Any(60, 72) : Any(98, 112)) +
+                                               "." + std::to_string(Any(0, 9)));
     if (Chance(15))
         stores.emplace_back("unit.ccz", "1");
     if (Chance(15))
@@ -97,10 +110,63 @@ void Schedule::BreakLine() {
                                                                       : at);
 }
 
+/// As in the dialog, whichever way the runs of a press are to go.
+void Schedule::SetUpRuns() {
+    m_World.SetUpRuns({.seconds = Any(1, 4),
+                       .runs = Any(1, 3),
+                       .interval = Any(0, 2),
+                       .saEnclosed = Chance(15),
+                       .continuous = Chance(60),
+                       .times = Any(0, 3),
+                       .replaces = Chance(60)});
+}
+
+/// The line fails for a moment while the instrument is looked for, and is well again.
+void Schedule::SpoilTheChain() {
+    World& w = m_World;
+    w.Unplug(0);
+    w.RunFor(Any(100, 4000));
+    w.Replug(0);
+    static constexpr sim::FaultKind Spoilers[] = {sim::FaultKind::Garble, sim::FaultKind::EarlyEnd,
+                                                  sim::FaultKind::SyntaxError, sim::FaultKind::OutOfRange};
+    const int first = w.lines[0].CommandCount() + Any(1, 7);
+    w.AddFault(Chance(75) ? OneOf(Spoilers) : OneOf(sim::Faults).kind, first);
+    w.RunUntil([&] { return w.lines[0].CommandCount() > first; }, 8000);
+    w.RunFor(Any(0, 400));
+    w.ClearFaults();
+    w.Replug(0);
+    w.RunUntilReady(Chance(80) ? 40000 : Any(0, 20000));
+}
+
+void Schedule::BreakReceiver() {
+    World& w = m_World;
+    using Kind = sim::ReceiverFault::Kind;
+    static constexpr Kind Kinds[] = {Kind::Silence, Kind::Late, Kind::Garbage, Kind::Cut};
+    const Kind kind = OneOf(Kinds);
+    w.BreakReceiver(
+        Chance(60) ? std::optional(sim::ReceiverFault{kind, kind == Kind::Late ? Any(10, 3000) : Any(0, 60)})
+                   : std::nullopt);
+}
+
+/// A call to the receiver takes its time: now and then the operator has enough of it.
+void Schedule::WhileReceiverIsWaitedFor() {
+    if (Chance(2) && m_World.SeenFace().light == Face::Light::Running)
+        m_World.Press();
+}
+
+/// One that can be told from the first: of two of a kind the old ones have no number to tell them by.
+sim::InstrumentConfig Schedule::Another() {
+    const sim::InstrumentConfig& first = m_World.instruments[0].Config();
+    sim::InstrumentConfig config = Config();
+    while (config.model == first.model && config.firmware == first.firmware)
+        config = Config();
+    return config;
+}
+
 void Schedule::Act() {
     World& w = m_World;
     w.user.answer = Chance(80);
-    switch (Any(0, 29)) {
+    switch (Any(0, 32)) {
     case 0:
     case 1:
     case 2:
@@ -160,7 +226,7 @@ void Schedule::Act() {
         break;
     case 20:
         if (w.lines.size() < 2 && Chance(30)) {
-            w.PlugInAnother(Config());
+            w.PlugInAnother(Another());
             w.Unplug(0);
         }
         break;
@@ -175,6 +241,30 @@ void Schedule::Act() {
     case 24:
         AnyCommand();
         break;
+    case 25:
+        SetUpRuns();
+        break;
+    case 26:
+        SpoilTheChain();
+        break;
+    case 27:
+        if (w.HasReceiver())
+            BreakReceiver();
+        break;
+    case 28:
+        if (w.HasReceiver())
+            w.Run("receiver", Chance(75) ? 0 : 1);
+        else
+            w.PlugUnit(Chance(60));
+        break;
+    case 29: // a moment's signal in a run
+        w.Press();
+        w.RunFor(Any(0, 3000));
+        w.instruments[0].FeedSignal(-Any(40, 110));
+        w.RunFor(Any(50, 1500));
+        w.instruments[0].FeedSignal({});
+        RunOut();
+        break;
     default:
         break;
     }
@@ -186,7 +276,9 @@ void Schedule::Act() {
 void Schedule::RunOut() {
     World& w = m_World;
     const auto over = [&] { return w.SeenFace().light != Face::Light::Running; };
-    if (!w.RunUntil(over, 60000) && w.SeenFace().spectrum)
+    const Face face = w.SeenFace();
+    const bool endless = face.spectrum || (face.repeats && face.passes == 0);
+    if (!w.RunUntil(over, endless ? Any(500, 20000) : 60000) && (endless || face.repeats))
         w.Press();
 }
 
@@ -194,6 +286,7 @@ void Schedule::RunOut() {
 void Schedule::Recover() {
     World& w = m_World;
     w.ClearFaults();
+    w.BreakReceiver({});
     w.instruments[0].FeedSignal({});
     for (std::size_t i = 1; i < w.lines.size(); ++i)
         w.Unplug(i);
@@ -203,24 +296,54 @@ void Schedule::Recover() {
     if (w.SeenFace().light == Face::Light::Running)
         w.Press();
     const auto ready = [&] { return w.program->IsReady() && w.SeenFace().light == Face::Light::Green; };
-    for (int press = 0; press < 4 && !w.RunUntil(ready, 20000); ++press)
-        if (!w.SeenFace().portOffersClosing)
+    for (int tries = 0; tries < 4 && !w.RunUntil(ready, 20000); ++tries) {
+        const bool hasPort = w.SeenFace().portOffersClosing;
+        if (!hasPort)
             w.PressPortButton();
+        else if (w.SeenFace().waitsForOperator)
+            ChooseBand();
+    }
     if (!w.RunUntil(ready, 120000))
         w.observer.Break(w.time.NowMs(), "never ready again");
     w.RunFor(3000);
-    w.Leave();
+}
+
+/// A signal, in the middle of whatever is on, on a line that may have died just now.
+void Schedule::LeaveInTheMiddle() {
+    World& w = m_World;
+    w.user.whileAsked = [] {};
+    if (Chance(60) && w.RunUntilReady(20000)) {
+        w.Press();
+        w.RunFor(Any(200, 4000));
+    }
+    if (Chance(60)) {
+        const auto kind = Chance(60) ? sim::FaultKind::Silence : OneOf(sim::Faults).kind;
+        w.AddFault(kind, w.lines[0].CommandCount());
+        w.RunFor(Any(0, 2500));
+    }
+    w.Leave(true);
 }
 
 const std::vector<std::string>& Schedule::Play() {
     World& w = m_World;
-    w.user.whileAsked = [this] { m_World.RunFor(Any(0, 3000)); };
-    w.dialogs.whileOpen = [this] { m_World.RunFor(Any(0, 3000)); };
-    if (Chance(80))
+    const auto aWhile = [this] { m_World.Question([this] { m_World.RunFor(Any(0, 3000)); }); };
+    w.user.whileAsked = w.dialogs.whileOpen = aWhile;
+    w.user.whileLiving = [this] { m_World.Question([this] { WhileReceiverIsWaitedFor(); }); };
+    if (w.HasReceiver() && Chance(70))
+        w.Run("receiver", 0);
+    if (Chance(80) && !w.RunUntilReady(15000) &&
+        !w.SeenFace().portOffersClosing) { // several ports: one is chosen
+        w.PressPortButton();
         w.RunUntilReady();
+    }
     for (int acts = Any(5, 40); acts > 0; --acts)
         Act();
-    Recover();
+    if (Chance(35)) {
+        LeaveInTheMiddle();
+    } else {
+        Recover();
+        w.Leave(Chance(20));
+    }
     return w.observer.Broken();
 }
 
