@@ -86,6 +86,7 @@ void AddViewRows(MenuBuilder& menu);
 void AddAlarmRows(MenuBuilder& menu);
 void AddToolRows(MenuBuilder& menu);
 void AddServiceRows(MenuBuilder& menu);
+void AddFatigueRows(MenuBuilder& menu);
 void AddCalibrationRows(MenuBuilder& menu);
 
 /// The whole menu, and behind it the commands without an item.

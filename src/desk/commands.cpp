@@ -14,7 +14,7 @@ const std::vector<MenuLine>& MenuLines() {
         std::vector<MenuLine> all;
         MenuBuilder menu(all);
         for (const auto add : {AddResultRows, AddMeasureRows, AddBandRows, AddSetupRows, AddViewRows,
-                               AddAlarmRows, AddToolRows, AddServiceRows, AddCalibrationRows})
+                               AddAlarmRows, AddToolRows, AddServiceRows, AddFatigueRows, AddCalibrationRows})
             add(menu);
         return all;
     }();

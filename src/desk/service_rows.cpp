@@ -1,6 +1,5 @@
 // The maker's service pages. None of these is in the menu: keys and buttons, once the PIN was given.
 #include "desk/command.h"
-#include "desk/guards.h"
 #include "desk/program.h"
 
 namespace qor {
@@ -18,15 +17,6 @@ void AddServiceRows(MenuBuilder& menu) {
                         calibrations.LookForUnfinished();
                         calibrations.OrderIsChosen(); // the hint of the page
                         return outcome;
-                    }});
-    menu.AddHidden({.id = "fatigue_test", .guards = {.page = ServicePage::Test}, .run = [](Desk& desk, int) {
-                        FatigueTest& test = desk.program.Fatigue();
-                        if (test.IsOn()) {
-                            test.Stop();
-                            return Outcome::Done();
-                        }
-                        const Outcome open = PortIsOpen(desk.program.Parts());
-                        return open ? test.Start() : open;
                     }});
 }
 
