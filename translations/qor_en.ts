@@ -44,6 +44,18 @@
       <translation>----- Marker 3 -----</translation>
     </message>
     <message>
+      <source>0 bis 127</source>
+      <translation>0 to 127</translation>
+    </message>
+    <message>
+      <source>0 bis 1270</source>
+      <translation>0 to 1270</translation>
+    </message>
+    <message>
+      <source>1 bis 30 s</source>
+      <translation>1 to 30 s</translation>
+    </message>
+    <message>
       <source>1. Password is needless for Operator mode.</source>
       <translation>1. Operator mode needs no password.</translation>
     </message>
@@ -64,8 +76,16 @@
       <translation>2-Tone Mode</translation>
     </message>
     <message>
+      <source>2 Tone time (Sec.):</source>
+      <translation>2 Tone time (Sec.):</translation>
+    </message>
+    <message>
       <source>2. Please modify password for adminitrator mode, please type "740261" in "old password" field if no old password.</source>
       <translation>2. Please change the password of administrator mode; if there is no old password, type "740261" into the field "Old password".</translation>
+    </message>
+    <message>
+      <source>20 bis 47 dBm</source>
+      <translation>20 to 47 dBm</translation>
     </message>
     <message>
       <source>&lt;&lt;&lt;2-Ton&gt;&gt;&gt;</source>
@@ -124,6 +144,10 @@
       <translation>Add Comment(&amp;C)</translation>
     </message>
     <message>
+      <source>Address:</source>
+      <translation>Address:</translation>
+    </message>
+    <message>
       <source>Administrator Mode</source>
       <translation>Administrator Mode</translation>
     </message>
@@ -134,6 +158,10 @@
     <message>
       <source>Adresse(&amp;D)</source>
       <translation>Address(&amp;D)</translation>
+    </message>
+    <message>
+      <source>Adresse, 0 bis 255</source>
+      <translation>Address, 0 to 255</translation>
     </message>
     <message>
       <source>Aisa Pacific</source>
@@ -296,6 +324,10 @@
       <translation>Auto-save setup</translation>
     </message>
     <message>
+      <source>Befehl an das Geraet, wie er getippt ist; mit der Pfeiltaste nach oben die frueheren</source>
+      <translation>Command to the instrument, as it is typed; the up key brings back earlier ones</translation>
+    </message>
+    <message>
       <source>Beginnen Messung</source>
       <translation>Start measurement</translation>
     </message>
@@ -400,6 +432,10 @@
       <translation>Browse...</translation>
     </message>
     <message>
+      <source>Cable Loss For Rx</source>
+      <translation>Cable Loss For Rx</translation>
+    </message>
+    <message>
       <source>Cable loss for Rx:</source>
       <translation>Cable loss for Rx:</translation>
     </message>
@@ -472,6 +508,14 @@
       <translation>Clear screen</translation>
     </message>
     <message>
+      <source>Command Response:</source>
+      <translation>Command Response:</translation>
+    </message>
+    <message>
+      <source>Command line</source>
+      <translation>Command line</translation>
+    </message>
+    <message>
       <source>Communicate with R&amp;S Spectrum Analyzer failed.</source>
       <translation>Communication with the R&amp;S spectrum analyzer failed.</translation>
     </message>
@@ -494,6 +538,10 @@
     <message>
       <source>Could not open a session to the VISA Resource Manager!</source>
       <translation>Could not open a session to the VISA resource manager!</translation>
+    </message>
+    <message>
+      <source>Create Config File</source>
+      <translation>Create Config File</translation>
     </message>
     <message>
       <source>DAT</source>
@@ -520,6 +568,10 @@
       <translation>The instrument refused a command: the calibration is over.</translation>
     </message>
     <message>
+      <source>Das Geraet hat nicht alle Stellen der Sicherung beantwortet:</source>
+      <translation>The instrument has not answered for all places of the backup:</translation>
+    </message>
+    <message>
       <source>Das Umschaltgeraet hat keine Stellung fuer diese Breite:</source>
       <translation>The band switch unit has no position for this band:</translation>
     </message>
@@ -530,6 +582,14 @@
     <message>
       <source>Das ist das Umschaltgeraet, nicht der Analysator.</source>
       <translation>This is the band switch unit, not the analyser.</translation>
+    </message>
+    <message>
+      <source>Das ist keine Sicherung eines Speichers, oder sie ist beschaedigt.</source>
+      <translation>This is no backup of a memory, or it is damaged.</translation>
+    </message>
+    <message>
+      <source>Das wird geschrieben (Adresse: jetzt -&gt; neu):</source>
+      <translation>This will be written (address: now -&gt; new):</translation>
     </message>
     <message>
       <source>Datei (PDF)</source>
@@ -568,6 +628,10 @@
       <translation>Default</translation>
     </message>
     <message>
+      <source>Den Wert aus dem Geraet lesen</source>
+      <translation>Read the value from the instrument</translation>
+    </message>
+    <message>
       <source>Der Kontakt ist verloren: Die Kalibrierung ist zu Ende.</source>
       <translation>Contact is lost: the calibration is over.</translation>
     </message>
@@ -592,8 +656,20 @@
       <translation>The level is not reached:</translation>
     </message>
     <message>
+      <source>Der Speicher des Geraets antwortet nicht.</source>
+      <translation>The memory of the instrument does not answer.</translation>
+    </message>
+    <message>
+      <source>Der Speicher stimmt mit der Sicherung ueberein.</source>
+      <translation>The memory agrees with the backup.</translation>
+    </message>
+    <message>
       <source>Deutsch</source>
       <translation>German</translation>
+    </message>
+    <message>
+      <source>Die Adressen 200 bis 210, aus denen die Seriennummer gelesen wird, aendern sich nicht.</source>
+      <translation>The addresses 200 to 210, where the serial number is read, are not changed.</translation>
     </message>
     <message>
       <source>Die Berichte werden noch gespeichert.</source>
@@ -628,6 +704,10 @@
       <translation>The measurement is still being saved.</translation>
     </message>
     <message>
+      <source>Die Sicherung ist von einem anderen Geraet:</source>
+      <translation>The backup is of another instrument:</translation>
+    </message>
+    <message>
       <source>Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen:</source>
       <translation>The loss table has fields without a number, it was not loaded:</translation>
     </message>
@@ -644,8 +724,24 @@
       <translation>The configuration knows nothing of these stores, they stay:</translation>
     </message>
     <message>
+      <source>Diese Stellen werden geschrieben (Seite Adresse: jetzt -&gt; Sicherung):</source>
+      <translation>These places will be written (page address: now -&gt; backup):</translation>
+    </message>
+    <message>
+      <source>Diese Werte passen nicht in die Verlusttabelle:</source>
+      <translation>These values do not fit the loss table:</translation>
+    </message>
+    <message>
+      <source>Diesen Wert ins Geraet schreiben</source>
+      <translation>Write this value to the instrument</translation>
+    </message>
+    <message>
       <source>Display Grafik Nur(&amp;I)</source>
       <translation>Plot Only(&amp;O)</translation>
+    </message>
+    <message>
+      <source>Do you have Re-powered your equipment?</source>
+      <translation>Do you have Re-powered your equipment?</translation>
     </message>
     <message>
       <source>Do you select PCS band?  Yes--PCS, No--AWS</source>
@@ -684,6 +780,10 @@
       <translation>Pass</translation>
     </message>
     <message>
+      <source>EEPROM Write</source>
+      <translation>EEPROM Write</translation>
+    </message>
+    <message>
       <source>EGSM Einbauen</source>
       <translation>EGSM Setup</translation>
     </message>
@@ -714,6 +814,10 @@
     <message>
       <source>Einbauen misserfolg</source>
       <translation>Setup failed</translation>
+    </message>
+    <message>
+      <source>Eine Sicherung des Speichers mit dem Geraet vergleichen und zurueckschreiben</source>
+      <translation>Compare a backup of the memory with the instrument and write it back</translation>
     </message>
     <message>
       <source>Eine unterbrochene Wiederherstellung wurde zurueckgenommen.</source>
@@ -792,6 +896,10 @@
       <translation>Fit Screen</translation>
     </message>
     <message>
+      <source>Equipment Type:</source>
+      <translation>Equipment Type:</translation>
+    </message>
+    <message>
       <source>Equipment type</source>
       <translation>Equipment Type</translation>
     </message>
@@ -810,6 +918,14 @@
     <message>
       <source>Exit</source>
       <translation>Exit</translation>
+    </message>
+    <message>
+      <source>Exit Cal</source>
+      <translation>Exit Cal</translation>
+    </message>
+    <message>
+      <source>Exit Test</source>
+      <translation>Exit Test</translation>
     </message>
     <message>
       <source>Extern</source>
@@ -908,6 +1024,10 @@
       <translation>Frequency of tone 2 in MHz</translation>
     </message>
     <message>
+      <source>Gelesen, Seite/Adresse:</source>
+      <translation>Read, page/address:</translation>
+    </message>
+    <message>
       <source>Gelesene Leistungen sind keine Messung: Sie stehen in ihrem Protokoll.</source>
       <translation>Powers read back are no measurement: they stand in their protocol.</translation>
     </message>
@@ -918,6 +1038,10 @@
     <message>
       <source>Geraetefehler</source>
       <translation>instrument error</translation>
+    </message>
+    <message>
+      <source>Geschrieben, Seite/Adresse:</source>
+      <translation>Written, page/address:</translation>
     </message>
     <message>
       <source>Gewaehlte Breite</source>
@@ -942,6 +1066,10 @@
     <message>
       <source>Halten Messung erst!</source>
       <translation>Stop the measurement first!</translation>
+    </message>
+    <message>
+      <source>Hardware Initialization</source>
+      <translation>Hardware Initialization</translation>
     </message>
     <message>
       <source>Hilfe(&amp;H)</source>
@@ -988,6 +1116,18 @@
       <translation>Initializing, please wait!</translation>
     </message>
     <message>
+      <source>Initialization finished.</source>
+      <translation>Initialization finished.</translation>
+    </message>
+    <message>
+      <source>Initialize</source>
+      <translation>Initialize</translation>
+    </message>
+    <message>
+      <source>Initialize finished.</source>
+      <translation>Initialize finished.</translation>
+    </message>
+    <message>
       <source>Input_Attenuation:</source>
       <translation>Input attenuation:</translation>
     </message>
@@ -1020,6 +1160,10 @@
       <translation>Interval:</translation>
     </message>
     <message>
+      <source>Is the equipment based on 3-dB bridge?</source>
+      <translation>Is the equipment based on 3-dB bridge?</translation>
+    </message>
+    <message>
       <source>Kein Empfaenger</source>
       <translation>No receiver</translation>
     </message>
@@ -1034,6 +1178,10 @@
     <message>
       <source>Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die Zeile handbook=... eintragen.</source>
       <translation>No manual found. Please put QOR_Handbook.pdf into the data folder, or add the line handbook=... to qor.ini.</translation>
+    </message>
+    <message>
+      <source>Keine Antwort, Seite/Adresse:</source>
+      <translation>No answer, page/address:</translation>
     </message>
     <message>
       <source>Keine Messpunkte zum Speichern!</source>
@@ -1054,6 +1202,10 @@
     <message>
       <source>Klein</source>
       <translation>Low</translation>
+    </message>
+    <message>
+      <source>Kontakt zum Geraet verloren, der Vorgang ist abgebrochen.</source>
+      <translation>Contact with the instrument is lost, the work is broken off.</translation>
     </message>
     <message>
       <source>Kontakt zum Geraet verloren, es wird gesucht.</source>
@@ -1092,6 +1244,14 @@
       <translation>Mute</translation>
     </message>
     <message>
+      <source>Level detector inserted</source>
+      <translation>Level detector inserted</translation>
+    </message>
+    <message>
+      <source>Level gauge mess-delay:</source>
+      <translation>Level gauge meas. delay:</translation>
+    </message>
+    <message>
       <source>Load Configure</source>
       <translation>Load Configuration</translation>
     </message>
@@ -1102,6 +1262,10 @@
     <message>
       <source>Log On</source>
       <translation>Log on</translation>
+    </message>
+    <message>
+      <source>Lower power limit (dBm):</source>
+      <translation>Lower power limit (dBm):</translation>
     </message>
     <message>
       <source>Marker 1 Bilden</source>
@@ -1222,6 +1386,10 @@
     <message>
       <source>Nicht gelesene Dateien:</source>
       <translation>Files that could not be read:</translation>
+    </message>
+    <message>
+      <source>Nicht uebernommen, Seite/Adresse:</source>
+      <translation>Not taken over, page/address:</translation>
     </message>
     <message>
       <source>Nicht verbunden</source>
@@ -1396,6 +1564,10 @@
       <translation>Order of the product</translation>
     </message>
     <message>
+      <source>PA-Error-Check on</source>
+      <translation>PA-Error-Check on</translation>
+    </message>
+    <message>
       <source>PCS Einbauen</source>
       <translation>PCS Setup</translation>
     </message>
@@ -1406,6 +1578,18 @@
     <message>
       <source>PIM</source>
       <translation>PIM</translation>
+    </message>
+    <message>
+      <source>PIN-CODE</source>
+      <translation>PIN-CODE</translation>
+    </message>
+    <message>
+      <source>PIN-Code:</source>
+      <translation>PIN-Code:</translation>
+    </message>
+    <message>
+      <source>Page:</source>
+      <translation>Page:</translation>
     </message>
     <message>
       <source>Password:</source>
@@ -1588,8 +1772,16 @@
       <translation>Range: 0-9.9</translation>
     </message>
     <message>
+      <source>Re-power</source>
+      <translation>Re-power</translation>
+    </message>
+    <message>
       <source>Re-power your equipment.</source>
       <translation>Switch the instrument off and on again.</translation>
+    </message>
+    <message>
+      <source>Read</source>
+      <translation>Read</translation>
     </message>
     <message>
       <source>Receive Band:</source>
@@ -1622,6 +1814,10 @@
     <message>
       <source>Resolution_Bandwidth:</source>
       <translation>Resolution bandwidth:</translation>
+    </message>
+    <message>
+      <source>Restore memory</source>
+      <translation>Restore memory</translation>
     </message>
     <message>
       <source>Retry again.</source>
@@ -1692,6 +1888,18 @@
       <translation>Window Layout(&amp;W)</translation>
     </message>
     <message>
+      <source>Schreiben?</source>
+      <translation>Write?</translation>
+    </message>
+    <message>
+      <source>Schreibt die Kennung und die Grenzen des Geraets, nach Vorschau und Frage</source>
+      <translation>Writes identity and limits of the instrument, behind a preview and a question</translation>
+    </message>
+    <message>
+      <source>Schreibt die Verluste in eine Datei .conf</source>
+      <translation>Writes the losses to a file .conf</translation>
+    </message>
+    <message>
       <source>Schritt falsch!!!</source>
       <translation>Step is wrong!</translation>
     </message>
@@ -1704,12 +1912,20 @@
       <translation>Page</translation>
     </message>
     <message>
+      <source>Seite des Speichers, 0 bis 127</source>
+      <translation>Page of the memory, 0 to 127</translation>
+    </message>
+    <message>
       <source>Sek.</source>
       <translation>Sec.</translation>
     </message>
     <message>
       <source>Selec PCS/AWS</source>
       <translation>Select PCS/AWS</translation>
+    </message>
+    <message>
+      <source>Send</source>
+      <translation>Send</translation>
     </message>
     <message>
       <source>Serien:</source>
@@ -1722,6 +1938,10 @@
     <message>
       <source>Seriennummer(&amp;N)</source>
       <translation>Serial Number(&amp;N)</translation>
+    </message>
+    <message>
+      <source>Seriennummer, 0 bis 65535</source>
+      <translation>Serial number, 0 to 65535</translation>
     </message>
     <message>
       <source>Seriennummer:</source>
@@ -1762,6 +1982,26 @@
     <message>
       <source>Spectrum Mode</source>
       <translation>Spectrum</translation>
+    </message>
+    <message>
+      <source>Speicher gesichert:</source>
+      <translation>Memory backed up:</translation>
+    </message>
+    <message>
+      <source>Speicher nicht gesichert:</source>
+      <translation>Memory not backed up:</translation>
+    </message>
+    <message>
+      <source>Speicher wird geschrieben:</source>
+      <translation>Writing the memory:</translation>
+    </message>
+    <message>
+      <source>Speicher wird gesichert:</source>
+      <translation>Backing up the memory:</translation>
+    </message>
+    <message>
+      <source>Speicher wird verglichen:</source>
+      <translation>Comparing the memory:</translation>
     </message>
     <message>
       <source>Speichern</source>
@@ -1856,6 +2096,10 @@
       <translation>Statistics(&amp;K)</translation>
     </message>
     <message>
+      <source>Status</source>
+      <translation>Status</translation>
+    </message>
+    <message>
       <source>Stelle des Markers: Zeit oder Frequenz</source>
       <translation>Place of the marker: time or frequency</translation>
     </message>
@@ -1886,6 +2130,14 @@
     <message>
       <source>Sweep Mode</source>
       <translation>Sweep Mode</translation>
+    </message>
+    <message>
+      <source>Sweep delay:</source>
+      <translation>Sweep delay:</translation>
+    </message>
+    <message>
+      <source>Switch matrix attached</source>
+      <translation>Switch matrix attached</translation>
     </message>
     <message>
       <source>Sync</source>
@@ -2040,6 +2292,10 @@
       <translation>Time:</translation>
     </message>
     <message>
+      <source>Trotzdem zurueckschreiben?</source>
+      <translation>Write it back nevertheless?</translation>
+    </message>
+    <message>
       <source>UMTS Einbauen</source>
       <translation>UMTS Setup</translation>
     </message>
@@ -2076,6 +2332,10 @@
       <translation>Update(&amp;U)</translation>
     </message>
     <message>
+      <source>Upper power limit (dBm):</source>
+      <translation>Upper power limit (dBm):</translation>
+    </message>
+    <message>
       <source>Urteil</source>
       <translation>Verdict</translation>
     </message>
@@ -2088,8 +2348,20 @@
       <translation>VISA address:</translation>
     </message>
     <message>
+      <source>Value:</source>
+      <translation>Value:</translation>
+    </message>
+    <message>
       <source>Verbindung verloren</source>
       <translation>connection lost</translation>
+    </message>
+    <message>
+      <source>Verlauf</source>
+      <translation>History</translation>
+    </message>
+    <message>
+      <source>Verlust in dB, -99.9 bis 9.9</source>
+      <translation>Loss in dB, -99.9 to 9.9</translation>
     </message>
     <message>
       <source>Video_Bandwidth:</source>
@@ -2104,6 +2376,10 @@
       <translation>Tools(&amp;T)</translation>
     </message>
     <message>
+      <source>Wert, 0 bis 255</source>
+      <translation>Value, 0 to 255</translation>
+    </message>
+    <message>
       <source>WiMax Setup</source>
       <translation>WiMax Setup</translation>
     </message>
@@ -2114,6 +2390,10 @@
     <message>
       <source>Wifi Einbauen</source>
       <translation>Wifi Setup</translation>
+    </message>
+    <message>
+      <source>Write</source>
+      <translation>Write</translation>
     </message>
     <message>
       <source>Wrong password.</source>
@@ -2134,6 +2414,14 @@
     <message>
       <source>Zum Ende der Liste</source>
       <translation>To the end of the list</translation>
+    </message>
+    <message>
+      <source>Zurueckgeschrieben und geprueft:</source>
+      <translation>Written back and verified:</translation>
+    </message>
+    <message>
+      <source>Zurueckschreiben?</source>
+      <translation>Write it back?</translation>
     </message>
     <message>
       <source>Zustand des Geraets</source>

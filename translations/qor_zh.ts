@@ -44,6 +44,18 @@
       <translation>----- 标记 3 -----</translation>
     </message>
     <message>
+      <source>0 bis 127</source>
+      <translation>0 至 127</translation>
+    </message>
+    <message>
+      <source>0 bis 1270</source>
+      <translation>0 至 1270</translation>
+    </message>
+    <message>
+      <source>1 bis 30 s</source>
+      <translation>1 至 30 秒</translation>
+    </message>
+    <message>
       <source>1. Password is needless for Operator mode.</source>
       <translation>1. 操作员模式无需密码。</translation>
     </message>
@@ -64,8 +76,16 @@
       <translation>点频模式设置</translation>
     </message>
     <message>
+      <source>2 Tone time (Sec.):</source>
+      <translation>双音时间 (秒)：</translation>
+    </message>
+    <message>
       <source>2. Please modify password for adminitrator mode, please type "740261" in "old password" field if no old password.</source>
       <translation>2. 请修改管理员模式的密码；如果没有旧密码，请在“旧密码”栏中输入“740261”。</translation>
+    </message>
+    <message>
+      <source>20 bis 47 dBm</source>
+      <translation>20 至 47 dBm</translation>
     </message>
     <message>
       <source>&lt;&lt;&lt;2-Ton&gt;&gt;&gt;</source>
@@ -124,6 +144,10 @@
       <translation>添加备注(&amp;C)</translation>
     </message>
     <message>
+      <source>Address:</source>
+      <translation>地址：</translation>
+    </message>
+    <message>
       <source>Administrator Mode</source>
       <translation>管理员模式</translation>
     </message>
@@ -134,6 +158,10 @@
     <message>
       <source>Adresse(&amp;D)</source>
       <translation>地址(&amp;D)</translation>
+    </message>
+    <message>
+      <source>Adresse, 0 bis 255</source>
+      <translation>地址，0 至 255</translation>
     </message>
     <message>
       <source>Aisa Pacific</source>
@@ -296,6 +324,10 @@
       <translation>自动保存设置</translation>
     </message>
     <message>
+      <source>Befehl an das Geraet, wie er getippt ist; mit der Pfeiltaste nach oben die frueheren</source>
+      <translation>原样发送给仪器的命令；按向上键可调出以前的命令</translation>
+    </message>
+    <message>
       <source>Beginnen Messung</source>
       <translation>开始测量</translation>
     </message>
@@ -400,6 +432,10 @@
       <translation>浏览...</translation>
     </message>
     <message>
+      <source>Cable Loss For Rx</source>
+      <translation>接收电缆损耗</translation>
+    </message>
+    <message>
       <source>Cable loss for Rx:</source>
       <translation>接收线缆损耗：</translation>
     </message>
@@ -472,6 +508,14 @@
       <translation>清除屏幕</translation>
     </message>
     <message>
+      <source>Command Response:</source>
+      <translation>命令回应：</translation>
+    </message>
+    <message>
+      <source>Command line</source>
+      <translation>命令行</translation>
+    </message>
+    <message>
       <source>Communicate with R&amp;S Spectrum Analyzer failed.</source>
       <translation>与 R&amp;S 频谱分析仪通信失败。</translation>
     </message>
@@ -494,6 +538,10 @@
     <message>
       <source>Could not open a session to the VISA Resource Manager!</source>
       <translation>无法打开与 VISA 资源管理器的会话!</translation>
+    </message>
+    <message>
+      <source>Create Config File</source>
+      <translation>生成配置文件</translation>
     </message>
     <message>
       <source>DAT</source>
@@ -520,6 +568,10 @@
       <translation>仪器拒绝了命令：校准已结束。</translation>
     </message>
     <message>
+      <source>Das Geraet hat nicht alle Stellen der Sicherung beantwortet:</source>
+      <translation>仪器没有应答备份中的所有位置：</translation>
+    </message>
+    <message>
       <source>Das Umschaltgeraet hat keine Stellung fuer diese Breite:</source>
       <translation>频段切换单元没有此频段的位置：</translation>
     </message>
@@ -530,6 +582,14 @@
     <message>
       <source>Das ist das Umschaltgeraet, nicht der Analysator.</source>
       <translation>这是频段切换单元，不是分析仪。</translation>
+    </message>
+    <message>
+      <source>Das ist keine Sicherung eines Speichers, oder sie ist beschaedigt.</source>
+      <translation>这不是存储器备份，或文件已损坏。</translation>
+    </message>
+    <message>
+      <source>Das wird geschrieben (Adresse: jetzt -&gt; neu):</source>
+      <translation>将写入以下内容（地址：现值 -&gt; 新值）：</translation>
     </message>
     <message>
       <source>Datei (PDF)</source>
@@ -568,6 +628,10 @@
       <translation>默认</translation>
     </message>
     <message>
+      <source>Den Wert aus dem Geraet lesen</source>
+      <translation>从仪器读取该值</translation>
+    </message>
+    <message>
       <source>Der Kontakt ist verloren: Die Kalibrierung ist zu Ende.</source>
       <translation>连接已丢失：校准已结束。</translation>
     </message>
@@ -592,8 +656,20 @@
       <translation>无法达到该电平：</translation>
     </message>
     <message>
+      <source>Der Speicher des Geraets antwortet nicht.</source>
+      <translation>仪器的存储器没有应答。</translation>
+    </message>
+    <message>
+      <source>Der Speicher stimmt mit der Sicherung ueberein.</source>
+      <translation>存储器与备份一致。</translation>
+    </message>
+    <message>
       <source>Deutsch</source>
       <translation>德语</translation>
+    </message>
+    <message>
+      <source>Die Adressen 200 bis 210, aus denen die Seriennummer gelesen wird, aendern sich nicht.</source>
+      <translation>读取序列号的地址 200 至 210 不会改变。</translation>
     </message>
     <message>
       <source>Die Berichte werden noch gespeichert.</source>
@@ -628,6 +704,10 @@
       <translation>测量仍在保存中。</translation>
     </message>
     <message>
+      <source>Die Sicherung ist von einem anderen Geraet:</source>
+      <translation>备份来自另一台仪器：</translation>
+    </message>
+    <message>
       <source>Die Verlusttabelle hat Felder ohne Zahl, sie wurde nicht geladen:</source>
       <translation>损耗表中有非数字字段，未加载：</translation>
     </message>
@@ -644,8 +724,24 @@
       <translation>配置中没有以下存储文件，它们保持不变：</translation>
     </message>
     <message>
+      <source>Diese Stellen werden geschrieben (Seite Adresse: jetzt -&gt; Sicherung):</source>
+      <translation>将写入以下位置（页 地址：现值 -&gt; 备份）：</translation>
+    </message>
+    <message>
+      <source>Diese Werte passen nicht in die Verlusttabelle:</source>
+      <translation>这些值不适合损耗表：</translation>
+    </message>
+    <message>
+      <source>Diesen Wert ins Geraet schreiben</source>
+      <translation>将该值写入仪器</translation>
+    </message>
+    <message>
       <source>Display Grafik Nur(&amp;I)</source>
       <translation>仅显示曲线图(&amp;O)</translation>
+    </message>
+    <message>
+      <source>Do you have Re-powered your equipment?</source>
+      <translation>设备已经重新上电了吗？</translation>
     </message>
     <message>
       <source>Do you select PCS band?  Yes--PCS, No--AWS</source>
@@ -684,6 +780,10 @@
       <translation>通过</translation>
     </message>
     <message>
+      <source>EEPROM Write</source>
+      <translation>EEPROM 写入</translation>
+    </message>
+    <message>
       <source>EGSM Einbauen</source>
       <translation>EGSM 设置</translation>
     </message>
@@ -714,6 +814,10 @@
     <message>
       <source>Einbauen misserfolg</source>
       <translation>设置失败</translation>
+    </message>
+    <message>
+      <source>Eine Sicherung des Speichers mit dem Geraet vergleichen und zurueckschreiben</source>
+      <translation>将存储器备份与仪器比较并写回</translation>
     </message>
     <message>
       <source>Eine unterbrochene Wiederherstellung wurde zurueckgenommen.</source>
@@ -792,6 +896,10 @@
       <translation>适应屏幕</translation>
     </message>
     <message>
+      <source>Equipment Type:</source>
+      <translation>设备类型：</translation>
+    </message>
+    <message>
       <source>Equipment type</source>
       <translation>仪器型号</translation>
     </message>
@@ -810,6 +918,14 @@
     <message>
       <source>Exit</source>
       <translation>退出</translation>
+    </message>
+    <message>
+      <source>Exit Cal</source>
+      <translation>退出校准</translation>
+    </message>
+    <message>
+      <source>Exit Test</source>
+      <translation>退出测试</translation>
     </message>
     <message>
       <source>Extern</source>
@@ -908,6 +1024,10 @@
       <translation>音 2 频率（MHz）</translation>
     </message>
     <message>
+      <source>Gelesen, Seite/Adresse:</source>
+      <translation>已读取，页/地址：</translation>
+    </message>
+    <message>
       <source>Gelesene Leistungen sind keine Messung: Sie stehen in ihrem Protokoll.</source>
       <translation>回读功率不是测量结果：见其记录文件。</translation>
     </message>
@@ -918,6 +1038,10 @@
     <message>
       <source>Geraetefehler</source>
       <translation>仪器错误</translation>
+    </message>
+    <message>
+      <source>Geschrieben, Seite/Adresse:</source>
+      <translation>已写入，页/地址：</translation>
     </message>
     <message>
       <source>Gewaehlte Breite</source>
@@ -942,6 +1066,10 @@
     <message>
       <source>Halten Messung erst!</source>
       <translation>请先停止测量！</translation>
+    </message>
+    <message>
+      <source>Hardware Initialization</source>
+      <translation>硬件初始化</translation>
     </message>
     <message>
       <source>Hilfe(&amp;H)</source>
@@ -988,6 +1116,18 @@
       <translation>正在初始化，请稍候！</translation>
     </message>
     <message>
+      <source>Initialization finished.</source>
+      <translation>初始化完成。</translation>
+    </message>
+    <message>
+      <source>Initialize</source>
+      <translation>初始化</translation>
+    </message>
+    <message>
+      <source>Initialize finished.</source>
+      <translation>初始化完成。</translation>
+    </message>
+    <message>
       <source>Input_Attenuation:</source>
       <translation>输入衰减:</translation>
     </message>
@@ -1020,6 +1160,10 @@
       <translation>间隔：</translation>
     </message>
     <message>
+      <source>Is the equipment based on 3-dB bridge?</source>
+      <translation>设备是否基于 3 dB 电桥？</translation>
+    </message>
+    <message>
       <source>Kein Empfaenger</source>
       <translation>没有接收机</translation>
     </message>
@@ -1034,6 +1178,10 @@
     <message>
       <source>Kein Handbuch gefunden. Bitte QOR_Handbook.pdf in den Datenordner legen oder in qor.ini die Zeile handbook=... eintragen.</source>
       <translation>未找到手册。请将 QOR_Handbook.pdf 放入数据文件夹，或在 qor.ini 中加入一行 handbook=...。</translation>
+    </message>
+    <message>
+      <source>Keine Antwort, Seite/Adresse:</source>
+      <translation>无应答，页/地址：</translation>
     </message>
     <message>
       <source>Keine Messpunkte zum Speichern!</source>
@@ -1054,6 +1202,10 @@
     <message>
       <source>Klein</source>
       <translation>低</translation>
+    </message>
+    <message>
+      <source>Kontakt zum Geraet verloren, der Vorgang ist abgebrochen.</source>
+      <translation>与仪器失去联系，操作已中止。</translation>
     </message>
     <message>
       <source>Kontakt zum Geraet verloren, es wird gesucht.</source>
@@ -1092,6 +1244,14 @@
       <translation>静音</translation>
     </message>
     <message>
+      <source>Level detector inserted</source>
+      <translation>已装电平检波器</translation>
+    </message>
+    <message>
+      <source>Level gauge mess-delay:</source>
+      <translation>电平测量延时：</translation>
+    </message>
+    <message>
       <source>Load Configure</source>
       <translation>加载配置</translation>
     </message>
@@ -1102,6 +1262,10 @@
     <message>
       <source>Log On</source>
       <translation>登录</translation>
+    </message>
+    <message>
+      <source>Lower power limit (dBm):</source>
+      <translation>功率下限 (dBm)：</translation>
     </message>
     <message>
       <source>Marker 1 Bilden</source>
@@ -1222,6 +1386,10 @@
     <message>
       <source>Nicht gelesene Dateien:</source>
       <translation>未能读取的文件：</translation>
+    </message>
+    <message>
+      <source>Nicht uebernommen, Seite/Adresse:</source>
+      <translation>未被接受，页/地址：</translation>
     </message>
     <message>
       <source>Nicht verbunden</source>
@@ -1396,6 +1564,10 @@
       <translation>产物阶数</translation>
     </message>
     <message>
+      <source>PA-Error-Check on</source>
+      <translation>功放错误检查开</translation>
+    </message>
+    <message>
       <source>PCS Einbauen</source>
       <translation>PCS 设置</translation>
     </message>
@@ -1406,6 +1578,18 @@
     <message>
       <source>PIM</source>
       <translation>互调 (PIM)</translation>
+    </message>
+    <message>
+      <source>PIN-CODE</source>
+      <translation>PIN 码</translation>
+    </message>
+    <message>
+      <source>PIN-Code:</source>
+      <translation>PIN 码：</translation>
+    </message>
+    <message>
+      <source>Page:</source>
+      <translation>页：</translation>
     </message>
     <message>
       <source>Password:</source>
@@ -1588,8 +1772,16 @@
       <translation>范围：0-9.9</translation>
     </message>
     <message>
+      <source>Re-power</source>
+      <translation>重新上电</translation>
+    </message>
+    <message>
       <source>Re-power your equipment.</source>
       <translation>请将仪器重新上电。</translation>
+    </message>
+    <message>
+      <source>Read</source>
+      <translation>读取</translation>
     </message>
     <message>
       <source>Receive Band:</source>
@@ -1622,6 +1814,10 @@
     <message>
       <source>Resolution_Bandwidth:</source>
       <translation>分辨率带宽:</translation>
+    </message>
+    <message>
+      <source>Restore memory</source>
+      <translation>恢复存储器</translation>
     </message>
     <message>
       <source>Retry again.</source>
@@ -1692,6 +1888,18 @@
       <translation>界面布局(&amp;W)</translation>
     </message>
     <message>
+      <source>Schreiben?</source>
+      <translation>写入吗？</translation>
+    </message>
+    <message>
+      <source>Schreibt die Kennung und die Grenzen des Geraets, nach Vorschau und Frage</source>
+      <translation>预览并确认后写入仪器的标识和限值</translation>
+    </message>
+    <message>
+      <source>Schreibt die Verluste in eine Datei .conf</source>
+      <translation>将损耗写入 .conf 文件</translation>
+    </message>
+    <message>
       <source>Schritt falsch!!!</source>
       <translation>步进错误！</translation>
     </message>
@@ -1704,12 +1912,20 @@
       <translation>页面</translation>
     </message>
     <message>
+      <source>Seite des Speichers, 0 bis 127</source>
+      <translation>存储器页，0 至 127</translation>
+    </message>
+    <message>
       <source>Sek.</source>
       <translation>秒</translation>
     </message>
     <message>
       <source>Selec PCS/AWS</source>
       <translation>选择 PCS/AWS</translation>
+    </message>
+    <message>
+      <source>Send</source>
+      <translation>发送</translation>
     </message>
     <message>
       <source>Serien:</source>
@@ -1722,6 +1938,10 @@
     <message>
       <source>Seriennummer(&amp;N)</source>
       <translation>序列号(&amp;N)</translation>
+    </message>
+    <message>
+      <source>Seriennummer, 0 bis 65535</source>
+      <translation>序列号，0 至 65535</translation>
     </message>
     <message>
       <source>Seriennummer:</source>
@@ -1762,6 +1982,26 @@
     <message>
       <source>Spectrum Mode</source>
       <translation>频谱模式</translation>
+    </message>
+    <message>
+      <source>Speicher gesichert:</source>
+      <translation>存储器已备份：</translation>
+    </message>
+    <message>
+      <source>Speicher nicht gesichert:</source>
+      <translation>存储器未备份：</translation>
+    </message>
+    <message>
+      <source>Speicher wird geschrieben:</source>
+      <translation>正在写入存储器：</translation>
+    </message>
+    <message>
+      <source>Speicher wird gesichert:</source>
+      <translation>正在备份存储器：</translation>
+    </message>
+    <message>
+      <source>Speicher wird verglichen:</source>
+      <translation>正在比较存储器：</translation>
     </message>
     <message>
       <source>Speichern</source>
@@ -1856,6 +2096,10 @@
       <translation>统计(&amp;K)</translation>
     </message>
     <message>
+      <source>Status</source>
+      <translation>状态</translation>
+    </message>
+    <message>
       <source>Stelle des Markers: Zeit oder Frequenz</source>
       <translation>标记位置：时间或频率</translation>
     </message>
@@ -1886,6 +2130,14 @@
     <message>
       <source>Sweep Mode</source>
       <translation>扫频模式</translation>
+    </message>
+    <message>
+      <source>Sweep delay:</source>
+      <translation>扫描延时：</translation>
+    </message>
+    <message>
+      <source>Switch matrix attached</source>
+      <translation>已接开关矩阵</translation>
     </message>
     <message>
       <source>Sync</source>
@@ -2040,6 +2292,10 @@
       <translation>时间：</translation>
     </message>
     <message>
+      <source>Trotzdem zurueckschreiben?</source>
+      <translation>仍要写回吗？</translation>
+    </message>
+    <message>
       <source>UMTS Einbauen</source>
       <translation>UMTS 设置</translation>
     </message>
@@ -2076,6 +2332,10 @@
       <translation>更新(&amp;U)</translation>
     </message>
     <message>
+      <source>Upper power limit (dBm):</source>
+      <translation>功率上限 (dBm)：</translation>
+    </message>
+    <message>
       <source>Urteil</source>
       <translation>判定</translation>
     </message>
@@ -2088,8 +2348,20 @@
       <translation>VISA 地址:</translation>
     </message>
     <message>
+      <source>Value:</source>
+      <translation>值：</translation>
+    </message>
+    <message>
       <source>Verbindung verloren</source>
       <translation>连接已丢失</translation>
+    </message>
+    <message>
+      <source>Verlauf</source>
+      <translation>历史记录</translation>
+    </message>
+    <message>
+      <source>Verlust in dB, -99.9 bis 9.9</source>
+      <translation>损耗，单位 dB，-99.9 至 9.9</translation>
     </message>
     <message>
       <source>Video_Bandwidth:</source>
@@ -2104,6 +2376,10 @@
       <translation>工具(&amp;T)</translation>
     </message>
     <message>
+      <source>Wert, 0 bis 255</source>
+      <translation>值，0 至 255</translation>
+    </message>
+    <message>
       <source>WiMax Setup</source>
       <translation>WiMax 设置</translation>
     </message>
@@ -2114,6 +2390,10 @@
     <message>
       <source>Wifi Einbauen</source>
       <translation>Wifi 设置</translation>
+    </message>
+    <message>
+      <source>Write</source>
+      <translation>写入</translation>
     </message>
     <message>
       <source>Wrong password.</source>
@@ -2134,6 +2414,14 @@
     <message>
       <source>Zum Ende der Liste</source>
       <translation>到列表末尾</translation>
+    </message>
+    <message>
+      <source>Zurueckgeschrieben und geprueft:</source>
+      <translation>已写回并校验：</translation>
+    </message>
+    <message>
+      <source>Zurueckschreiben?</source>
+      <translation>写回吗？</translation>
     </message>
     <message>
       <source>Zustand des Geraets</source>

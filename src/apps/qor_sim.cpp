@@ -16,6 +16,7 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <fstream>
 #include <getopt.h>
 #include <memory>
 #include <optional>
@@ -41,6 +42,7 @@ struct Options {
     std::vector<Fault> faults;
     std::string link;
     std::optional<int> switchUnitSpeed; ///< a band switch unit at this speed instead of an analyser
+    std::string memory; ///< a file
     struct Receiver {
         ReceiverKind kind;
         std::uint16_t port; ///< of its raw socket, 0 for any free one
@@ -127,6 +129,7 @@ void PrintHelp() {
         "  --firmware X.Y    1.8 to 6.9, or ev1.0 to ev9.9; default 6.2\n"
         "  --serial TEXT     serial number, 1 to 11 characters; default SIM01\n"
         "  --link PATH       also make a symbolic link to the pseudo-terminal\n"
+        "  --memory FILE     keep what is written to the instrument's memory in this file\n"
         "  --fault KIND[:N]  order a fault; may be given several times\n"
         "  --switch-unit[=BAUD]  a band switch unit instead of an analyser, at 9600 or 115200 baud\n"
         "  --analyser PORT   also a spectrum analyser: SCPI on this TCP port (0: any free one), HiSLIP, "
@@ -165,12 +168,19 @@ int SpeedIn(const std::string& text) {
     return std::stoi(text);
 }
 
+/// What a file holds, empty where there is none yet.
+std::string TextOf(const char* path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
 Options ParseArguments(int argc, char** argv) {
     enum Option {
         Model = 1,
         FirmwareText,
         Serial,
         Link,
+        MemoryFile,
         FaultText,
         Seed,
         Analyser,
@@ -185,6 +195,7 @@ Options ParseArguments(int argc, char** argv) {
                                       {"firmware", required_argument, nullptr, FirmwareText},
                                       {"serial", required_argument, nullptr, Serial},
                                       {"link", required_argument, nullptr, Link},
+                                      {"memory", required_argument, nullptr, MemoryFile},
                                       {"fault", required_argument, nullptr, FaultText},
                                       {"seed", required_argument, nullptr, Seed},
                                       {"analyser", required_argument, nullptr, Analyser},
@@ -209,6 +220,10 @@ Options ParseArguments(int argc, char** argv) {
             break;
         case Link:
             options.link = optarg;
+            break;
+        case MemoryFile:
+            options.memory = optarg;
+            options.instrument.memory = TextOf(optarg);
             break;
         case FaultText:
             if (const auto fault = ParseFault(optarg))
@@ -350,6 +365,18 @@ bool Wait(const Pty& pty, const Line& line, const ServedReceiver* receiver, cons
 
 int Serve(const Options& options, const sigset_t& signals) {
     Instrument instrument(options.instrument);
+    std::ofstream memory; // what is written goes behind what stands there: the last line of a place holds
+    if (!options.memory.empty()) {
+        memory.open(options.memory, std::ios::app | std::ios::binary);
+        if (!memory) {
+            std::fprintf(stderr, "qor-sim: cannot write %s: %s\n", options.memory.c_str(),
+                         std::strerror(errno));
+            return ExitFailure;
+        }
+        instrument.SetOnWrite([&memory](int page, int address, int value) {
+            memory << page << ' ' << address << ' ' << value << '\n' << std::flush;
+        });
+    }
     SwitchUnit unit;
     LineTiming timing;
     timing.baud = options.switchUnitSpeed.value_or(timing.baud);

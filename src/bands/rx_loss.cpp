@@ -1,13 +1,25 @@
 #include "bands/rx_loss.h"
 
 #include "base/tenths.h"
-
-#include <string>
+#include "base/text_format.h"
 
 namespace qor {
 
+namespace {
+
+constexpr std::size_t FieldLength = 5;
+
+} // namespace
+
+std::string RxLossField(double loss) {
+    std::string field = Fixed(loss, 1);
+    if (field.size() > FieldLength)
+        return {};
+    field.insert(field.starts_with('-') ? 1 : 0, FieldLength - field.size(), '0');
+    return field;
+}
+
 RxLossFile ParseRxLoss(std::string_view text) {
-    constexpr std::size_t FieldLength = 5;
     constexpr std::size_t FewestFields = 9; // the last four may be missing
     std::string fields(text);
     std::erase_if(fields, [](char c) { return c == '\r' || c == '\n'; });

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,8 @@ struct RxLossFile {
     [[nodiscard]] bool IsDamaged() const { return isShort || !noNumber.empty(); }
 };
 
+/// A loss in dB as its field of five characters, "002.5" or "-01.5"; empty where it does not fit.
+[[nodiscard]] std::string RxLossField(double loss);
 /// Fields of five characters, the last four of which may be missing; line ends between them are passed over.
 [[nodiscard]] RxLossFile ParseRxLoss(std::string_view text);
 

@@ -153,6 +153,8 @@ void PlaceNormal(PanelLayout& layout, const LayoutRequest& asked) {
     }
     place.Row(Control::StatusCell, 6, r - PlotRight, b - 408, b - StatusBottom);
     PlaceBoxes(place, b, shift);
+    if (request.factoryMode)
+        place(Control::LampPicture, 28, b - 374, 157, b - 350);
     PlaceColumn(place, r);
     PlaceButtons(place, request, r, b, wide, small);
     if (request.plotOnly) {
@@ -161,6 +163,29 @@ void PlaceNormal(PanelLayout& layout, const LayoutRequest& asked) {
         place(Control::StartButton, last.left, last.top, last.right, last.bottom);
         layout.place[static_cast<std::size_t>(Nth(Control::StatusCell, 5))] = OutOfSight;
     }
+}
+
+/// A service page takes the room of what measures; the plot stays above it where it can still be read.
+void PlaceServicePage(PanelLayout& layout, const LayoutRequest& request) {
+    constexpr int Strip = 36; ///< of the two buttons
+    constexpr int LowestPlot = 160;
+    const int width = layout.clientWidth;
+    const int height = layout.clientHeight;
+    const int first = request.notices * RowHeight;
+    const int spare = height - Strip - request.pageHeight - first;
+    const bool plotStays = spare >= LowestPlot;
+    const int top = plotStays ? first + spare : first;
+    layout.place.fill(OutOfSight);
+    const Placer place{layout};
+    if (plotStays) {
+        place.Plot(request, width, top);
+        place.ScaleButtons(layout[Control::Plot]);
+    } else if (first > 0) {
+        place(Control::NoticeBar, 0, 0, width, first);
+    }
+    place(Control::ServicePage, 0, top, width, height - Strip);
+    place(Control::TestButton, 30, height - Strip + 3, 130, height - 3);
+    place(Control::CalibrationButton, 135, height - Strip + 3, 235, height - 3);
 }
 
 } // namespace
@@ -179,6 +204,8 @@ PanelLayout Relayout(const LayoutRequest& request) {
     } else {
         PlaceNormal(layout, request);
     }
+    if (request.pageHeight > 0)
+        PlaceServicePage(layout, request);
     return layout;
 }
 

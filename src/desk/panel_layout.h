@@ -41,6 +41,7 @@ enum class Control : std::size_t {
     ExitButton,
     CalibrationButton,
     TestButton,
+    ServicePage,
     Count
 };
 
@@ -68,6 +69,8 @@ struct LayoutRequest {
     int notices = 0;        ///< lines, 20 pixels each, that take their room from the plot
     int clientWidth = 0; ///< the area there is, where the screen has no room for the layout's own; 0: its own
     int clientHeight = 0;
+    bool factoryMode = false; ///< its two buttons stand where the lamp stands otherwise
+    int pageHeight = 0;       ///< that the open service page would like, pixels; 0: none is open
 };
 
 struct PanelLayout {

@@ -59,7 +59,7 @@ Program::Program(const Platform& platform, std::filesystem::path dataDirectory)
       m_AutoSaver(*this, m_Channel,
                   [this] { m_Fatigue.IsOn() ? m_Fatigue.PressAfterSaving() : OnMeasButton(); }),
       m_ReceiverDesk(m_Session, m_Platform, m_Store, m_Receiver, m_ReceiverSearch, m_Instrument),
-      m_ServiceDesk(m_Session, m_Platform, m_Channel, m_Measurement),
+      m_ServiceDesk(m_Session, m_Platform, m_Store, m_Channel, m_Connection, m_Measurement),
       m_Calibrations(m_Session, m_Platform, m_Store, m_Sources, m_Measurement, m_ServiceDesk,
                      [this](const Outcome& outcome) { Tell(outcome); }),
       m_CloseTimer(m_Platform.timers, CloseQOR, [this] { OnCloseTimer(); }),
@@ -201,6 +201,7 @@ void Program::Initialised() {
     if (!m_Session.curve.HoldsPoints())
         m_Session.curve.Clear();
     m_Measurement.InstrumentIsReady();
+    m_ServiceDesk.Initialised();
 }
 
 void Program::Tell(const Outcome& outcome) {

@@ -3,17 +3,23 @@
 #include "desk/dialogs.h"
 #include "desk/guards.h"
 #include "desk/session.h"
+#include "link/commands.h"
 #include "measure/measurement.h"
 #include "platform/clock.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
+#include "platform/serial_control.h"
 #include "service/service_activity.h"
 
 namespace qor {
 
-ServiceDesk::ServiceDesk(Session& session, const Platform& platform, Channel& channel,
-                         Measurement& measurement)
-    : m_Session(session), m_Platform(platform), m_Channel(channel), m_Measurement(measurement) {}
+ServiceDesk::ServiceDesk(Session& session, const Platform& platform, SetupStore& store, Channel& channel,
+                         Connection& connection, Measurement& measurement)
+    : m_Session(session), m_Platform(platform), m_Channel(channel), m_Measurement(measurement),
+      m_Memory(session, platform, store), m_Hardware(session, platform, channel, connection, m_Memory) {
+    Join(m_Memory);
+    Join(m_Hardware);
+}
 
 Outcome ServiceDesk::Home(Dialogs& dialogs) {
     FactoryMode& factory = m_Session.factory;
@@ -22,6 +28,7 @@ Outcome ServiceDesk::Home(Dialogs& dialogs) {
             dialogs.Open("factory_mode");
         return Outcome::Done();
     }
+    SwitchOff(); // no question stands over carriers
     if (!m_Platform.user.Ask("Do you want to exit factory mode?", "FACTORY MODE"))
         return Outcome::Done();
     if (factory.Page() != ServicePage::None)
@@ -47,6 +54,7 @@ Outcome ServiceDesk::PressPage(ServicePage page) {
     m_Measurement.DropStart();
     m_Channel.HoldStatusPoll();
     factory.Open(page);
+    m_Memory.BackUp({}, {});
     return Outcome::Done();
 }
 
@@ -58,17 +66,21 @@ void ServiceDesk::ClosePage() {
     m_Session.factory.Close();
     m_Session.response.End();
     SwitchOff();
-    m_Channel.ResumeStatusPoll();
+    if (m_Platform.comm.GetPortOpen())
+        m_Channel.ResumeStatusPoll();
 }
 
-/// Ahead of all that waits: what the page has queued is not wanted any more.
+/// What the page has queued is not wanted any more; the off commands go ahead of all else.
 void ServiceDesk::SwitchOff() {
     LinkState& link = m_Session.link;
-    if (!link.carriers.MayBeOn() || link.chain.IsUnderWay())
+    m_Session.factory.KeepCarriers(false);
+    if (link.chain.IsUnderWay() || !m_Platform.comm.GetPortOpen())
         return;
     link.queue.Clear();
-    for (const std::string& off : link.carriers.OffCommands())
-        link.queue.Append(off);
+    link.queue.Append(command::InputText);
+    if (link.carriers.MayBeOn())
+        for (const std::string& off : link.carriers.OffCommands())
+            link.queue.Append(off);
     m_Channel.Start();
 }
 
@@ -90,6 +102,15 @@ void ServiceDesk::ContactIsLost() {
     for (ServiceActivity* const activity : m_Activities)
         activity->ContactIsLost();
     m_Session.factory.KeepCarriers(false);
+}
+
+/// The poll that the end of a chain has armed does not disturb an open page; what could not be kept before
+/// can be now.
+void ServiceDesk::Initialised() {
+    if (m_Session.factory.Page() == ServicePage::None)
+        return;
+    m_Channel.HoldStatusPoll();
+    m_Memory.BackUp({}, {});
 }
 
 void ServiceDesk::Leave() {

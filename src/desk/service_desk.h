@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/outcome.h"
+#include "desk/hardware_setup.h"
+#include "desk/memory_desk.h"
 #include "link/channel.h"
 #include "service/factory_mode.h"
 #include "service/memory_talk.h"
@@ -11,6 +13,7 @@
 
 namespace qor {
 
+class Connection;
 class Dialogs;
 class Measurement;
 class ServiceActivity;
@@ -21,7 +24,8 @@ struct Session;
 /// by a question. However a page is left, both carriers are off within two seconds.
 class ServiceDesk {
 public:
-    ServiceDesk(Session& session, const Platform& platform, Channel& channel, Measurement& measurement);
+    ServiceDesk(Session& session, const Platform& platform, SetupStore& store, Channel& channel,
+                Connection& connection, Measurement& measurement);
 
     /// What goes on on a page ends with it from now on. It outlives this desk.
     void Join(ServiceActivity& activity) { m_Activities.push_back(&activity); }
@@ -37,7 +41,12 @@ public:
     /// A free command, as it was typed.
     Outcome Send(const std::string& text);
 
+    [[nodiscard]] MemoryDesk& Memory() { return m_Memory; }
+    [[nodiscard]] HardwareSetup& Hardware() { return m_Hardware; }
+
     // Of the program.
+    /// The instrument is ready.
+    void Initialised();
     void ContactIsLost();
     /// The program ends.
     void Leave();
@@ -53,6 +62,8 @@ private:
     Channel& m_Channel;
     Measurement& m_Measurement;
     std::vector<ServiceActivity*> m_Activities;
+    MemoryDesk m_Memory;
+    HardwareSetup m_Hardware;
 };
 
 } // namespace qor

@@ -18,6 +18,9 @@ void AddServiceRows(MenuBuilder& menu) {
                         calibrations.OrderIsChosen(); // the hint of the page
                         return outcome;
                     }});
+    menu.AddHidden({.id = "restore_memory",
+                    .guards = {.page = ServicePage::Test},
+                    .run = [](Desk& desk, int) { return desk.program.Service().Memory().Restore(); }});
 }
 
 } // namespace qor

@@ -47,6 +47,8 @@ public:
     void Begin();
     /// Searches at once.
     void OnSearchTimer();
+    /// Whoever is there now is looked for as at the start.
+    void SearchAgain() { m_SearchTimer.Start(SearchPeriod); }
     /// Port `number` was opened, by whatever way.
     void Opened(int number) { m_State.PortIsOpened(number); }
     /// The program ends: nothing is looked for any more, and nothing that is found is talked to.

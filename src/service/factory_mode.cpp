@@ -30,6 +30,7 @@ void FactoryMode::Leave() {
 
 void FactoryMode::Close() {
     m_Page = ServicePage::None;
+    m_Status.clear();
     m_Work = ServiceWork::None;
     m_KeepsCarriers = false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace qor {
@@ -47,6 +48,10 @@ public:
     /// Ends `work`, and its claim on the carriers; another that has begun meanwhile goes on.
     void End(ServiceWork work);
 
+    /// What the open page says of what goes on on it.
+    [[nodiscard]] const std::string& Status() const { return m_Status; }
+    void Say(std::string status) { m_Status = std::move(status); }
+
     /// The page wants the carriers as they are, without a run; otherwise an idle line switches them off.
     [[nodiscard]] bool KeepsCarriers() const { return m_KeepsCarriers; }
     void KeepCarriers(bool keeps) { m_KeepsCarriers = keeps; }
@@ -56,6 +61,7 @@ private:
     ServicePage m_Page = ServicePage::None;
     ServiceWork m_Work = ServiceWork::None;
     bool m_KeepsCarriers = false;
+    std::string m_Status;
     int m_WrongPins = 0;
     std::int64_t m_ShutUntilMs = 0;
 };

@@ -21,8 +21,9 @@ MemoryWriteCommand WriteTableByte(const MemoryCell& cell, int tag) {
     return {"$KVTWE", std::string(payload, sizeof payload), tag, cell};
 }
 
-void MemoryTalk::Read(std::vector<MemoryCell> places, OnStep onStep, OnEnd onEnd) {
+void MemoryTalk::Read(std::vector<MemoryCell> places, OnStep onStep, OnEnd onEnd, std::string_view filler) {
     m_Reads = std::move(places);
+    m_Filler = filler;
     m_Writes.clear();
     Begin(std::move(onStep), std::move(onEnd));
 }
@@ -57,7 +58,8 @@ void MemoryTalk::Next() {
     while (m_Step < m_Reads.size() && m_Reads[m_Step].page == m_SilentPage)
         ++m_Step;
     if (m_Step < m_Reads.size())
-        m_Queue.Ask(ReadMemoryByteOf(m_Reads[m_Step].page, m_Reads[m_Step].address), TagMemoryEditor, *this);
+        m_Queue.Ask(ReadMemoryByteOf(m_Reads[m_Step].page, m_Reads[m_Step].address) + m_Filler,
+                    TagMemoryEditor, *this);
     else if (m_Step < m_Writes.size())
         m_Queue.AskEcho(m_Writes[m_Step].text, m_Writes[m_Step].tag, *this, m_Writes[m_Step].payload);
     else

@@ -58,7 +58,8 @@ public:
         return m_Step < m_Writes.size() ? m_Writes[m_Step].cell : std::nullopt;
     }
     /// Reads the places, in order. A page that leaves one unanswered is asked no more; the others are.
-    void Read(std::vector<MemoryCell> places, OnStep onStep, OnEnd onEnd);
+    /// `filler` stands behind each command's address.
+    void Read(std::vector<MemoryCell> places, OnStep onStep, OnEnd onEnd, std::string_view filler = {});
     /// Writes, each confirmed by its echo before the next. Refused with page and address, or the command, of
     /// the first that is not.
     void Write(std::vector<MemoryWriteCommand> writes, OnStep onStep, OnEnd onEnd);
@@ -78,6 +79,7 @@ private:
 
     CommandQueue& m_Queue;
     std::vector<MemoryCell> m_Reads;
+    std::string m_Filler;
     std::vector<MemoryWriteCommand> m_Writes;
     std::size_t m_Step = 0;
     std::optional<int> m_SilentPage;

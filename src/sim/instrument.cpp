@@ -65,6 +65,9 @@ std::string ConfigFault(const InstrumentConfig& config) {
     if (config.serial.empty() || config.serial.size() > static_cast<std::size_t>(MemoryTextLength) ||
         !std::all_of(config.serial.begin(), config.serial.end(), printable))
         return "a serial number has 1 to 11 printable characters and no blank";
+    if (!InstrumentMemory(*ParseFirmware(config.firmware), model->typeCode, {}, {}, false)
+             .TakeLines(config.memory))
+        return "the memory holds lines that are no page, address and value";
     if (config.position < 0 || config.position >= model->positions)
         return config.model + " has " + std::to_string(model->positions) + " band positions";
     return {};
@@ -73,7 +76,7 @@ std::string ConfigFault(const InstrumentConfig& config) {
 /// A command text with a number behind it. A number of the wrong form is a syntax error, one outside
 /// low..high is out of range, and otherwise it lands in its field and the command is echoed.
 struct Instrument::NumberCommand {
-    enum class Kind { Plain, Position, Order, Carriers, Equipment, Tone, Power, Drive };
+    enum class Kind { Plain, Position, Order, Carriers, Equipment, Tone, Power, Drive, BandSetup, TwoToneTime };
 
     std::string_view text;
     std::size_t leastDigits;
@@ -108,8 +111,8 @@ const Instrument::NumberCommand Instrument::NumberCommands[] = {
     {"#KVTAL", 5, 5, 0, 6000,         &InstrumentSettings::drive, NumberCommand::Kind::Drive},
     {"#KVTPD", 1, 1, 0, 5,            nullptr, NumberCommand::Kind::Equipment},
     {"#KVTPA", 1, 1, 0, 0,            nullptr},
-    {"#BDT",   1, 1, 0, 1,            &InstrumentSettings::bandSetup},
-    {"#2TTIM", 2, 2, 1, 30,           &InstrumentSettings::twoToneSeconds},
+    {"#BDT",   1, 1, 0, 1,            &InstrumentSettings::bandSetup, NumberCommand::Kind::BandSetup},
+    {"#2TTIM", 2, 2, 1, 30,           &InstrumentSettings::twoToneSeconds, NumberCommand::Kind::TwoToneTime},
 };
 // clang-format on
 
@@ -117,7 +120,9 @@ Instrument::Instrument(const InstrumentConfig& config)
     : m_Config(config), m_Model(CheckedModel(config)), m_Firmware(*ParseFirmware(config.firmware)),
       m_Memory(m_Firmware, m_Model.typeCode, config.model, config.serial, config.bridge3dB),
       m_Pim(config.seed), m_Power(m_Model.name, m_Firmware, config.seed) {
+    (void)m_Memory.TakeLines(config.memory);
     m_Settings.position = config.position;
+    m_AtPowerOn = m_Settings;
 }
 
 std::string Instrument::Execute(std::string_view command) {
@@ -173,6 +178,9 @@ std::string Instrument::SetNumber(const NumberCommand& row, std::string_view com
     if (row.kind == Kind::Tone && (*value < LowestTone || *value > HighestTone))
         return std::string(PllNotLocked);
 
+    if (row.kind == Kind::Power && (*value < m_Memory.LowerLimit() || *value > m_Memory.UpperLimit()))
+        return std::string(OutOfRange);
+
     if (row.field)
         m_Settings.*row.field = *value;
     if (row.kind == Kind::Drive)
@@ -185,6 +193,10 @@ std::string Instrument::SetNumber(const NumberCommand& row, std::string_view com
         m_Settings.carrier1 = m_Settings.carrier2 = *value;
     if (row.kind == Kind::Equipment)
         m_Memory.SetOwn(AddressOption, (m_Memory.Own(AddressOption) & ~7) | *TypeCodeOfEquipment(*value));
+    if (row.kind == Kind::BandSetup && *value == 1) // closed again: the band stays
+        m_AtPowerOn.position = m_Settings.position;
+    if (row.kind == Kind::TwoToneTime)
+        m_AtPowerOn.twoToneSeconds = *value;
     return Echo(command);
 }
 

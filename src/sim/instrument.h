@@ -7,6 +7,7 @@
 #include "sim/power_stage.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,7 @@ struct InstrumentConfig {
     std::string serial = "SIM01"; ///< 1 to 11 printable characters
     std::uint64_t seed = 1;
     bool bridge3dB = false;
+    std::string memory{}; ///< bytes written before, as InstrumentMemory::TakeLines has them
     int position = 0;             ///< of the band switch at power-on
     double detectorSlope = 31;    ///< mV a dB
     double detectorOffset = 2780; ///< mV at 0 dBm
@@ -78,6 +80,10 @@ public:
     [[nodiscard]] const InstrumentConfig& Config() const { return m_Config; }
     [[nodiscard]] const InstrumentSettings& Settings() const { return m_Settings; }
     [[nodiscard]] const InstrumentMemory& Memory() const { return m_Memory; }
+    /// Called with each byte that is written to its memory: page, address, value.
+    void SetOnWrite(std::function<void(int, int, int)> onWrite) { m_Memory.SetOnWrite(std::move(onWrite)); }
+    /// Its power goes off and comes back: what is not in its memory is as the factory's set-up has left it.
+    void Repower() { m_Settings = m_AtPowerOn; }
     /// Band behind the switch, null when there is none.
     [[nodiscard]] const BandHardware* Band() const;
     /// What stands at the port now, as a receiver tuned to the selected order meets it.
@@ -104,6 +110,7 @@ private:
     const ModelHardware& m_Model;
     Firmware m_Firmware;
     InstrumentSettings m_Settings;
+    InstrumentSettings m_AtPowerOn;
     InstrumentMemory m_Memory;
     PimModel m_Pim;
     PowerStage m_Power;

@@ -1,6 +1,8 @@
 #include "sim/instrument_memory.h"
 
 #include <algorithm>
+#include <charconv>
+#include <vector>
 
 namespace qor::sim {
 
@@ -23,7 +25,7 @@ int SerialNumber(std::string_view serial) {
 
 InstrumentMemory::InstrumentMemory(Firmware firmware, int typeCode, std::string_view model,
                                    std::string_view serial, bool bridge3dB)
-    : m_OwnPage(MemoryPage(firmware)), m_Pages{{m_OwnPage, Page{}}} {
+    : m_OwnPage(MemoryPage(firmware)), m_Pages{{m_OwnPage, Page{}}}, m_KeepsLowerHigh(firmware.AtLeast(50)) {
     const auto setPair = [this](int address, int value) {
         SetOwn(address, value >> 8);
         SetOwn(address + 1, value);
@@ -64,6 +66,8 @@ bool InstrumentMemory::Write(std::uint8_t page, std::uint8_t address, std::uint8
         return false;
     m_Pages[page][address] = value;
     m_Written[page].set(address);
+    if (m_OnWrite)
+        m_OnWrite(page, address, value);
     return true;
 }
 
@@ -77,7 +81,49 @@ std::uint8_t InstrumentMemory::Own(int address) const {
 }
 
 void InstrumentMemory::SetOwn(int address, int value) {
-    m_Pages[m_OwnPage][static_cast<std::uint8_t>(address)] = static_cast<std::uint8_t>(value & 0xff);
+    const auto at = static_cast<std::uint8_t>(address);
+    m_Pages[m_OwnPage][at] = static_cast<std::uint8_t>(value & 0xff);
+    if (m_OnWrite)
+        m_OnWrite(m_OwnPage, at, m_Pages[m_OwnPage][at]);
+}
+
+bool InstrumentMemory::TakeLines(std::string_view text) {
+    std::vector<std::array<std::uint8_t, 3>> bytes;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        std::array<std::uint8_t, 3> byte{};
+        for (std::uint8_t& value : byte) {
+            const auto [rest, error] = std::from_chars(line.data(), line.data() + line.size(), value);
+            if (error != std::errc())
+                return false;
+            line.remove_prefix(static_cast<std::size_t>(rest - line.data()));
+            line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+        }
+        if (!line.empty())
+            return false;
+        bytes.push_back(byte);
+    }
+    for (const auto& [page, address, value] : bytes) {
+        m_Pages[page][address] = value;
+        m_Written[page].set(address);
+    }
+    return true;
+}
+
+/// Up to 47.0 dBm: what the low byte alone can say lies between 20.0 and 45.5 dBm.
+int InstrumentMemory::LowerLimit() const {
+    const int low = Own(AddressLowerPower);
+    const bool high = m_KeepsLowerHigh ? Own(AddressLowerPowerHigh) != 0 : low < 200;
+    return low + (high ? 256 : 0);
+}
+
+/// There is no high byte: 21.5 dBm and more are told from what lies 25.6 dB above by it, 20.0 to 21.4 are
+/// not.
+int InstrumentMemory::UpperLimit() const {
+    const int low = Own(AddressUpperPower);
+    return low + (low <= 470 - 256 ? 256 : 0);
 }
 
 } // namespace qor::sim

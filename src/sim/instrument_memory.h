@@ -5,6 +5,7 @@
 #include <array>
 #include <bitset>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -19,6 +20,7 @@ enum MemoryAddress : int {
     AddressUpperPower = 101,    ///< tenths of dBm, low byte
     AddressLowerPowerHigh = 102,
     AddressOption = 95,
+    AddressGaugeDelay = 115,
     AddressSweepDelay = 116, ///< bit 0: 3-dB bridge
     AddressSerialHigh = 120,
     AddressSerialLow = 121,
@@ -44,6 +46,16 @@ public:
     /// The byte, if it was ever written from outside.
     [[nodiscard]] std::optional<std::uint8_t> Written(std::uint8_t page, std::uint8_t address) const;
 
+    /// Called with each byte that is written: page, address, value.
+    void SetOnWrite(std::function<void(int, int, int)> onWrite) { m_OnWrite = std::move(onWrite); }
+    /// Takes bytes that were written before, a line each, "125 095 36": page, address, value. False, and
+    /// nothing has changed, where a line says something else.
+    bool TakeLines(std::string_view text);
+
+    /// Power limits, tenths of dBm.
+    [[nodiscard]] int LowerLimit() const;
+    [[nodiscard]] int UpperLimit() const;
+
     [[nodiscard]] std::uint8_t Own(int address) const;
     void SetOwn(int address, int value);
 
@@ -52,6 +64,8 @@ private:
     std::uint8_t m_OwnPage;
     std::map<std::uint8_t, Page> m_Pages;
     std::map<std::uint8_t, std::bitset<256>> m_Written;
+    bool m_KeepsLowerHigh; ///< the lower limit has a high byte of its own
+    std::function<void(int, int, int)> m_OnWrite;
 };
 
 } // namespace qor::sim

@@ -49,6 +49,50 @@ TEST(SimInstrument, StatusByteFollowsThePathAndMayBeAnyByte) {
     EXPECT_EQ(Send(instrument, "#SST\r\r#SST?\r"), "SST\r\r\nSST\r\r\n");
 }
 
+TEST(SimInstrument, TakesNoPowerOutsideTheLimitsInItsMemory) {
+    for (const char* firmware : {"4.9", "5.0", "6.2"}) {
+        Instrument instrument = Make("RT-DB22", firmware);
+        const std::string write = std::string("$KVTWE") + static_cast<char>(instrument.Memory().OwnPage());
+        const bool hasHigh = instrument.Memory().OwnPage() != 'd';
+        for (const auto& [lower, upper] : {std::pair(200, 460), std::pair(330, 440), std::pair(256, 430)}) {
+            if (hasHigh)
+                Send(instrument, write + 'f' + static_cast<char>(lower >> 8) + '\r');
+            Send(instrument, write + 'd' + static_cast<char>(lower) + '\r' + write + 'e' +
+                                 static_cast<char>(upper) + '\r');
+            const auto sent = [&](int tenths) {
+                return Send(instrument, "#SPWA00" + std::to_string(tenths) + '\r');
+            };
+            EXPECT_EQ(sent(lower - 1), "OUT OF RANGE\r\n") << firmware << lower;
+            EXPECT_EQ(sent(lower).substr(0, 4), "SPWA") << firmware << lower;
+            EXPECT_EQ(sent(upper).substr(0, 4), "SPWA") << firmware << upper;
+            EXPECT_EQ(sent(upper + 1), "OUT OF RANGE\r\n") << firmware << upper;
+        }
+    }
+}
+
+TEST(SimInstrument, KeepsItsMemoryAndTheFactorysSetUpWhenItsPowerGoes) {
+    Instrument instrument = Make("RT-DA10", "6.2");
+    std::string lines;
+    instrument.SetOnWrite([&](int page, int address, int value) {
+        lines += std::to_string(page) + ' ' + std::to_string(address) + ' ' + std::to_string(value) + '\n';
+    });
+    Send(instrument,
+         "#BDT0\r#KVTPD1\r#SAB4\r#BDT1\r#2TTIM17\r$KVTWE}\xc8Z\r$KVTWE\x0e\x0d\x0a\r#SPA1\r#SAB1\r");
+    instrument.Repower();
+    EXPECT_EQ(instrument.Settings().carrier1, 0);
+    EXPECT_EQ(instrument.Settings().position, 4);
+    EXPECT_EQ(instrument.Settings().twoToneSeconds, 17);
+    InstrumentConfig config{.model = "RT-DA10", .memory = lines};
+    Instrument again(config);
+    EXPECT_EQ(again.Memory().Own(AddressOption) & 7, 1);
+    EXPECT_EQ(again.Memory().Own(200), 'Z');
+    EXPECT_EQ(again.Memory().Read(14, 13), 10);
+    for (const char* bad : {"125 256 0\n", "125 95\n", "hello"}) {
+        config.memory = bad;
+        EXPECT_FALSE(ConfigFault(config).empty()) << bad;
+    }
+}
+
 TEST(SimInstrument, LevelFitsBothWaysOfReadingIt) {
     Instrument instrument = Make("RT-DB22", "6.2");
     Send(instrument, "#SAB3\r#USEID11\r");

@@ -3,12 +3,14 @@
 #include "bands/catalogue.h"
 #include "bands/records.h"
 #include "bands/rx_loss.h"
+#include "base/atomic_write.h"
 #include "base/setup_store.h"
 #include "base/tenths.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
 #include "curve/markers.h"
 #include "desk/level_unit.h"
+#include "desk/replace.h"
 #include "desk/session.h"
 #include "platform/operator.h"
 #include "platform/platform.h"
@@ -166,6 +168,34 @@ Outcome LoadRxLoss(Session& session, const Platform& platform, SetupStore& store
     if (!store.Write("loss.conf", *text))
         return Outcome::Refused("Oeffnen file Misserfolg");
     session.working.SetRxLosses(table.losses);
+    if (!table.outside.empty())
+        return Outcome::DoneWith("Ausserhalb von -99.9 bis 9.9 dB, zaehlt als 0: " + NamesOf(table.outside));
+    return Outcome::Done();
+}
+
+Outcome CreateRxLossFile(const std::array<std::string, RxLossNames.size()>& typed,
+                         std::vector<std::size_t>& wrong, const Platform& platform, const SetupStore& store) {
+    std::string text;
+    wrong.clear();
+    for (std::size_t n = 0; n < typed.size(); ++n) {
+        const auto loss = EnteredNumber(typed[n]);
+        const std::string field = loss ? RxLossField(*loss) : std::string();
+        if (field.empty())
+            wrong.push_back(n);
+        text += field;
+    }
+    if (!wrong.empty())
+        return Outcome::Refused("Diese Werte passen nicht in die Verlusttabelle: " + NamesOf(wrong));
+    std::filesystem::path path =
+        platform.user.FileToSave("Create Config File", store.Directory() / "RxLoss.conf", "*.conf");
+    if (path.empty() || !MayReplace(platform.user, path))
+        return Outcome::Refused({});
+    if (!WriteAtomically(path, text).empty())
+        return Outcome::Refused("Speichern file misserfolg");
+    const auto written = TableIn(path);
+    if (!written || *written != text)
+        return Outcome::Refused("Speichern file misserfolg");
+    const RxLossFile table = ParseRxLoss(*written);
     if (!table.outside.empty())
         return Outcome::DoneWith("Ausserhalb von -99.9 bis 9.9 dB, zaehlt als 0: " + NamesOf(table.outside));
     return Outcome::Done();

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "bands/rx_loss.h"
 #include "base/outcome.h"
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qor {
 
@@ -43,5 +47,11 @@ Outcome ApplyCompensation(std::string_view f1, std::string_view f2, Session& ses
 /// nothing changed, for a file that is no table and when it cannot be kept, and without words when none was
 /// chosen. A loss out of range counts as 0, and its band is named.
 Outcome LoadRxLoss(Session& session, const Platform& platform, SetupStore& store);
+
+/// Writes the losses that were typed, dB in the order of RxLossNames, to a file that the operator chooses.
+/// Refused where one is no number or does not fit its field: `wrong` holds those then. Those that will read
+/// as 0 are told.
+Outcome CreateRxLossFile(const std::array<std::string, RxLossNames.size()>& typed,
+                         std::vector<std::size_t>& wrong, const Platform& platform, const SetupStore& store);
 
 } // namespace qor

@@ -25,7 +25,8 @@ CTestSDIFormView::CTestSDIFormView(Program& program, Commands& commands, QWidget
                                                         {1, program.Marks(), this, m_Press},
                                                         {2, program.Marks(), this, m_Press}}},
       m_Port(program.Link(), program.State().link.connection, this, m_Press,
-             [this] { m_Commands.Run("choose_port"); }) {
+             [this] { m_Commands.Run("choose_port"); }),
+      m_Service(program, commands, this, m_Press) {
     setObjectName(QStringLiteral("panel"));
     setAttribute(Qt::WA_StyledBackground);
     setMinimumSize(100, 40);
@@ -128,11 +129,6 @@ void CTestSDIFormView::BuildButtons() {
     m_Clear = AddButton(this, "R", "Anzeige loeschen", m_Press, [this] { m_Commands.Run("clear_display"); });
     m_Clear->setObjectName(QStringLiteral("small"));
     m_Exit = AddButton(this, "Exit", "Programm beenden", m_Press, [this] { m_Commands.Run("exit"); });
-    // Service pages of the factory; shown when they are opened.
-    m_Calibration = AddButton(this, "Calibration", {}, m_Press, [] {});
-    m_Test = AddButton(this, "Test", {}, m_Press, [] {});
-    m_Calibration->hide();
-    m_Test->hide();
 }
 
 void CTestSDIFormView::SetTabOrder() {
@@ -241,6 +237,11 @@ void CTestSDIFormView::Refresh() {
     const Session& session = m_Program.State();
     if (session.results.list.IsOpen() != m_ListShown)
         Relayout();
+    if (m_Service.Refresh()) {
+        Relayout();
+        if (!m_Service.IsOpen())
+            FocusStart();
+    }
     RefreshNotices();
     RefreshCells();
     for (MarkerControls& marker : m_Markers)

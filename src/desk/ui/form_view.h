@@ -5,6 +5,7 @@
 #include "desk/ui/list_controls.h"
 #include "desk/ui/marker_controls.h"
 #include "desk/ui/port_controls.h"
+#include "service/ui/service_pages.h"
 
 #include <QStringList>
 #include <QTimer>
@@ -110,8 +111,7 @@ private:
     StartButton* m_Start;
     QPushButton* m_Clear;
     QPushButton* m_Exit;
-    QPushButton* m_Calibration;
-    QPushButton* m_Test;
+    ServicePages m_Service;
 
     PanelLayout m_Layout;
     QTimer m_Settled;          ///< ends the time in which size changes are the program's own

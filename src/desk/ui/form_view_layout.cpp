@@ -25,8 +25,11 @@ void CTestSDIFormView::Relayout() {
     const Appearance& appearance = session.appearance;
     m_ListShown = session.results.list.IsOpen();
     const WindowSize size = appearance.Size();
-    m_Layout = qor::Relayout({size.width, size.height, appearance.IsPlotOnly(), m_ListShown,
-                              static_cast<int>(m_NoticeLines.size()), width(), height()});
+    LayoutRequest request{
+        size.width, size.height, appearance.IsPlotOnly(), m_ListShown, static_cast<int>(m_NoticeLines.size()),
+        width(),    height()};
+    m_Service.Ask(request);
+    m_Layout = qor::Relayout(request);
 
     Place(m_Notices, Control::NoticeBar);
     QStringList notices; // one that is too long for its row ends in dots and is whole in the tip
@@ -37,6 +40,7 @@ void CTestSDIFormView::Relayout() {
     Place(m_ScaleUp, Control::ScaleUp);
     Place(m_ScaleDown, Control::ScaleDown);
     m_List.Place(m_Layout);
+    m_Service.Place(m_Layout);
     for (int n = 0; n < 6; ++n)
         Place(m_Cell[static_cast<std::size_t>(n)], Nth(Control::StatusCell, n));
     const std::pair<QWidget*, Control> single[] = {{m_FrequencyBox, Control::FrequencyBox},
@@ -62,9 +66,7 @@ void CTestSDIFormView::Relayout() {
                                                    {m_Port.Button(), Control::PortButtonControl},
                                                    {m_Start, Control::StartButton},
                                                    {m_Clear, Control::ClearButton},
-                                                   {m_Exit, Control::ExitButton},
-                                                   {m_Calibration, Control::CalibrationButton},
-                                                   {m_Test, Control::TestButton}};
+                                                   {m_Exit, Control::ExitButton}};
     for (const auto& [widget, control] : single)
         Place(widget, control);
     for (int n = 0; n < 3; ++n)

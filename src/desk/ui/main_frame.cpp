@@ -43,6 +43,7 @@ CMainFrame::CMainFrame(Program& program, Dialogs& dialogs)
     QObject::connect(&m_Refresh, &QTimer::timeout, this, [this] { Refresh(); });
     m_Refresh.start(RefreshMs);
     m_Form->SetAfterCommand([this] { Refresh(); });
+    qApp->installEventFilter(this);
     Refresh();
 }
 
@@ -228,6 +229,31 @@ void CMainFrame::ResizeToLayout() {
         resize(client.boundedTo(room));
     }
     m_Form->EndLayout();
+}
+
+/// The keys of the window itself, wherever the keyboard is: the space bar starts, and stops whatever runs;
+/// Home is the door of the factory mode. Where nothing runs, a control that uses the key itself keeps it.
+bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return QMainWindow::eventFilter(watched, event);
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    const bool isOurs = key->modifiers() == Qt::NoModifier && QApplication::activeWindow() == this &&
+                        !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
+    if (!isOurs || !TakesKey(key->key()))
+        return QMainWindow::eventFilter(watched, event);
+    if (!key->isAutoRepeat())
+        RunCommand(*FindCommand(key->key() == Qt::Key_Space ? "start_stop" : "factory_mode"));
+    return true;
+}
+
+bool CMainFrame::TakesKey(int key) {
+    const QWidget* const focus = QApplication::focusWidget();
+    const bool isField = qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QComboBox*>(focus) ||
+                         qobject_cast<const QAbstractScrollArea*>(focus);
+    if (key == Qt::Key_Home)
+        return !isField;
+    return key == Qt::Key_Space &&
+           (m_Program.State().run.IsOn() || !(isField || qobject_cast<const QAbstractButton*>(focus)));
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {

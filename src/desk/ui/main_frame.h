@@ -35,6 +35,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Entry {
@@ -46,6 +47,7 @@ private:
     void ShowChecks();
     void ShowTitle(const Panel& panel);
     void RunCommand(const CommandRow& row);
+    [[nodiscard]] bool TakesKey(int key);
     void ShowReceiver(const QString& text);
     void PlaceReceiver();
     void ApplyAppearance();

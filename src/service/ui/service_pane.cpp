@@ -1,5 +1,8 @@
 #include "service/ui/service_pane.h"
 
+#include "desk/program.h"
+#include "desk/ui/text.h"
+
 #include <QtWidgets>
 
 #include <algorithm>
@@ -32,7 +35,8 @@ std::vector<const PaneEntry*> PaneEntry::Of(ServicePage page) {
 }
 
 ServicePageView::ServicePageView(ServicePage page, Program& program, Commands& commands, QWidget* parent)
-    : ServicePane(parent) {
+    : ServicePane(parent), m_Program(program), m_Status(new QLabel) {
+    setAutoFillBackground(true);
     auto* row = new QHBoxLayout;
     QVBoxLayout* column = nullptr;
     int number = -1;
@@ -58,10 +62,24 @@ ServicePageView::ServicePageView(ServicePage page, Program& program, Commands& c
     scroll->setWidget(inside);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(scroll);
+    whole->addWidget(scroll, 1);
+    m_Status->setObjectName(QStringLiteral("serviceStatus"));
+    m_Status->setAccessibleName(Tr("Status"));
+    m_Status->setTextFormat(Qt::PlainText);
+    m_Status->setContentsMargins(10, 0, 10, 2);
+    whole->addWidget(m_Status);
+}
+
+void ServicePageView::Begin() {
+    if (!m_Panes.empty())
+        m_Panes.front()->nextInFocusChain()->setFocus(Qt::OtherFocusReason);
 }
 
 void ServicePageView::Refresh() {
+    if (const QString status = TrText(m_Program.State().factory.Status()); m_Status->text() != status) {
+        m_Status->setText(status);
+        m_Status->setAccessibleDescription(status);
+    }
     for (ServicePane* const pane : m_Panes)
         pane->Refresh();
 }

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class QLabel;
+
 namespace qor {
 class Commands;
 class Program;
@@ -51,8 +53,12 @@ class ServicePageView final : public ServicePane {
 public:
     ServicePageView(ServicePage page, Program& program, Commands& commands, QWidget* parent);
     void Refresh() override;
+    /// It is opened: the keyboard goes to its first field.
+    void Begin();
 
 private:
+    Program& m_Program;
+    QLabel* m_Status;
     std::vector<ServicePane*> m_Panes;
 };
 
