@@ -996,6 +996,10 @@
       <translation>Prefix(&amp;F)</translation>
     </message>
     <message>
+      <source>Freier Befehl</source>
+      <translation>Free command</translation>
+    </message>
+    <message>
       <source>Freq Schritt:</source>
       <translation>Freq step:</translation>
     </message>

@@ -996,6 +996,10 @@
       <translation>前缀设置(&amp;F)</translation>
     </message>
     <message>
+      <source>Freier Befehl</source>
+      <translation>自由命令</translation>
+    </message>
+    <message>
       <source>Freq Schritt:</source>
       <translation>频率步进：</translation>
     </message>

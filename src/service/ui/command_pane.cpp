@@ -52,7 +52,7 @@ QPlainTextEdit* MakeText(std::string_view name, int height) {
 class CommandPane final : public GroupPane {
 public:
     CommandPane(Program& program, QWidget* parent)
-        : GroupPane("Command line", parent), m_Program(program), m_Line(new HistoryLine),
+        : GroupPane("Freier Befehl", parent), m_Program(program), m_Line(new HistoryLine),
           m_Response(MakeText("Command Response:", 60)), m_History(MakeText("Verlauf", 120)) {
         m_Line->setAccessibleName(Tr("Command line"));
         m_Line->setToolTip(
