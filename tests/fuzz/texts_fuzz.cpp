@@ -1,9 +1,10 @@
 // Any bytes as a comment store, a pointer to a saved configuration, its contents, a field of the calculator,
-// or the protocol of a calibration.
+// the protocol of a calibration, or a copy of a memory.
 
 #include "desk/configuration.h"
 #include "fuzz/fuzz.h"
 #include "service/calibration_protocol.h"
+#include "service/memory_file.h"
 #include "tools/calculator.h"
 #include "tools/comment.h"
 
@@ -53,6 +54,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const auto protocol = qor::CalibrationProtocol::Parse(text)) {
         const auto again = qor::CalibrationProtocol::Parse(protocol->Text());
         Require(!again || again->Points().size() == protocol->Points().size());
+    }
+    if (const auto memory = qor::ParseMemoryFile(text)) {
+        for (const auto& [place, value] : memory->cells)
+            Require(place.first >= 0 && place.first <= 255 && place.second >= 0 && place.second <= 255 && value >= 0 &&
+                    value <= 255);
+        const auto again = qor::ParseMemoryFile(qor::MemoryFileText(*memory));
+        Require(again && again->cells == memory->cells);
     }
     for (const auto field : {qor::CalculatorField::Dbm, qor::CalculatorField::Mw, qor::CalculatorField::Mv,
                              qor::CalculatorField::Zo}) {
