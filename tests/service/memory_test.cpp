@@ -113,7 +113,7 @@ struct ChangedRig : ServiceRig {
             EXPECT_TRUE(RunUntilFree());
         }
         Sent();
-        Told();
+        user.messages.clear();
     }
     std::vector<int> Now() { return {Own(100), Own(116), Own(210)}; }
     std::vector<int> was;
