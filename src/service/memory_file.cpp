@@ -29,17 +29,16 @@ std::optional<std::string> TakeWord(std::string_view& text, std::string_view key
     return std::string(line.substr(key.size() + 1));
 }
 
-/// A byte in decimal, and what stands behind it.
+/// A byte in three digits, and the blank behind it: one that is cut is none.
 std::optional<int> TakeByte(std::string_view& line) {
+    constexpr std::size_t Digits = 3;
     int value = -1;
-    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), value);
-    if (error != std::errc() || value < 0 || value > 255)
+    const std::string_view digits = line.substr(0, Digits);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    const bool whole = error == std::errc() && end == digits.data() + Digits;
+    if (!whole || value < 0 || value > 255 || (line.size() > Digits && line[Digits] != ' '))
         return {};
-    line.remove_prefix(static_cast<std::size_t>(end - line.data()));
-    if (!line.empty() && line.front() == ' ')
-        line.remove_prefix(1);
-    else if (!line.empty())
-        return {};
+    line.remove_prefix(std::min(Digits + 1, line.size()));
     return value;
 }
 

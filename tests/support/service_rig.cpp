@@ -23,13 +23,28 @@ std::string Bytes(std::string_view logged) {
 }
 
 std::vector<std::string> ServiceRig::Said(std::string_view first) {
+    const std::string log = wire.Recent();
+    std::istringstream transfers(log.substr(std::min(m_Heard, log.size())));
+    m_Heard = log.size();
     std::vector<std::string> commands;
-    for (const std::string& piece : Sent()) {
-        const std::string bytes = Bytes(piece);
-        if (bytes.size() > 1 || commands.empty())
-            commands.push_back(bytes);
-        else
-            commands.back() += bytes; // the payload goes out by itself
+    std::string command;
+    bool ended = true; // a carriage return behind a carriage return was a payload
+    for (std::string transfer; std::getline(transfers, transfer);) {
+        const std::size_t at = transfer.find(" > ");
+        if (at == std::string::npos)
+            continue;
+        const std::string bytes = Bytes(transfer.substr(at + 3));
+        if (bytes == "\r" && !ended) {
+            commands.push_back(command);
+            ended = true;
+        } else if (bytes == "\r") {
+            commands.back() += bytes;
+        } else if (ended) {
+            command = bytes;
+            ended = false;
+        } else {
+            command += bytes;
+        }
     }
     commands.erase(commands.begin(), std::find(commands.begin(), commands.end(), first));
     return commands;

@@ -18,6 +18,7 @@ struct ServiceRig : Rig {
         EXPECT_TRUE(Done(program.Service().PressPage(page)));
         EXPECT_TRUE(RunUntilFree());
         Sent();
+        Said({});
     }
     bool RunUntilFree(std::int64_t limitMs = 60000) {
         return time.RunUntil([this] { return !S().factory.IsBusy() && program.LineIsIdle(); }, limitMs);
@@ -27,6 +28,9 @@ struct ServiceRig : Rig {
     /// Lines of the record of memory writes without its head; how many of them are not confirmed.
     [[nodiscard]] std::pair<int, int> Recorded() const;
     [[nodiscard]] int Own(int address) const { return instrument.Memory().Own(address); }
+
+private:
+    std::size_t m_Heard = 0; ///< characters of the wire log read by Said
 };
 
 } // namespace qor::test
