@@ -52,8 +52,6 @@ bool ServicePages::Refresh() {
     ServicePageView* const open = ViewOf(factory.Page());
     const bool changed = open != m_Open || factory.IsOn() != m_Shown;
     m_Shown = factory.IsOn();
-    m_Test->setVisible(m_Shown);
-    m_Calibration->setVisible(m_Shown);
     if (open != m_Open) {
         if (m_Open)
             m_Open->hide();
@@ -63,9 +61,12 @@ bool ServicePages::Refresh() {
             open->raise();
             open->Begin();
         }
-        m_Test->raise();
-        m_Calibration->raise();
     }
+    if (changed)
+        for (QPushButton* const button : {m_Test, m_Calibration}) {
+            button->setVisible(m_Shown);
+            button->raise(); // over the group that they stand in
+        }
     if (open)
         open->Refresh();
     return changed;

@@ -35,8 +35,7 @@ std::vector<const PaneEntry*> PaneEntry::Of(ServicePage page) {
 }
 
 ServicePageView::ServicePageView(ServicePage page, Program& program, Commands& commands, QWidget* parent)
-    : ServicePane(parent), m_Program(program), m_Status(new QLabel) {
-    setAutoFillBackground(true);
+    : ServicePane(parent), m_Program(program), m_Status(new QLabel), m_Inside(new QWidget) {
     auto* row = new QHBoxLayout;
     QVBoxLayout* column = nullptr;
     int number = -1;
@@ -53,13 +52,14 @@ ServicePageView::ServicePageView(ServicePage page, Program& program, Commands& c
     }
     if (column)
         column->addStretch();
-    auto* inside = new QWidget; // scrolls where the window has no room for all of it
-    inside->setLayout(row);
+    m_Inside->setLayout(row);
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(inside);
+    scroll->setWidget(m_Inside);                      // scrolls where the window has no room for all of it
+    scroll->viewport()->setAutoFillBackground(false); // the panel's own
+    m_Inside->setAutoFillBackground(false);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(scroll, 1);
@@ -68,6 +68,10 @@ ServicePageView::ServicePageView(ServicePage page, Program& program, Commands& c
     m_Status->setTextFormat(Qt::PlainText);
     m_Status->setContentsMargins(10, 0, 10, 2);
     whole->addWidget(m_Status);
+}
+
+QSize ServicePageView::sizeHint() const {
+    return {m_Inside->sizeHint().width(), m_Inside->sizeHint().height() + m_Status->sizeHint().height()};
 }
 
 void ServicePageView::Begin() {

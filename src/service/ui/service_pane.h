@@ -55,10 +55,12 @@ public:
     void Refresh() override;
     /// It is opened: the keyboard goes to its first field.
     void Begin();
+    [[nodiscard]] QSize sizeHint() const override;
 
 private:
     Program& m_Program;
     QLabel* m_Status;
+    QWidget* m_Inside;
     std::vector<ServicePane*> m_Panes;
 };
 
