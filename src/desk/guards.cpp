@@ -18,6 +18,14 @@ Outcome RunIsOff(const Session& session) {
     return NothingRuns(session);
 }
 
+void OrderCarriersOff(Session& session) {
+    LinkState& link = session.link;
+    session.factory.KeepCarriers(false);
+    if (link.carriers.MayBeOn() && !link.chain.IsUnderWay())
+        for (const std::string& off : link.carriers.OffCommands())
+            link.queue.Append(off);
+}
+
 Outcome NothingIsSaved(const Program& program) {
     if (program.Series().IsOn())
         return Outcome::Refused("Die Berichte werden noch gespeichert.");

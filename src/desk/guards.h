@@ -12,6 +12,8 @@ struct Session;
 Outcome NothingRuns(const Session& session);
 /// The same, and while the calibration page is open: it has the band and the method that it was opened with.
 Outcome RunIsOff(const Session& session);
+/// A question is near: carriers that a free command has switched on go off first.
+void OrderCarriersOff(Session& session);
 /// Refused while files are on their way: pages of a series, or a run that auto-save has still to write.
 Outcome NothingIsSaved(const Program& program);
 /// Refused while the port is closed.

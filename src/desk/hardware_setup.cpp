@@ -40,6 +40,7 @@ HardInitCheck HardwareSetup::Initialise(HardInitFields& fields) {
         return {std::move(off), {}};
     if (m_Session.link.chain.AwaitsIdentity()) // without its firmware nobody knows what to write where
         return {Outcome::Refused("Initialisieren, bitte warten!"), {}};
+    OrderCarriersOff(m_Session);
     m_Fields = fields;
     m_Memory.BackUp({}, [this] { ReadOld(); });
     return check;

@@ -150,7 +150,8 @@ void MemoryDesk::BackUp(std::vector<MemoryCell> places, std::function<void()> th
     FactoryMode& factory = m_Session.factory;
     const Identity& identity = m_Session.link.identity;
     const bool canRead = m_Platform.comm.GetPortOpen() && identity.HasModel() &&
-                         !m_Session.link.chain.IsUnderWay() && !factory.IsBusy();
+                         !m_Session.link.chain.IsUnderWay() && !factory.IsBusy() && !m_Session.run.IsOn() &&
+                         !m_Session.run.IsWaiting();
     if (canRead && (m_Kept.model != identity.ModelName() || m_Kept.serial != identity.Serial())) {
         m_Kept = NewFile();
         m_KeptIn.clear();
@@ -226,6 +227,7 @@ void MemoryDesk::ShowProgress(std::string_view what, std::size_t step, std::size
 Outcome MemoryDesk::Restore() {
     if (Outcome may = MayBegin(); !may)
         return may;
+    OrderCarriersOff(m_Session);
     const auto chosen = m_Platform.user.FilesToOpen("Restore memory", m_Store.Directory(), "*.txt");
     if (chosen.empty())
         return Outcome::Refused({});

@@ -210,6 +210,8 @@ void Program::Tell(const Outcome& outcome) {
 
 /// The losses the operator has set are in force again behind a shown file.
 void Program::RunBegins() {
+    if (!m_Session.factory.IsBusy())
+        m_Session.factory.KeepCarriers(false); // what a free command has switched on is the run's now
     RestorePathLoss(m_Session, m_Store);
     m_Session.results.loaded.Clear();
     FollowBandPower(m_Session, m_Platform, m_Store);

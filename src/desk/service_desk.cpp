@@ -87,7 +87,9 @@ void ServiceDesk::SwitchOff() {
 Outcome ServiceDesk::Send(const std::string& text) {
     if (Outcome open = PortIsOpen(m_Platform); !open)
         return open;
-    if (text.empty() || m_Session.factory.IsBusy())
+    if (Outcome off = NothingRuns(m_Session); !off)
+        return off;
+    if (text.empty())
         return Outcome::Refused({});
     m_Session.response.Begin();
     m_Session.response.Note(text);

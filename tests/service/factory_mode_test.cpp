@@ -1,5 +1,6 @@
 // The door of the service pages, and that no way of leaving them leaves a carrier on.
 #include "measure/run.h"
+#include "service/hardware_init.h"
 #include "support/service_rig.h"
 
 namespace qor::test {
@@ -146,6 +147,45 @@ TEST(FreeCommand, CarriersThatItHasSwitchedOnAreOffWithinTwoSecondsOfAnyEnd) {
             EXPECT_EQ(rig.instrument.Settings().carrier1 + rig.instrument.Settings().carrier2, 0);
         }
     }
+}
+
+TEST(FreeCommand, ItsCarriersAreOffBeforeARestoreOrAnInitialisationAsks) {
+    for (const bool restores : {false, true}) {
+        ServiceRig rig;
+        ServiceDesk& service = rig.program.Service();
+        ASSERT_TRUE(rig.Done(service.Memory().Write({'}', 100, 7})));
+        ASSERT_TRUE(rig.RunUntilFree());
+        ASSERT_TRUE(rig.Done(service.Send("#SPA1")));
+        rig.time.RunFor(1000);
+        for (const auto& entry : std::filesystem::directory_iterator(rig.dir.Path()))
+            if (entry.path().filename().string().starts_with("memory-RT"))
+                rig.user.filesToOpen = {entry.path()};
+        rig.user.answer = false;
+        rig.user.whileAsked = [&] { EXPECT_EQ(rig.instrument.Settings().carrier1, 0); };
+        HardInitFields fields;
+        fields.type = 1;
+        fields.bands = {BandBox::Egsm};
+        if (restores)
+            rig.Done(service.Memory().Restore());
+        else
+            rig.Done(service.Hardware().Initialise(fields).outcome);
+        ASSERT_TRUE(rig.RunUntilFree());
+        EXPECT_FALSE(rig.user.questions.empty());
+    }
+}
+
+TEST(FreeCommand, IsRefusedWithinARunWhoseEndSwitchesOffWhatItHadSwitchedOn) {
+    ServiceRig rig;
+    ServiceDesk& service = rig.program.Service();
+    ASSERT_TRUE(rig.Done(service.Send("#SPB1")));
+    rig.time.RunFor(500);
+    rig.program.OnMeasButton();
+    ASSERT_TRUE(rig.RunUntilRunIsOn());
+    EXPECT_FALSE(rig.Done(service.Send("#SPB1")));
+    ASSERT_TRUE(rig.RunUntilRunIsOver());
+    rig.time.RunFor(2000);
+    EXPECT_EQ(rig.instrument.Settings().carrier1 + rig.instrument.Settings().carrier2, 0);
+    EXPECT_FALSE(rig.S().factory.KeepsCarriers());
 }
 
 } // namespace
