@@ -7,12 +7,29 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(__file__))
-from qor_window import Failure, QorWindow  # noqa: E402
+from qor_window import Atspi, Failure, QorWindow, is_showing, name_of, role_of, run  # noqa: E402
 
 
 def expect(condition, complaint):
     if not condition:
         raise Failure(complaint)
+
+
+def field(window, name):
+    """The field of that name, not the label beside it."""
+    kinds = (Atspi.Role.TEXT, Atspi.Role.ENTRY, Atspi.Role.COMBO_BOX)
+    found = [n for n in window.nodes() if name_of(n) == name and role_of(n) in kinds and is_showing(n)]
+    expect(found, f'there is a field "{name}"')
+    return found[0]
+
+
+def text(window, name):
+    interface = field(window, name).get_text_iface()
+    return Atspi.Text.get_text(interface, 0, Atspi.Text.get_character_count(interface))
+
+
+def click(window, name):
+    run("xdotool", "mousemove", *map(str, window.centre(field(window, name))), "click", "1")
 
 
 def enter(window, pin):
@@ -40,25 +57,25 @@ def test_page(window, stores):
     expect(window.name_of(window.focused()) == "Command line", "the keyboard is at the first field")
     window.type("#SAB?")
     window.key("Return")
-    window.wait(lambda: "SAB0" in window.text("Command Response:"), 5, "the reply is shown")
+    window.wait(lambda: "SAB0" in text(window, "Command Response:"), 5, "the reply is shown")
     window.key("Up")
-    window.wait_text("Command line", "#SAB?")
-    expect("> #SAB?" in window.text("Verlauf"), "the history has it, too")
+    window.wait(lambda: text(window, "Command line") == "#SAB?", 5, "the up key brings it back")
+    expect("> #SAB?" in text(window, "Verlauf"), "the history has it, too")
 
-    window.click("Page:")
+    click(window, "Page:")
     window.type("125")
     window.key("Tab")
     window.type("100")
     window.click("Read")
-    window.wait_text("Value:", "200")
-    window.click("Value:")
+    window.wait(lambda: text(window, "Value:") == "200", 5, "the byte is read")
+    click(window, "Value:")
     window.key("ctrl+a")
     window.type("256")
     window.click("Write")
     time.sleep(0.5)
     expect(not pathlib.Path(stores, "memory-record.csv").exists(), "no byte is 256")
 
-    window.click("Equipment Type:")
+    click(window, "Equipment Type:")
     window.key("Home", "Down", "Return")
     window.click("EGSM")
     window.click("Initialize")

@@ -69,6 +69,10 @@ void CTestSDIFormView::Relayout() {
                                                    {m_Exit, Control::ExitButton}};
     for (const auto& [widget, control] : single)
         Place(widget, control);
+    // What measures is not there for a service page, and for nobody who asks what is shown.
+    for (QWidget* const widget : std::initializer_list<QWidget*>{
+             m_FrequencyBox, m_ReadingBox, m_AlarmBox, m_Start, m_Clear, m_Exit, m_Alarm, m_Reading, m_Lamp})
+        widget->setVisible(!m_Service.IsOpen());
     for (int n = 0; n < 3; ++n)
         m_Markers[static_cast<std::size_t>(n)].Place(m_Layout[Nth(Control::MarkerBox, n)]);
 
