@@ -42,7 +42,7 @@ struct Options {
     std::vector<Fault> faults;
     std::string link;
     std::optional<int> switchUnitSpeed; ///< a band switch unit at this speed instead of an analyser
-    std::string memory; ///< a file
+    std::string memory;                 ///< a file
     struct Receiver {
         ReceiverKind kind;
         std::uint16_t port; ///< of its raw socket, 0 for any free one

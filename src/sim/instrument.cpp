@@ -76,7 +76,18 @@ std::string ConfigFault(const InstrumentConfig& config) {
 /// A command text with a number behind it. A number of the wrong form is a syntax error, one outside
 /// low..high is out of range, and otherwise it lands in its field and the command is echoed.
 struct Instrument::NumberCommand {
-    enum class Kind { Plain, Position, Order, Carriers, Equipment, Tone, Power, Drive, BandSetup, TwoToneTime };
+    enum class Kind {
+        Plain,
+        Position,
+        Order,
+        Carriers,
+        Equipment,
+        Tone,
+        Power,
+        Drive,
+        BandSetup,
+        TwoToneTime
+    };
 
     std::string_view text;
     std::size_t leastDigits;

@@ -20,7 +20,7 @@ struct InstrumentConfig {
     std::string serial = "SIM01"; ///< 1 to 11 printable characters
     std::uint64_t seed = 1;
     bool bridge3dB = false;
-    std::string memory{}; ///< bytes written before, as InstrumentMemory::TakeLines has them
+    std::string memory{};         ///< bytes written before, as InstrumentMemory::TakeLines has them
     int position = 0;             ///< of the band switch at power-on
     double detectorSlope = 31;    ///< mV a dB
     double detectorOffset = 2780; ///< mV at 0 dBm

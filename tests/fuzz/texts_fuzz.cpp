@@ -57,8 +57,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (const auto memory = qor::ParseMemoryFile(text)) {
         for (const auto& [place, value] : memory->cells)
-            Require(place.first >= 0 && place.first <= 255 && place.second >= 0 && place.second <= 255 && value >= 0 &&
-                    value <= 255);
+            Require(place.first >= 0 && place.first <= 255 && place.second >= 0 && place.second <= 255 &&
+                    value >= 0 && value <= 255);
         const auto again = qor::ParseMemoryFile(qor::MemoryFileText(*memory));
         Require(again && again->cells == memory->cells);
     }
