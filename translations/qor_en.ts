@@ -332,6 +332,10 @@
       <translation>Start measurement</translation>
     </message>
     <message>
+      <source>Begonnene Zyklen; einer mehr als verlangt beendet den Test</source>
+      <translation>Cycles begun; one more than asked for ends the test</translation>
+    </message>
+    <message>
       <source>Bereich Log(&amp;D)</source>
       <translation>Level Range(&amp;R)</translation>
     </message>
@@ -904,6 +908,10 @@
       <translation>Equipment Type</translation>
     </message>
     <message>
+      <source>Ergebnis der letzten Messung, ihre Punkte und ihr hoechster Pegel</source>
+      <translation>Verdict of the last measurement, its points and its highest level</translation>
+    </message>
+    <message>
       <source>Europe</source>
       <translation>Europe</translation>
     </message>
@@ -952,8 +960,20 @@
       <translation>Invalid value, please check the input.</translation>
     </message>
     <message>
+      <source>Fatigue Test Set</source>
+      <translation>Fatigue Test Set</translation>
+    </message>
+    <message>
       <source>Fehler</source>
       <translation>Error</translation>
+    </message>
+    <message>
+      <source>Fertige Zyklen:</source>
+      <translation>Finished cycles:</translation>
+    </message>
+    <message>
+      <source>Finished Times:</source>
+      <translation>Finished Times:</translation>
     </message>
     <message>
       <source>Firmware:</source>
@@ -1090,6 +1110,14 @@
     <message>
       <source>Hoechstens so viele Zeichen, ohne Umlaute:</source>
       <translation>Without accented letters, and at most this many characters:</translation>
+    </message>
+    <message>
+      <source>Hoechster Pegel aller Zyklen in dBm</source>
+      <translation>Highest level of all cycles in dBm</translation>
+    </message>
+    <message>
+      <source>Hoechster Pegel:</source>
+      <translation>Highest level:</translation>
     </message>
     <message>
       <source>Hoehe:</source>
@@ -1476,6 +1504,10 @@
       <translation>Without function menu</translation>
     </message>
     <message>
+      <source>Noch:</source>
+      <translation>Time left:</translation>
+    </message>
+    <message>
       <source>Not Supported</source>
       <translation>Not supported</translation>
     </message>
@@ -1716,6 +1748,14 @@
       <translation>Power 2:</translation>
     </message>
     <message>
+      <source>Power Off Duration:</source>
+      <translation>Power Off Duration:</translation>
+    </message>
+    <message>
+      <source>Power On Duration:</source>
+      <translation>Power On Duration:</translation>
+    </message>
+    <message>
       <source>Power Output f1:</source>
       <translation>Output power f1:</translation>
     </message>
@@ -1810,6 +1850,10 @@
     <message>
       <source>Reflex(&amp;R)</source>
       <translation>Reflection(&amp;R)</translation>
+    </message>
+    <message>
+      <source>Repeat Times:</source>
+      <translation>Repeat Times:</translation>
     </message>
     <message>
       <source>Replace data</source>
@@ -1922,6 +1966,14 @@
     <message>
       <source>Sek.</source>
       <translation>Sec.</translation>
+    </message>
+    <message>
+      <source>Sekunden vom Halten bis zum naechsten Start, 1 bis 100</source>
+      <translation>Carriers off: seconds from stop to the next start, 1 to 100</translation>
+    </message>
+    <message>
+      <source>Sekunden vom Start bis zum Halten, 1 bis 100</source>
+      <translation>Carriers on: seconds from start to stop, 1 to 100</translation>
     </message>
     <message>
       <source>Selec PCS/AWS</source>
@@ -2080,6 +2132,10 @@
       <translation>Default</translation>
     </message>
     <message>
+      <source>Start Fatigue Test</source>
+      <translation>Start Fatigue Test</translation>
+    </message>
+    <message>
       <source>Start f1:</source>
       <translation>Start f1:</translation>
     </message>
@@ -2116,12 +2172,20 @@
       <translation>Control program of a two-tone analyzer of passive intermodulation</translation>
     </message>
     <message>
+      <source>Stop Fatigue Test</source>
+      <translation>Stop Fatigue Test</translation>
+    </message>
+    <message>
       <source>Stop f1:</source>
       <translation>Stop f1:</translation>
     </message>
     <message>
       <source>Stop f2:</source>
       <translation>Stop f2:</translation>
+    </message>
+    <message>
+      <source>Stunden, Minuten und Sekunden bis zum Ende des Tests</source>
+      <translation>Hours, minutes and seconds until the test ends</translation>
     </message>
     <message>
       <source>Suche Empfaenger</source>
@@ -2412,6 +2476,10 @@
       <translation>Level read last</translation>
     </message>
     <message>
+      <source>Zuletzt gemessen:</source>
+      <translation>Last cycle:</translation>
+    </message>
+    <message>
       <source>Zum Anfang der Liste</source>
       <translation>To the top of the list</translation>
     </message>
@@ -2434,6 +2502,14 @@
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
       <translation>Two sweeps without a pause, the first with the carriers off</translation>
+    </message>
+    <message>
+      <source>Zyklen, 1 bis 100000</source>
+      <translation>Cycles, 1 to 100000</translation>
+    </message>
+    <message>
+      <source>Zyklen, deren Messung zu Ende ist</source>
+      <translation>Cycles whose measurement is over</translation>
     </message>
     <message>
       <source>antwortet nicht</source>

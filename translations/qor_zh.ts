@@ -332,6 +332,10 @@
       <translation>开始测量</translation>
     </message>
     <message>
+      <source>Begonnene Zyklen; einer mehr als verlangt beendet den Test</source>
+      <translation>已开始的周期；比要求多一个时测试结束</translation>
+    </message>
+    <message>
       <source>Bereich Log(&amp;D)</source>
       <translation>电平范围(&amp;R)</translation>
     </message>
@@ -904,6 +908,10 @@
       <translation>仪器型号</translation>
     </message>
     <message>
+      <source>Ergebnis der letzten Messung, ihre Punkte und ihr hoechster Pegel</source>
+      <translation>最近一次测量的结果、点数和最高电平</translation>
+    </message>
+    <message>
       <source>Europe</source>
       <translation>欧洲</translation>
     </message>
@@ -952,8 +960,20 @@
       <translation>输入有误，请检查。</translation>
     </message>
     <message>
+      <source>Fatigue Test Set</source>
+      <translation>疲劳测试设置</translation>
+    </message>
+    <message>
       <source>Fehler</source>
       <translation>错误</translation>
+    </message>
+    <message>
+      <source>Fertige Zyklen:</source>
+      <translation>已完成周期：</translation>
+    </message>
+    <message>
+      <source>Finished Times:</source>
+      <translation>已开始次数：</translation>
     </message>
     <message>
       <source>Firmware:</source>
@@ -1090,6 +1110,14 @@
     <message>
       <source>Hoechstens so viele Zeichen, ohne Umlaute:</source>
       <translation>仅限无重音的字母，最多字符数：</translation>
+    </message>
+    <message>
+      <source>Hoechster Pegel aller Zyklen in dBm</source>
+      <translation>所有周期的最高电平 (dBm)</translation>
+    </message>
+    <message>
+      <source>Hoechster Pegel:</source>
+      <translation>最高电平：</translation>
     </message>
     <message>
       <source>Hoehe:</source>
@@ -1476,6 +1504,10 @@
       <translation>无功能菜单</translation>
     </message>
     <message>
+      <source>Noch:</source>
+      <translation>剩余时间：</translation>
+    </message>
+    <message>
       <source>Not Supported</source>
       <translation>不支持</translation>
     </message>
@@ -1716,6 +1748,14 @@
       <translation>功率 2:</translation>
     </message>
     <message>
+      <source>Power Off Duration:</source>
+      <translation>功率关闭时长：</translation>
+    </message>
+    <message>
+      <source>Power On Duration:</source>
+      <translation>功率开启时长：</translation>
+    </message>
+    <message>
       <source>Power Output f1:</source>
       <translation>输出功率 f1：</translation>
     </message>
@@ -1810,6 +1850,10 @@
     <message>
       <source>Reflex(&amp;R)</source>
       <translation>反射(&amp;R)</translation>
+    </message>
+    <message>
+      <source>Repeat Times:</source>
+      <translation>重复次数：</translation>
     </message>
     <message>
       <source>Replace data</source>
@@ -1922,6 +1966,14 @@
     <message>
       <source>Sek.</source>
       <translation>秒</translation>
+    </message>
+    <message>
+      <source>Sekunden vom Halten bis zum naechsten Start, 1 bis 100</source>
+      <translation>载波关闭：从停止到下次开始的秒数，1 至 100</translation>
+    </message>
+    <message>
+      <source>Sekunden vom Start bis zum Halten, 1 bis 100</source>
+      <translation>载波开启：从开始到停止的秒数，1 至 100</translation>
     </message>
     <message>
       <source>Selec PCS/AWS</source>
@@ -2080,6 +2132,10 @@
       <translation>默认</translation>
     </message>
     <message>
+      <source>Start Fatigue Test</source>
+      <translation>开始疲劳测试</translation>
+    </message>
+    <message>
       <source>Start f1:</source>
       <translation>起始 f1：</translation>
     </message>
@@ -2116,12 +2172,20 @@
       <translation>双音无源互调分析仪控制程序</translation>
     </message>
     <message>
+      <source>Stop Fatigue Test</source>
+      <translation>停止疲劳测试</translation>
+    </message>
+    <message>
       <source>Stop f1:</source>
       <translation>终止 f1：</translation>
     </message>
     <message>
       <source>Stop f2:</source>
       <translation>终止 f2：</translation>
+    </message>
+    <message>
+      <source>Stunden, Minuten und Sekunden bis zum Ende des Tests</source>
+      <translation>距测试结束的时、分、秒</translation>
     </message>
     <message>
       <source>Suche Empfaenger</source>
@@ -2412,6 +2476,10 @@
       <translation>最近读取的电平</translation>
     </message>
     <message>
+      <source>Zuletzt gemessen:</source>
+      <translation>最近周期：</translation>
+    </message>
+    <message>
       <source>Zum Anfang der Liste</source>
       <translation>到列表开头</translation>
     </message>
@@ -2434,6 +2502,14 @@
     <message>
       <source>Zwei Durchlaeufe ohne Pause, der erste mit ausgeschalteten Traegern</source>
       <translation>连续两次扫频，第一次关闭载波</translation>
+    </message>
+    <message>
+      <source>Zyklen, 1 bis 100000</source>
+      <translation>周期数，1 至 100000</translation>
+    </message>
+    <message>
+      <source>Zyklen, deren Messung zu Ende ist</source>
+      <translation>测量已结束的周期</translation>
     </message>
     <message>
       <source>antwortet nicht</source>

@@ -23,9 +23,10 @@ QString VerdictText(const RunFacts& facts) {
 QString CurveSentence(const Session& session, const Panel& panel) {
     const Curve& curve = session.curve;
     const RunFacts facts = curve.Facts();
-    const QString points = Tr(PointsPattern).arg(facts.taken).arg(facts.asked);
     const QString unit = ' ' + Plain(panel.unit);
-    QStringList parts{Tr(panel.m_Mode_sel), points};
+    QStringList parts{Tr(panel.m_Mode_sel)};
+    if (facts.asked > 0) // counted when a pass is over, and not while it is on
+        parts << Tr(PointsPattern).arg(facts.taken).arg(facts.asked);
     if (!panel.m_WorstLevelText.empty())
         parts << Tr("schlechtester Punkt:") + ' ' + Plain(panel.m_WorstLevelText) + unit + ' ' +
                      Plain(panel.m_WorstFreqText) + QStringLiteral(" MHz");
