@@ -1316,6 +1316,158 @@
       <translation>Marker 2 Setup</translation>
     </message>
     <message>
+      <source>-50dBm</source>
+      <translation>-50dBm</translation>
+    </message>
+    <message>
+      <source>-80dBm</source>
+      <translation>-80dBm</translation>
+    </message>
+    <message>
+      <source>Attenuation Cell:</source>
+      <translation>Attenuation cell:</translation>
+    </message>
+    <message>
+      <source>Ausgangspegel, 20 bis 46 dBm (bis Firmware 4.9: 33 bis 46)</source>
+      <translation>Output level, 20 to 46 dBm (up to firmware 4.9: 33 to 46)</translation>
+    </message>
+    <message>
+      <source>Beginnt mit dem ersten Punkt, der noch nicht geschrieben ist</source>
+      <translation>Begins with the first point that is not written yet</translation>
+    </message>
+    <message>
+      <source>Daempfung zwischen Ausgang und Empfaenger, ab 0.1 dB</source>
+      <translation>Attenuation between port and receiver, from 0.1 dB</translation>
+    </message>
+    <message>
+      <source>Delta:</source>
+      <translation>Delta:</translation>
+    </message>
+    <message>
+      <source>Den Detektor bei -50 dBm lesen</source>
+      <translation>Read the detector at -50 dBm</translation>
+    </message>
+    <message>
+      <source>Den Detektor bei -80 dBm lesen</source>
+      <translation>Read the detector at -80 dBm</translation>
+    </message>
+    <message>
+      <source>Diesen Ton kalibrieren</source>
+      <translation>Calibrate this tone</translation>
+    </message>
+    <message>
+      <source>Erste Frequenz, ganze MHz</source>
+      <translation>First frequency, whole MHz</translation>
+    </message>
+    <message>
+      <source>Erster Traeger in MHz, im Sendebereich der Breite</source>
+      <translation>First carrier in MHz, within the transmit range of the band</translation>
+    </message>
+    <message>
+      <source>Fortschritt</source>
+      <translation>Progress</translation>
+    </message>
+    <message>
+      <source>Fortsetzen</source>
+      <translation>Continue</translation>
+    </message>
+    <message>
+      <source>Frequenz in MHz, Pegel in dBm, Steuerspannung in V</source>
+      <translation>Frequency in MHz, level in dBm, drive in V</translation>
+    </message>
+    <message>
+      <source>Letzte Frequenz, ganze MHz</source>
+      <translation>Last frequency, whole MHz</translation>
+    </message>
+    <message>
+      <source>Level Delta:</source>
+      <translation>Level delta:</translation>
+    </message>
+    <message>
+      <source>Level Start:</source>
+      <translation>Level start:</translation>
+    </message>
+    <message>
+      <source>Level Stop:</source>
+      <translation>Level stop:</translation>
+    </message>
+    <message>
+      <source>Messwert:</source>
+      <translation>Reading:</translation>
+    </message>
+    <message>
+      <source>Misst, was bei jedem Pegel wirklich herauskommt</source>
+      <translation>Measures what really comes out at each level</translation>
+    </message>
+    <message>
+      <source>Power Calibration</source>
+      <translation>Power calibration</translation>
+    </message>
+    <message>
+      <source>Punkt:</source>
+      <translation>Point:</translation>
+    </message>
+    <message>
+      <source>Punkte</source>
+      <translation>Points</translation>
+    </message>
+    <message>
+      <source>Receiver Calibration</source>
+      <translation>Receiver calibration</translation>
+    </message>
+    <message>
+      <source>Restzeit:</source>
+      <translation>Time left:</translation>
+    </message>
+    <message>
+      <source>Schreibt Steigung und Versatz ins Geraet</source>
+      <translation>Writes slope and offset into the instrument</translation>
+    </message>
+    <message>
+      <source>Schritt der Pegel, ab 1 dB</source>
+      <translation>Step of the levels, from 1 dB</translation>
+    </message>
+    <message>
+      <source>Schritt, ab 1 MHz; RT-DB22 und RT-L027 ab 2 MHz</source>
+      <translation>Step, from 1 MHz; RT-DB22 and RT-L027 from 2 MHz</translation>
+    </message>
+    <message>
+      <source>Set        in signal generator.</source>
+      <translation>Set        in signal generator.</translation>
+    </message>
+    <message>
+      <source>Set %1 in signal generator.</source>
+      <translation>Set %1 MHz in signal generator.</translation>
+    </message>
+    <message>
+      <source>Start:</source>
+      <translation>Start:</translation>
+    </message>
+    <message>
+      <source>Steuerspannung:</source>
+      <translation>Drive:</translation>
+    </message>
+    <message>
+      <source>Stop Cal</source>
+      <translation>Stop Cal</translation>
+    </message>
+    <message>
+      <source>Stop:</source>
+      <translation>Stop:</translation>
+    </message>
+    <message>
+      <source>Sucht jeden Pegel und schreibt ihn ins Geraet</source>
+      <translation>Looks for each level and writes it into the instrument</translation>
+    </message>
+    <message>
+      <source>Write to EEPROM</source>
+      <translation>Write to EEPROM</translation>
+    </message>
+    <message>
+      <source>Zweiter Traeger in MHz, im Sendebereich der Breite</source>
+      <translation>Second carrier in MHz, within the transmit range of the band</translation>
+    </message>
+    <message>
       <source>Marker 3 Bilden</source>
       <translation>Marker 3 Trace</translation>
     </message>

@@ -1316,6 +1316,162 @@
       <translation>标记 2 设置</translation>
     </message>
     <message>
+      <source>-50dBm</source>
+      <translation>-50dBm</translation>
+    </message>
+    <message>
+      <source>-80dBm</source>
+      <translation>-80dBm</translation>
+    </message>
+    <message>
+      <source>Attenuation Cell:</source>
+      <translation>衰减量：</translation>
+    </message>
+    <message>
+      <source>Ausgangspegel, 20 bis 46 dBm (bis Firmware 4.9: 33 bis 46)</source>
+      <translation>输出电平，20 至 46 dBm（固件 4.9 及以前：33 至 46）</translation>
+    </message>
+    <message>
+      <source>Beginnt mit dem ersten Punkt, der noch nicht geschrieben ist</source>
+      <translation>从第一个尚未写入的点开始</translation>
+    </message>
+    <message>
+      <source>Daempfung zwischen Ausgang und Empfaenger, ab 0.1 dB</source>
+      <translation>端口与接收机之间的衰减，0.1 dB 起</translation>
+    </message>
+    <message>
+      <source>Delta:</source>
+      <translation>步进：</translation>
+    </message>
+    <message>
+      <source>Den Detektor bei -50 dBm lesen</source>
+      <translation>在 -50 dBm 时读取检波器</translation>
+    </message>
+    <message>
+      <source>Den Detektor bei -80 dBm lesen</source>
+      <translation>在 -80 dBm 时读取检波器</translation>
+    </message>
+    <message>
+      <source>Diesen Ton kalibrieren</source>
+      <translation>校准此载波</translation>
+    </message>
+    <message>
+      <source>Erste Frequenz, ganze MHz</source>
+      <translation>起始频率，整数 MHz</translation>
+    </message>
+    <message>
+      <source>Erster Traeger in MHz, im Sendebereich der Breite</source>
+      <translation>第一载波（MHz），位于频段发射范围内</translation>
+    </message>
+    <message>
+      <source>Fortschritt</source>
+      <translation>进度</translation>
+    </message>
+    <message>
+      <source>Fortsetzen</source>
+      <translation>继续</translation>
+    </message>
+    <message>
+      <source>Frequenz in MHz, Pegel in dBm, Steuerspannung in V</source>
+      <translation>频率 MHz，电平 dBm，驱动电压 V</translation>
+    </message>
+    <message>
+      <source>Letzte Frequenz, ganze MHz</source>
+      <translation>终止频率，整数 MHz</translation>
+    </message>
+    <message>
+      <source>Level Delta:</source>
+      <translation>电平步进：</translation>
+    </message>
+    <message>
+      <source>Level Start:</source>
+      <translation>起始电平：</translation>
+    </message>
+    <message>
+      <source>Level Stop:</source>
+      <translation>终止电平：</translation>
+    </message>
+    <message>
+      <source>Messwert:</source>
+      <translation>读数：</translation>
+    </message>
+    <message>
+      <source>Misst, was bei jedem Pegel wirklich herauskommt</source>
+      <translation>测量每个电平的实际输出</translation>
+    </message>
+    <message>
+      <source>Power Calibration</source>
+      <translation>功率校准</translation>
+    </message>
+    <message>
+      <source>Punkt:</source>
+      <translation>点：</translation>
+    </message>
+    <message>
+      <source>Punkte</source>
+      <translation>各点</translation>
+    </message>
+    <message>
+      <source>Read</source>
+      <translation>回读</translation>
+    </message>
+    <message>
+      <source>Receiver Calibration</source>
+      <translation>接收机校准</translation>
+    </message>
+    <message>
+      <source>Restzeit:</source>
+      <translation>剩余时间：</translation>
+    </message>
+    <message>
+      <source>Schreibt Steigung und Versatz ins Geraet</source>
+      <translation>将斜率和偏移写入仪器</translation>
+    </message>
+    <message>
+      <source>Schritt der Pegel, ab 1 dB</source>
+      <translation>电平步进，1 dB 起</translation>
+    </message>
+    <message>
+      <source>Schritt, ab 1 MHz; RT-DB22 und RT-L027 ab 2 MHz</source>
+      <translation>步进，1 MHz 起；RT-DB22 和 RT-L027 为 2 MHz 起</translation>
+    </message>
+    <message>
+      <source>Set        in signal generator.</source>
+      <translation>在信号发生器中设置        。</translation>
+    </message>
+    <message>
+      <source>Set %1 in signal generator.</source>
+      <translation>在信号发生器中设置 %1 MHz。</translation>
+    </message>
+    <message>
+      <source>Start:</source>
+      <translation>起始：</translation>
+    </message>
+    <message>
+      <source>Steuerspannung:</source>
+      <translation>驱动电压：</translation>
+    </message>
+    <message>
+      <source>Stop Cal</source>
+      <translation>停止校准</translation>
+    </message>
+    <message>
+      <source>Stop:</source>
+      <translation>终止：</translation>
+    </message>
+    <message>
+      <source>Sucht jeden Pegel und schreibt ihn ins Geraet</source>
+      <translation>搜索每个电平并写入仪器</translation>
+    </message>
+    <message>
+      <source>Write to EEPROM</source>
+      <translation>写入 EEPROM</translation>
+    </message>
+    <message>
+      <source>Zweiter Traeger in MHz, im Sendebereich der Breite</source>
+      <translation>第二载波（MHz），位于频段发射范围内</translation>
+    </message>
+    <message>
       <source>Marker 3 Bilden</source>
       <translation>标记 3 曲线</translation>
     </message>
