@@ -39,8 +39,9 @@ void CalibrateAndReadBack(const sim::ModelHardware& model, const std::string& fi
     ASSERT_TRUE(bench.ReadBack()) << what;
     const std::string powers = Powers(bench.rig.dir.Path());
     // Where two frequencies have one entry, the earlier is off by what a MHz makes.
-    if (!shared)
+    if (!shared) {
         EXPECT_LT(LargestError(powers), band == BandAws || band == BandTdScdmaF ? 0.15 : 0.1) << what;
+    }
     std::cout << what << (analyser ? " analyser" : " sensor") << " seed " << seed << ": "
               << protocol.Points().size() << " points, "
               << seconds / static_cast<double>(protocol.Points().size()) << " s a point, largest error "
