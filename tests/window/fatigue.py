@@ -10,12 +10,25 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(__file__))
-from qor_window import Failure, QorWindow  # noqa: E402
+from qor_window import Atspi, Failure, QorWindow, is_showing, name_of, role_of, run  # noqa: E402
 
 
 def expect(condition, complaint):
     if not condition:
         raise Failure(complaint)
+
+
+def field(window, name):
+    """The field of that name, not the label beside it."""
+    kinds = (Atspi.Role.TEXT, Atspi.Role.ENTRY)
+    found = [n for n in window.nodes() if name_of(n) == name and role_of(n) in kinds and is_showing(n)]
+    expect(found, f'there is a field "{name}"')
+    return found[0]
+
+
+def text(window, name):
+    interface = field(window, name).get_text_iface()
+    return Atspi.Text.get_text(interface, 0, Atspi.Text.get_character_count(interface))
 
 
 def open_page(window):
@@ -31,7 +44,7 @@ def open_page(window):
 
 
 def fill(window, values):
-    window.click("Power On Duration:")
+    run("xdotool", "mousemove", *map(str, window.centre(field(window, "Power On Duration:"))), "click", "1")
     for value in values:
         window.key("ctrl+a")
         window.type(str(value))
@@ -52,7 +65,8 @@ def main():
         try:
             open_page(window)
             fill(window, [0, 1, cycles])
-            expect(window.name_of(window.focused()) == "Start Fatigue Test", "the button comes behind the fields")
+            window.wait(lambda: window.focused() and window.name_of(window.focused()) == "Start Fatigue Test", 5,
+                        "the button comes behind the fields")
             window.key("space")
             time.sleep(0.5)
             expect(not list(pathlib.Path(stores).glob("fatigue-*")), "0 s is no on-time")
@@ -60,11 +74,11 @@ def main():
             fill(window, [1, 1, cycles])
             window.key("space")
             window.need("Stop Fatigue Test")
-            window.wait_text("Finished Times:", "2", 10)
+            window.wait(lambda: text(window, "Finished Times:") == "2", 10, "two are begun")
             window.screenshot("fatigue_on.png")
             window.wait(lambda: window.find("Start Fatigue Test") is not None, cycles * 2 + 20, "it comes to its end")
-            expect(window.text("Finished Times:") == str(cycles + 1), "one more is begun than was asked for")
-            window.wait_text("Fertige Zyklen:", str(cycles + 1))
+            expect(text(window, "Finished Times:") == str(cycles + 1), "one more is begun than was asked for")
+            window.wait(lambda: text(window, "Fertige Zyklen:") == str(cycles + 1), 5, "all of them are over")
             lines = cycles_of(stores)
             expect(len(lines) == cycles + 1, f"{len(lines)} lines")
             expect(all(",passed," in line for line in lines), "\n".join(lines))
