@@ -67,6 +67,7 @@ with tempfile.TemporaryDirectory() as name:
                                            folder / "none.dat", source=("--port", link))
             sim.terminate()
         require(status == 3 and answer["verdict"] == "none" and answer["message"], f"{fault}: {status} {answer}")
+        require(("carriers may be on" in answer["message"]) == (fault != "garble:60"), f"{fault}: {answer}")
         require(len(answer["files"]) <= files and answer["points"] < answer["points_asked"], f"{fault}: {answer}")
 
     # AWS and PCS share a position of this model, which AWS has another one than: it measures in its own.

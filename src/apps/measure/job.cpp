@@ -360,12 +360,21 @@ void Job::Finish(ExitStatus status, std::string message) {
     if (!m_Outcome.message.empty())
         m_Console.Message(m_Outcome.message);
     m_Phase = Phase::Exit;
-    m_Program.SetQuit([this](int) {
-        m_Timer.stop();
-        m_CallTimer.stop();
-        m_Finished();
-    });
+    m_Program.SetQuit([this](int) { OnLeft(); });
     m_Program.Leave();
+}
+
+void Job::OnLeft() {
+    m_Timer.stop();
+    m_CallTimer.stop();
+    if (m_Program.State().link.carriers.MayBeOn()) {
+        const std::string words = "The carriers may be on: the instrument has not confirmed that they are off.";
+        m_Outcome.message += (m_Outcome.message.empty() ? "" : " ") + words;
+        m_Console.Message(words);
+        if (m_Outcome.status == Passed)
+            m_Outcome.status = NoInstrument;
+    }
+    m_Finished();
 }
 
 } // namespace qor::app

@@ -49,6 +49,7 @@ private:
     Outcome Save(const std::filesystem::path& path);
     void KeepWire();
     void Finish(ExitStatus status, std::string message = {});
+    void OnLeft();
     [[nodiscard]] double ExpectedSeconds() const;
     [[nodiscard]] double TimeLimit() const; ///< s
     [[nodiscard]] bool IsToEnd() const;
