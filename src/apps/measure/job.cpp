@@ -368,7 +368,8 @@ void Job::OnLeft() {
     m_Timer.stop();
     m_CallTimer.stop();
     if (m_Program.State().link.carriers.MayBeOn()) {
-        const std::string words = "The carriers may be on: the instrument has not confirmed that they are off.";
+        const std::string words =
+            "The carriers may be on: the instrument has not confirmed that they are off.";
         m_Outcome.message += (m_Outcome.message.empty() ? "" : " ") + words;
         m_Console.Message(words);
         if (m_Outcome.status == Passed)
