@@ -123,8 +123,15 @@ class QorWindow:
         return run("xdotool", "search", "--onlyvisible", "--name", "^QOR", "getwindowname").strip()
 
     def need(self, name, seconds=5):
-        self.wait(lambda: self.find(name) is not None, seconds, f'"{name}" is shown')
-        return self.find(name)
+        """The showing control of that name: the one that was found, for a busy window may not answer twice."""
+        found = []
+
+        def is_found():
+            found[:] = [self.find(name)]
+            return found[0] is not None
+
+        self.wait(is_found, seconds, f'"{name}" is shown')
+        return found[0]
 
     def text(self, name):
         node = self.need(name)
