@@ -34,10 +34,12 @@ void TwoTone::Begin() {
     source.ListenAt(std::round(static_cast<double>(product) * 1e6));
     if (!m_Parts.host.ReceiverAnswered())
         return; // before any carrier
+    m_Repeated = false;
     BeginPass(StartOfTwoTone(m_Parts.host.Situation()));
 }
 
 void TwoTone::Repeat() {
+    m_Repeated = true;
     BeginPass(RepeatOfTwoTone(m_Parts.host.Situation()));
 }
 
@@ -109,6 +111,9 @@ void TwoTone::Reply(const Reading& reading, int tag, float) {
     const float level = Corrected(reading);
     if (tag == TagLevel) // the first one of a pass only primes the receiver
         m_Parts.curve.Add(level);
+    else if (m_Repeated) // between two passes the carriers stay on, and it is shown: no point, but it was
+                         // measured
+        m_Parts.curve.tally.Take(level);
     m_Parts.curve.Touch();
     Show(level);
 }

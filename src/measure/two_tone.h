@@ -23,11 +23,12 @@ private:
     [[nodiscard]] int Points() const;
     [[nodiscard]] bool TimeIsUp() const;
 
-    Timer m_Timer;         ///< T2messuretimer
-    int m_Ticks = 0;       ///< of the pass in progress
-    int g_SettleTicks = 0; ///< of the run, while the readings of an external receiver do not count yet
-    int m_Spoilt = 0;      ///< answers of the instrument in the pass that held no level
-    int m_Gaps = 0;        ///< places of the pass that an external receiver has left empty
+    Timer m_Timer;           ///< T2messuretimer
+    int m_Ticks = 0;         ///< of the pass in progress
+    bool m_Repeated = false; ///< the pass in progress follows another without a break
+    int g_SettleTicks = 0;   ///< of the run, while the readings of an external receiver do not count yet
+    int m_Spoilt = 0;        ///< answers of the instrument in the pass that held no level
+    int m_Gaps = 0;          ///< places of the pass that an external receiver has left empty
 };
 
 } // namespace qor

@@ -221,4 +221,23 @@ TEST(Endless, HighestLevelIsKeptOverPasses) {
         << "one pass above the limit fails the measurement";
 }
 
+/// The first reading of a further pass makes no point, but the carriers are on and the operator sees it.
+TEST(Endless, AReadingBetweenTwoPassesIsJudged) {
+    Rig rig;
+    ASSERT_TRUE(rig.ReadyFor(ModeTwoTone, 1));
+    RunSettings& runs = rig.S().runs;
+    runs.SetContinuous(true);
+    runs.SetReplacesData(true);
+    runs.SetContinuousTimes(2);
+    rig.program.OnMeasButton();
+    ASSERT_TRUE(rig.time.RunUntil([&] { return rig.S().run.Passes() == 1; }, 60000));
+    rig.instrument.FeedSignal(-70);
+    const auto isSeen = [&] { return PanelOf(rig.S()).m_ReadingText.starts_with("-7"); };
+    ASSERT_TRUE(rig.time.RunUntil(isSeen, 1000));
+    rig.instrument.FeedSignal({});
+    ASSERT_TRUE(rig.RunUntilRunIsOver());
+    EXPECT_LT(rig.S().curve.MaxUp().level, -90.0f) << "it is no point";
+    EXPECT_EQ(rig.S().curve.ShownVerdict(), Verdict::Failed);
+}
+
 } // namespace qor::test
