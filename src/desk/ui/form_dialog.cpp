@@ -1,5 +1,6 @@
 #include "desk/ui/form_dialog.h"
 
+#include "desk/ui/form_parts.h"
 #include "desk/ui/text.h"
 
 #include <QtWidgets>
@@ -40,21 +41,7 @@ QFormLayout* FormDialog::AddGroup(std::string_view caption) {
 
 QLineEdit* FormDialog::AddField(QFormLayout* form, std::string_view caption, const QString& text,
                                 std::string_view unit, std::string_view tip) {
-    auto* field = new QLineEdit(text);
-    field->setAccessibleName(Tr(caption).trimmed());
-    if (!tip.empty())
-        field->setToolTip(Tr(tip));
-    auto* label = new QLabel(Tr(caption));
-    label->setBuddy(field);
-    if (unit.empty()) {
-        form->addRow(label, field);
-        return field;
-    }
-    auto* row = new QHBoxLayout;
-    row->addWidget(field);
-    row->addWidget(new QLabel(Tr(unit)));
-    form->addRow(label, row);
-    return field;
+    return ui::AddField(form, caption, text, unit, tip);
 }
 
 QCheckBox* FormDialog::AddCheck(QFormLayout* form, std::string_view caption, bool on, std::string_view tip) {

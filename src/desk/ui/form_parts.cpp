@@ -36,6 +36,25 @@ QPushButton* AddButton(QWidget* form, std::string_view caption, std::string_view
     return button;
 }
 
+QLineEdit* AddField(QFormLayout* form, std::string_view caption, const QString& text, std::string_view unit,
+                    std::string_view tip) {
+    auto* field = new QLineEdit(text);
+    field->setAccessibleName(Tr(caption).trimmed());
+    if (!tip.empty())
+        field->setToolTip(Tr(tip));
+    auto* label = new QLabel(Tr(caption));
+    label->setBuddy(field);
+    if (unit.empty()) {
+        form->addRow(label, field);
+        return field;
+    }
+    auto* row = new QHBoxLayout;
+    row->addWidget(field);
+    row->addWidget(new QLabel(Tr(unit)));
+    form->addRow(label, row);
+    return field;
+}
+
 void Describe(QWidget* widget, std::string_view what) {
     widget->setAccessibleDescription(Tr(what));
 }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string_view>
 
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -20,6 +21,9 @@ QLineEdit* AddText(QWidget* form, std::string_view name, QLineEdit* text = nullp
 /// A button with a caption in the chosen language, which is its accessible name too.
 QPushButton* AddButton(QWidget* form, std::string_view caption, std::string_view tip, const Press& press,
                        std::function<void()> pressed);
+/// A one-line field of a form with its caption as label and accessible name; `unit` stands behind it.
+QLineEdit* AddField(QFormLayout* form, std::string_view caption, const QString& text, std::string_view unit,
+                    std::string_view tip);
 /// What a control is, in the chosen language: its name is the field's.
 void Describe(QWidget* widget, std::string_view what);
 

@@ -1,5 +1,6 @@
 #include "service/ui/group_pane.h"
 
+#include "desk/ui/form_parts.h"
 #include "desk/ui/text.h"
 
 #include <QtWidgets>
@@ -28,20 +29,8 @@ QFormLayout* GroupPane::AddForm() {
 
 QLineEdit* GroupPane::AddField(QFormLayout* form, std::string_view caption, const QString& text,
                                std::string_view tip, std::string_view unit) {
-    auto* field = new QLineEdit(text);
-    field->setAccessibleName(Tr(caption).trimmed());
-    field->setToolTip(Tr(tip));
+    QLineEdit* const field = ui::AddField(form, caption, text, unit, tip);
     field->setMinimumWidth(56);
-    auto* label = new QLabel(Tr(caption));
-    label->setBuddy(field);
-    if (unit.empty()) {
-        form->addRow(label, field);
-        return field;
-    }
-    auto* row = new QHBoxLayout;
-    row->addWidget(field);
-    row->addWidget(new QLabel(Tr(unit)));
-    form->addRow(label, row);
     return field;
 }
 
