@@ -1,6 +1,5 @@
 #include "measure/read_back.h"
 
-#include "bands/protocol_name.h"
 #include "base/atomic_write.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
@@ -9,6 +8,7 @@
 #include "link/firmware.h"
 #include "link/link_state.h"
 #include "link/working_set.h"
+#include "measure/protocol_name.h"
 #include "measure/run.h"
 #include "measure/timer_ids.h"
 #include "receivers/level_source.h"

@@ -1,10 +1,10 @@
 #include "service/calibration_protocol.h"
 
 #include "bands/catalogue.h"
-#include "bands/protocol_name.h"
 #include "base/atomic_write.h"
 #include "base/tenths.h"
 #include "base/text_format.h"
+#include "measure/protocol_name.h"
 
 #include <algorithm>
 #include <array>

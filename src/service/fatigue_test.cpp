@@ -1,12 +1,12 @@
 #include "service/fatigue_test.h"
 
 #include "bands/catalogue.h"
-#include "bands/protocol_name.h"
 #include "base/atomic_write.h"
 #include "base/text_format.h"
 #include "curve/curve.h"
 #include "link/link_state.h"
 #include "link/working_set.h"
+#include "measure/protocol_name.h"
 #include "measure/run.h"
 #include "service/factory_mode.h"
 

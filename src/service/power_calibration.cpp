@@ -1,11 +1,11 @@
 #include "service/power_calibration.h"
 
-#include "bands/protocol_name.h"
 #include "base/firmware.h"
 #include "base/text_format.h"
 #include "link/commands.h"
 #include "link/link_state.h"
 #include "link/working_set.h"
+#include "measure/protocol_name.h"
 #include "platform/clock.h"
 #include "platform/platform.h"
 #include "platform/serial_control.h"

@@ -1,4 +1,4 @@
-#include "bands/protocol_name.h"
+#include "measure/protocol_name.h"
 
 #include "bands/catalogue.h"
 #include "base/text_format.h"
